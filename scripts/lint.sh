@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# One line a check: OK or FAIL. --quick leaves out clang-tidy, which takes minutes.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+failed=0
+
+report() { # name output status
+  if [ "$3" -eq 0 ]; then
+    printf 'OK    %s\n' "$1"
+  else
+    printf 'FAIL  %s\n%s\n' "$1" "$2"
+    failed=1
+  fi
+}
+
+# A check that greps for what must not be there.
+absent() { # name pattern paths...
+  local name=$1 pattern=$2 hits
+  shift 2
+  hits=$(git grep -nIE --untracked "$pattern" -- "$@")
+  report "$name" "$hits" "$([ -z "$hits" ] && echo 0 || echo 1)"
+}
+
+output=$(git ls-files -co --exclude-standard '*.cpp' '*.h' | xargs clang-format --dry-run --Werror 2>&1)
+report "format" "$output" $?
+output=$(python3 scripts/check_arrows.py)
+report "arrows" "$output" $?
+absent "numbers are read and shown in one place" '\b(std::stod|std::stof|strtod|std::to_string|printf)\b|%L1' 'src/*.cpp' 'src/*.h'
+absent "message boxes in one place" '#include <QMessageBox>' 'src/*.cpp' 'src/*.h' ':!src/forms/messages.h' ':!src/forms/messages.cpp'
+absent "no silent toolkit assertions" '\b(QVERIFY2?|QCOMPARE|QTRY_[A-Z]+)\(' 'tests/*.cpp' 'tests/*.h'
+absent "environment behind its door" 'qEnvironmentVariable|qgetenv|getenv' 'src/*.cpp' 'src/*.h' ':!src/platform/*' ':!src/main.cpp'
+absent "words that do not belong here" '\b([Ss]pecification|spec\.md|seed document|Part [0-9]+\.[0-9]+)\b' . ':!scripts/lint.sh'
+
+if [ "${1:-}" != --quick ]; then
+  files=$(git ls-files -co --exclude-standard 'src/*.cpp')
+  output=$(printf '%s\n' $files | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet 2>/dev/null)
+  hits=$(printf '%s' "$output" | grep -E '(warning|error):' | sort -u)
+  report "tidy" "$hits" "$([ -z "$hits" ] && echo 0 || echo 1)"
+fi
+exit "$failed"

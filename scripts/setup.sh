@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs the packages that are missing. Asks for sudo only when not root.
+set -euo pipefail
+
+build=(g++ cmake ninja-build ccache pkg-config git qt6-base-dev qt6-base-dev-tools libgtest-dev libbenchmark-dev)
+run=(libqt6gui6 libqt6network6 qt6-translations-l10n qt6-qpa-plugins fonts-liberation fonts-dejavu-core)
+check=(clang-format clang-tidy python3 xvfb openbox xdotool imagemagick x11-utils locales gcovr)
+packages=("${build[@]}" "${run[@]}" "${check[@]}")
+
+missing=()
+for package in "${packages[@]}"; do
+  state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$state" = installed ] || missing+=("$package")
+done
+if [ "${#missing[@]}" -eq 0 ]; then
+  exit 0
+fi
+
+root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "Ces paquets manquent, et sudo aussi : ${missing[*]}" >&2; exit 1; }
+  root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+"${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

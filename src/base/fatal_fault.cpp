@@ -1,0 +1,38 @@
+#include "base/fatal_fault.h"
+
+#include <utility>
+
+namespace stoikal {
+
+FatalFault::FatalFault(QString cause)
+    : FatalFault(std::move(cause), {}, 0, {})
+{
+}
+
+FatalFault::FatalFault(QString cause, QString file, int line, QString lineText)
+    : m_cause(std::move(cause))
+    , m_file(std::move(file))
+    , m_line(line)
+    , m_lineText(std::move(lineText))
+    , m_utf8(m_cause.toUtf8())
+{
+}
+
+FatalFault FatalFault::At(const QString& file, int line, const QString& lineText) const
+{
+    return m_file.isEmpty() ? FatalFault(m_cause, file, line, lineText) : *this;
+}
+
+QString FatalFault::MessageText() const
+{
+    QString text = QStringLiteral("Erreur d'exécution : %1").arg(m_cause);
+    if (!m_file.isEmpty())
+        text += QStringLiteral("\n\nFichier : %1").arg(m_file);
+    if (m_line > 0)
+        text += QStringLiteral("\nLigne %1 : %2").arg(QString::number(m_line), m_lineText);
+    text += QStringLiteral(
+        "\n\nL'application va se fermer. Tout ce qui a été enregistré jusqu'ici est conservé.");
+    return text;
+}
+
+} // namespace stoikal

@@ -1,0 +1,110 @@
+#include "base/settings_store.h"
+
+#include "base/file_lock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <sys/stat.h>
+
+namespace stoikal {
+namespace {
+
+constexpr int kLockWaitMs = 1000;
+
+/// What tells that a file on the disk is another than the one read last.
+struct Stamp {
+    bool exists = false;
+    dev_t device = 0;
+    ino_t inode = 0;
+    off_t size = 0;
+    timespec changed{};
+
+    bool operator==(const Stamp& other) const
+    {
+        return exists == other.exists && device == other.device && inode == other.inode && size == other.size
+            && changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+    }
+};
+
+Stamp StampOf(const QByteArray& encodedPath)
+{
+    struct stat status {
+    };
+    if (::stat(encodedPath.constData(), &status) != 0)
+        return {};
+    return {true, status.st_dev, status.st_ino, status.st_size, status.st_mtim};
+}
+
+QByteArray ReadWhole(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+struct SettingsStore::Copy {
+    QByteArray encodedPath;
+    Stamp stamp;
+    ProfileText text;
+};
+
+SettingsStore::SettingsStore() = default;
+SettingsStore::~SettingsStore() = default;
+
+const ProfileText& SettingsStore::Current(const QString& file) const
+{
+    std::shared_ptr<Copy>& copy = m_copies[file];
+    if (copy == nullptr) {
+        copy = std::make_shared<Copy>();
+        copy->encodedPath = QFile::encodeName(file);
+    }
+    const Stamp stamp = StampOf(copy->encodedPath);
+    if (!(stamp == copy->stamp)) {
+        copy->text = ProfileText(ReadWhole(file));
+        copy->stamp = stamp;
+    }
+    return copy->text;
+}
+
+QString SettingsStore::ReadSetting(const QString& file, const QString& section, const QString& key) const
+{
+    return Current(file).Read(section, key);
+}
+
+template <typename Change>
+void SettingsStore::Rewrite(const QString& file, Change change)
+{
+    if (file.isEmpty() || !QDir().mkpath(QFileInfo(file).absolutePath()))
+        return;
+    const FileLock lock(file, kLockWaitMs);
+    if (!lock.IsHeld())
+        return;
+    ProfileText text(ReadWhole(file));
+    change(text);
+    QSaveFile target(file);
+    if (!target.open(QIODevice::WriteOnly))
+        return;
+    target.write(text.ToBytes());
+    target.commit();
+}
+
+void SettingsStore::WriteSetting(const QString& file, const QString& section, const QString& key,
+                                 const QString& value)
+{
+    Rewrite(file, [&](ProfileText& text) { text.Write(section, key, value); });
+}
+
+void SettingsStore::WriteSection(const QString& file, const QString& section, const QStringList& lines)
+{
+    Rewrite(file, [&](ProfileText& text) { text.WriteSection(section, lines); });
+}
+
+void SettingsStore::DeleteSection(const QString& file, const QString& section)
+{
+    Rewrite(file, [&](ProfileText& text) { text.DeleteSection(section); });
+}
+
+} // namespace stoikal

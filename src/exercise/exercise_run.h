@@ -1,0 +1,90 @@
+#pragma once
+
+#include "base/session_state.h"
+#include "equation_files/equation_file.h"
+#include "equation_files/equation_record.h"
+#include "exercise/answer_judge.h"
+#include "exercise/atom_list.h"
+
+#include <QStringList>
+#include <array>
+#include <optional>
+
+namespace stoikal {
+
+/// The state of a run that belongs to the exercise.
+struct ExerciseState {
+    std::int32_t Score = 0; ///< points held by the pupil, never below 0
+    std::int32_t MaxScore = 0; ///< points that could have been won on the equations read so far
+    bool AnswerOpen = true; ///< false once the solution was shown to the pupil
+    bool BadKey = false; ///< the last key in a box was refused
+};
+
+/// A run over one equation file: the file's place, the current equation, the
+/// atoms of both sides, the score. It draws nothing, asks nobody and writes no
+/// journal; the window does.
+class ExerciseRun
+{
+public:
+    using Texts = std::array<QString, 6>;
+
+    enum class Step { Equation, EndOfFile, NoFile };
+    enum class Verdict {
+        SolutionWasShown, ///< nothing is judged: the run moves on
+        Wrong, ///< points are lost, the pupil tries again
+        WrongAndSolved, ///< the score fell to 0: the solution is shown
+        Reducible, ///< balanced, but there is a simpler answer: nothing won or lost
+        Right
+    };
+
+    explicit ExerciseRun(SessionState& session)
+        : m_session(session)
+    {
+    }
+
+    /// Starts over on a file: score and maximum 0, before its first equation.
+    void Open(EquationFile file);
+    void Close();
+    bool IsOpen() const { return m_file.has_value(); }
+
+    /// Moves to the next equation of the file and reads it into the session and
+    /// the record. A line that cannot be read is a FatalFault with its place; the
+    /// two faults of data are thrown as they are.
+    Step ReadNextEquation();
+
+    /// Counts the atoms of both sides with the coefficients as they stand in the
+    /// boxes, sets them side by side, and sums the charges.
+    /// \returns the symbols that no element has, reactants first: each is told.
+    QStringList Compose(const Texts& coefficients);
+
+    /// Judges the boxes as they stand and moves the score.
+    Verdict Judge(const Texts& coefficients);
+
+    /// The run goes on: the next answer will be judged.
+    void MoveOn() { m_state.AnswerOpen = true; }
+
+    const EquationRecord& Record() const { return m_record; }
+    const ExerciseState& State() const { return m_state; }
+    ExerciseState& State() { return m_state; }
+    const AtomList& Reactants() const { return m_reactants; }
+    const AtomList& Products() const { return m_products; }
+
+    /// The atoms of one slot alone, its coefficient included.
+    AtomList ComposeSlot(int slot, const Texts& coefficients) const;
+
+private:
+    std::array<SpeciesInput, 6> Inputs(const Texts& coefficients) const;
+    void SumCharges(const Texts& coefficients);
+
+    SessionState& m_session;
+    std::optional<EquationFile> m_file;
+    EquationRecord m_record;
+    ExerciseState m_state;
+    AtomList m_reactants;
+    AtomList m_products;
+};
+
+/// The whole value of a coefficient's box: 0 and an empty box count as 1.
+int CoefficientOf(const QString& text);
+
+} // namespace stoikal

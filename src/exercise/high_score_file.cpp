@@ -1,0 +1,148 @@
+#include "exercise/high_score_file.h"
+
+#include "base/file_lock.h"
+#include "base/text_lines.h"
+#include "exercise/results_journal.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <cerrno>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLockWaitMs = 2000;
+
+/// Asks the system itself: a link that leads nowhere is there, and a folder
+/// that does not answer does not mean that the file is missing.
+bool IsMissing(const QString& path)
+{
+    struct stat status {
+    };
+    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno == ENOENT;
+}
+
+/// A share may report only now that it has no room; commit() would not look.
+/// A file system that knows no such order has done what it can.
+bool ReachesTheDisk(const QSaveFile& file)
+{
+    return ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
+}
+
+/// The whole file; empty when there is none yet, nothing when it cannot be read.
+std::optional<QByteArray> ReadWhole(const QString& path)
+{
+    if (IsMissing(path))
+        return QByteArray();
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return std::nullopt;
+    return NormaliseTextBytes(bytes);
+}
+
+/// The lines of a text, each decoded and as it stands with its end.
+struct OldLines {
+    QStringList texts;
+    std::vector<QByteArrayView> pieces;
+};
+
+/// Does not copy the pieces: the bytes must outlive them.
+OldLines SplitLines(const QByteArray& bytes)
+{
+    OldLines lines;
+    const char* const end = bytes.constData() + bytes.size();
+    LineWalker walker(bytes);
+    while (!walker.AtEnd()) {
+        const QByteArrayView line = walker.Next();
+        if (!lines.pieces.empty())
+            lines.pieces.back() = QByteArrayView(lines.pieces.back().data(), line.data());
+        lines.pieces.emplace_back(line.data(), end);
+        lines.texts << DecodeLine(line);
+    }
+    return lines;
+}
+
+bool HasEnd(const QByteArray& bytes)
+{
+    return bytes.isEmpty() || bytes.endsWith('\n') || bytes.endsWith('\r');
+}
+
+/// Kept lines byte for byte, new ones encoded, with CRLF.
+QByteArray Compose(const std::vector<HighScoreTable::Line>& lines,
+                   const std::vector<QByteArrayView>& oldPieces)
+{
+    QByteArray bytes;
+    for (const HighScoreTable::Line& line : lines) {
+        if (!HasEnd(bytes))
+            bytes += "\r\n";
+        if (line.keptFrom < 0)
+            bytes += EncodeLine(line.text) + "\r\n";
+        else
+            bytes += oldPieces[static_cast<std::size_t>(line.keptFrom)];
+    }
+    return bytes;
+}
+
+} // namespace
+
+HighScoreFile::HighScoreFile(const QString& folder)
+    : m_folder(folder)
+    , m_path(QDir(folder).filePath(u"HighScore.txt"_s))
+    , m_temporaryPath(QDir(folder).filePath(u"HighScore_Temp.txt"_s))
+{
+}
+
+Failure HighScoreFile::PathFailure() const
+{
+    return {u"Erreur sur le chemin d'accés des fichiers :\n%1\n%2"_s.arg(m_path, m_temporaryPath)};
+}
+
+bool HighScoreFile::RemoveLeftover() const
+{
+    return IsMissing(m_temporaryPath) || QFile::remove(m_temporaryPath);
+}
+
+bool HighScoreFile::Replace(const QByteArray& bytes) const
+{
+    const bool isNew = IsMissing(m_path);
+    QSaveFile file(m_path);
+    // Unbuffered: commit() of a buffered file lets a write pass that the disk took only in part.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return false;
+    if (isNew)
+        ShareWithFolder(file, m_folder);
+    return file.write(bytes) == bytes.size() && ReachesTheDisk(file) && file.commit();
+}
+
+Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, const NewResult& result,
+                                                      QChar separator)
+{
+    if (m_folder.isEmpty())
+        return PathFailure(); // Would mean the current folder.
+    const FileLock lock(m_path, kLockWaitMs);
+    if (!lock.IsHeld() || !RemoveLeftover())
+        return PathFailure();
+    const std::optional<QByteArray> bytes = ReadWhole(m_path);
+    if (!bytes)
+        return PathFailure();
+
+    const OldLines oldLines = SplitLines(*bytes);
+    HighScoreTable table(oldLines.texts, fileTitle);
+    table.Insert(result);
+    if (!Replace(Compose(table.Lines(separator), oldLines.pieces)))
+        return PathFailure();
+    return table.Section();
+}
+
+} // namespace stoikal

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/outcome.h"
+#include "exercise/high_scores.h"
+
+#include <QString>
+#include <vector>
+
+namespace stoikal {
+
+/// HighScore.txt: the ten best of each equation file, shared by all pupils of a
+/// folder. Each update reads the file anew and replaces it whole or not at all,
+/// under a lock against the other programs of the folder. Shows nothing.
+class HighScoreFile
+{
+public:
+    /// The folder that holds the file; it must be there.
+    explicit HighScoreFile(const QString& folder);
+
+    /// Ranks a result in the section of an equation file (its title, with the
+    /// extension), writes the file and returns the section as it now stands.
+    /// The separator is the decimal sign of the numbers written. Waits two
+    /// seconds at most for the other programs. On any error of the files
+    /// nothing is changed, and the reason is the French text to show.
+    Outcome<std::vector<HighScore>> Record(const QString& fileTitle, const NewResult& result,
+                                           QChar separator);
+
+    /// The full path of HighScore.txt.
+    const QString& Path() const { return m_path; }
+
+private:
+    Failure PathFailure() const;
+    bool RemoveLeftover() const;
+    bool Replace(const QByteArray& bytes) const;
+
+    QString m_folder;
+    QString m_path;
+    QString m_temporaryPath; ///< never written: a name under which a crash may have left a file
+};
+
+} // namespace stoikal

@@ -1,0 +1,75 @@
+#include "exercise/results_journal.h"
+
+#include "base/text_lines.h"
+
+#include <QFileInfo>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+ResultsJournal::~ResultsJournal()
+{
+    // A virtual call would no longer reach a derived class.
+    if (IsOpen() && !m_pending.isEmpty())
+        ResultsJournal::WriteBytes(m_pending.constData(), m_pending.size());
+}
+
+Outcome<QString> ResultsJournal::Open(const QString& path)
+{
+    Close();
+    m_file.setFileName(path);
+    const bool isNew = !m_file.exists();
+    // Unbuffered: a write that the disk takes only in part must be seen here.
+    if (!m_file.open(QIODevice::Append | QIODevice::Unbuffered))
+        return Failure{u"%1 : %2"_s.arg(path, m_file.errorString())};
+    if (isNew)
+        ShareWithFolder(m_file, QFileInfo(path).absolutePath());
+    return path;
+}
+
+bool ResultsJournal::WriteLines(const QStringList& lines)
+{
+    for (const QString& line : lines)
+        m_pending += EncodeLine(line) + "\r\n";
+    return WritePending();
+}
+
+bool ResultsJournal::Close()
+{
+    const bool isWhole = WritePending();
+    m_file.close();
+    return isWhole;
+}
+
+bool ResultsJournal::WritePending()
+{
+    if (m_pending.isEmpty())
+        return true;
+    if (!IsOpen())
+        return false;
+    const qint64 written = WriteBytes(m_pending.constData(), m_pending.size());
+    if (written > 0)
+        m_pending.remove(0, written);
+    return m_pending.isEmpty();
+}
+
+qint64 ResultsJournal::WriteBytes(const char* bytes, qint64 count)
+{
+    return m_file.write(bytes, count);
+}
+
+void ShareWithFolder(QFileDevice& file, const QString& folder)
+{
+    const QFileDevice::Permissions mayWrite = QFileInfo(folder).permissions();
+    QFileDevice::Permissions extra;
+    if (mayWrite.testFlag(QFileDevice::WriteGroup))
+        extra |= QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    if (mayWrite.testFlag(QFileDevice::WriteOther))
+        extra |= QFileDevice::ReadOther | QFileDevice::WriteOther;
+    // Where the file system knows no such rights, its own rule holds.
+    if (extra != QFileDevice::Permissions())
+        file.setPermissions(file.permissions() | extra);
+}
+
+} // namespace stoikal

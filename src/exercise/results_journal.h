@@ -1,0 +1,64 @@
+#pragma once
+
+#include "base/outcome.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <QStringList>
+
+namespace stoikal {
+
+/// The text file that records the work of the pupils, open for appending as
+/// long as the program runs. What is written stands in the file at once. When
+/// the disk is full the unwritten rest is kept in memory and goes first at the
+/// next opportunity, so that nothing is lost or written twice. Does not know
+/// what the lines say.
+class ResultsJournal
+{
+public:
+    ResultsJournal() = default;
+    /// Closes; what cannot be written then is lost.
+    virtual ~ResultsJournal();
+    ResultsJournal(const ResultsJournal&) = delete;
+    ResultsJournal& operator=(const ResultsJournal&) = delete;
+
+    /// Opens a file for appending and returns its path. The file is made when
+    /// missing, its folder is not. A journal open before is closed first. Fails
+    /// with the system's reason behind the path; the journal is then closed.
+    Outcome<QString> Open(const QString& path);
+
+    bool IsOpen() const { return m_file.isOpen(); }
+
+    /// The path of the last Open, empty before the first.
+    QString Path() const { return m_file.fileName(); }
+
+    /// Appends lines (without line ends), each ended by CRLF, all of them in
+    /// one write. False while something waits in memory, as it does when the
+    /// disk is full or the journal is closed.
+    bool WriteLines(const QStringList& lines);
+
+    /// How many bytes wait in memory.
+    qsizetype PendingBytes() const { return m_pending.size(); }
+
+    /// Tries once more to write what waits, then closes. False when something
+    /// still waits; the next Open and WriteLines carry on with it.
+    bool Close();
+
+protected:
+    /// Hands bytes to the file. Returns how many it took, -1 for none by an error.
+    virtual qint64 WriteBytes(const char* bytes, qint64 count);
+
+private:
+    bool WritePending();
+
+    QFile m_file;
+    QByteArray m_pending;
+};
+
+/// Lets all who may write into a folder write into a file just made there:
+/// several accounts share the folder's files, and the one that happens to make
+/// a file must not lock the others out.
+void ShareWithFolder(QFileDevice& file, const QString& folder);
+
+} // namespace stoikal

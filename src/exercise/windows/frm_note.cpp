@@ -1,0 +1,179 @@
+#include "exercise/windows/frm_note.h"
+
+#include "base/session_state.h"
+#include "exercise/mark.h"
+#include "forms/colours.h"
+#include "forms/picture_surface.h"
+#include "forms/place.h"
+#include "forms/style.h"
+#include "platform/doors.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace stoikal {
+namespace {
+
+constexpr Twips kHeight = 5100;
+constexpr Twips kHeightWithScores = 8800;
+constexpr int kWidth = 470;
+constexpr QPointF kScaleEnd(100, 13); ///< a row of the table is one unit high
+
+} // namespace
+
+frmNote::frmNote(const SessionState& session, QChar separator, const QString& fileTitle,
+                 std::optional<Earned> earned, QWidget* parent)
+    : ModalForm(QStringLiteral("frmNote"), QStringLiteral("Stoikal"), parent)
+    , m_session(session)
+    , m_separator(separator)
+    , lblInfo(Named(new QLabel(this), QStringLiteral("lblInfo")))
+    , lblNote(Named(new QLabel(this), QStringLiteral("lblNote")))
+    , lblTemps(Named(new QLabel(this), QStringLiteral("lblTemps")))
+    , fraChoix(Named(new QGroupBox(QStringLiteral("Voulez-vous .... "), this), QStringLiteral("fraChoix")))
+    , cmdAgain(Named(new QPushButton(QStringLiteral("Recommencer"), fraChoix), QStringLiteral("cmdAgain"),
+                     QStringLiteral("Recommencer")))
+    , cmdStay(Named(new QPushButton(QStringLiteral("Accueil"), fraChoix), QStringLiteral("cmdStay"),
+                    QStringLiteral("Accueil")))
+    , cmdEnd(Named(new QPushButton(QStringLiteral("Quitter"), fraChoix), QStringLiteral("cmdEnd"),
+                   QStringLiteral("Quitter")))
+    , chkHighScore(Named(new QCheckBox(QStringLiteral("Les 10 meilleurs scores"), this),
+                         QStringLiteral("chkHighScore"), QStringLiteral("Les 10 meilleurs scores")))
+    , picHighSCore(Named(new PictureSurface(this), QStringLiteral("picHighSCore"),
+                         QStringLiteral("Tableau des 10 meilleurs scores")))
+{
+    StayOnPaper(*this);
+    lblInfo->setText(QStringLiteral("Il n'y a plus d'équations dans le fichier %1").arg(fileTitle));
+    lblInfo->setWordWrap(true);
+    lblInfo->setTextFormat(Qt::PlainText);
+    lblInfo->setAlignment(Qt::AlignCenter);
+    lblTemps->setAlignment(Qt::AlignCenter);
+    lblNote->setAlignment(Qt::AlignCenter);
+    QFont large = lblNote->font();
+    large.setPointSizeF(large.pointSizeF() * 1.8);
+    large.setBold(true);
+    lblNote->setFont(large);
+    BuildChoices();
+
+    chkHighScore->setToolTip(
+        QStringLiteral("Pour afficher les 10 meilleurs scores pour le fichier en cours."));
+    picHighSCore->setToolTip(QStringLiteral(
+        "Si vous êtes classés parmi les 10 meilleurs scores, votre résultat doit apparaître en rouge."));
+    picHighSCore->SetScale({0, 0}, kScaleEnd);
+    picHighSCore->SetBackColour(colours::kPaper);
+
+    auto* const upper = new QWidget(this);
+    auto* const rows = new QVBoxLayout(upper);
+    rows->setContentsMargins(16, 16, 16, 8);
+    rows->setSpacing(7);
+    rows->addWidget(lblInfo);
+    rows->addStretch();
+    rows->addWidget(lblNote);
+    rows->addWidget(lblTemps);
+    rows->addStretch();
+    rows->addWidget(fraChoix);
+    rows->addWidget(chkHighScore);
+    upper->setFixedHeight(ToPixels(kHeight));
+    auto* const all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(upper);
+    all->addWidget(picHighSCore, 1);
+    picHighSCore->setContentsMargins(16, 0, 16, 16);
+
+    if (earned) {
+        lblNote->setText(MarkText(earned->mark, separator));
+        lblTemps->setText(TimeText(earned->seconds, separator));
+    }
+    lblNote->setVisible(earned.has_value());
+    lblTemps->setVisible(earned.has_value());
+    chkHighScore->setEnabled(earned.has_value());
+    chkHighScore->setChecked(false);
+    connect(chkHighScore, &QCheckBox::toggled, this, &frmNote::chkHighScore_Click);
+    setFixedSize(kWidth, ToPixels(kHeight));
+    picHighSCore->hide();
+}
+
+void frmNote::BuildChoices()
+{
+    struct Row {
+        QString question;
+        QPushButton* button;
+        Choice choice;
+    };
+    const Row choices[]{
+        {QStringLiteral("... recommencer une nouvelle série d'équations ?"), cmdAgain, Again},
+        {QStringLiteral("... revenir à la page d'accueil ?"), cmdStay, Stay},
+        {QStringLiteral("... quitter Stoikal ?"), cmdEnd, End},
+    };
+    auto* const grid = new QGridLayout(fraChoix);
+    grid->setContentsMargins(12, 8, 12, 12);
+    grid->setSpacing(8);
+    grid->setColumnStretch(0, 1);
+    int row = 0;
+    for (const Row& choice : choices) {
+        choice.button->setAutoDefault(false);
+        choice.button->setAccessibleDescription(choice.question);
+        grid->addWidget(new QLabel(choice.question, fraChoix), row, 0);
+        grid->addWidget(choice.button, row, 1);
+        const int result = choice.choice;
+        connect(choice.button, &QPushButton::clicked, this, [this, result] { done(result); });
+        ++row;
+    }
+}
+
+void frmNote::Place(const Screen& screen)
+{
+    m_screen = &screen;
+    PlaceWindow(*this, screen, (m_session.LargeurUtile - FromPixels(width())) / 2,
+                (m_session.HauteurUtile - FromPixels(height())) / 2);
+}
+
+void frmNote::chkHighScore_Click()
+{
+    picHighSCore->setVisible(chkHighScore->isChecked());
+    setFixedHeight(ToPixels(chkHighScore->isChecked() ? kHeightWithScores : kHeight));
+    if (m_screen != nullptr)
+        Place(*m_screen);
+}
+
+void frmNote::ShowHighScores(const std::vector<HighScore>& section, const NewResult& own)
+{
+    constexpr double kNameLeft = 2;
+    constexpr double kMarkRight = 52;
+    constexpr double kTimeRight = 90;
+    QFont font = this->font();
+    font.setPointSize(10);
+    QFont bold = font;
+    bold.setBold(true);
+
+    // Measured at the size that the table will have once it is shown.
+    picHighSCore->resize(kWidth, ToPixels(kHeightWithScores - kHeight));
+    picHighSCore->Clear();
+    picHighSCore->DrawText({5, 0.1}, QStringLiteral("Nom élèves"), Qt::black, bold);
+    picHighSCore->DrawText({40, 0.1}, QStringLiteral("Note (/20)"), Qt::black, bold);
+    picHighSCore->DrawText({75, 0.1}, QStringLiteral("Temps (en s)"), Qt::black, bold);
+    QString rule(60, QLatin1Char('='));
+    picHighSCore->DrawText({0, picHighSCore->TextHeight(bold)}, rule, Qt::black, bold);
+
+    QStringList words;
+    double row = 2;
+    for (const HighScoreRow& score : HighScoreRows(section, own, m_separator)) {
+        const QFont& face = score.isPupil ? bold : font;
+        const QColor colour = score.isPupil ? QColor(Qt::red) : QColor(Qt::black);
+        picHighSCore->DrawText({kNameLeft, row}, score.name, colour, face);
+        picHighSCore->DrawText({kMarkRight - picHighSCore->TextWidth(score.mark, face), row}, score.mark,
+                               colour, face);
+        picHighSCore->DrawText({kTimeRight - picHighSCore->TextWidth(score.time, face), row}, score.time,
+                               colour, face);
+        words << QStringLiteral("%1 : %2 sur 20 en %3 secondes").arg(score.name, score.mark, score.time);
+        row += 1;
+    }
+    picHighSCore->setAccessibleDescription(words.join(QStringLiteral(" ; ")));
+}
+
+} // namespace stoikal

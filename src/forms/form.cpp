@@ -1,0 +1,89 @@
+#include "forms/form.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+namespace stoikal {
+namespace {
+
+bool IsHelpKey(const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_F1;
+}
+
+} // namespace
+
+QString ArrayName(const char* array, int index)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+}
+
+Form::Form(const QString& name, const QString& caption, Kind kind, QWidget* parent)
+    : QWidget(parent,
+              kind == Kind::Tool ? Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::Widget)
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+    setAccessibleName(caption);
+}
+
+bool Form::event(QEvent* event)
+{
+    if (IsHelpKey(*event)) {
+        event->accept();
+        Q_EMIT HelpAsked();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    // Who holds the window decides what closing means.
+    event->ignore();
+    Q_EMIT CloseAsked();
+}
+
+ModalForm::ModalForm(const QString& name, const QString& caption, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
+{
+    setObjectName(name);
+    setWindowTitle(caption);
+    setAccessibleName(caption);
+    setModal(true);
+}
+
+bool ModalForm::event(QEvent* event)
+{
+    if (IsHelpKey(*event)) {
+        event->accept();
+        Q_EMIT HelpAsked();
+        return true;
+    }
+    return QDialog::event(event);
+}
+
+void ModalForm::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        EscapePressed();
+        return;
+    }
+    // A dialog would press its default button.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        return;
+    QDialog::keyPressEvent(event);
+}
+
+void ModalForm::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    TitleBarClosed();
+}
+
+void ModalForm::reject()
+{
+    EscapePressed();
+}
+
+} // namespace stoikal

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QDialog>
+#include <QWidget>
+
+namespace stoikal {
+
+/// Gives a control its name, by which tests and accessibility tools find it,
+/// and its accessible name in French. An element of an array is "txtCoef(0)".
+template <typename Control>
+Control* Named(Control* control, const QString& name, const QString& accessibleName = {})
+{
+    control->setObjectName(name);
+    if constexpr (requires { control->setAccessibleName(accessibleName); }) {
+        if (!accessibleName.isEmpty())
+            control->setAccessibleName(accessibleName);
+    }
+    return control;
+}
+
+/// The name of an element of an array of controls: "txtCoef(0)".
+QString ArrayName(const char* array, int index);
+
+/// A window that is not modal: a tool window kept above its parent, or, when it
+/// is handed to the main area, a child there. F1 asks for its help page.
+class Form : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Kind { Tool, Child };
+
+    Form(const QString& name, const QString& caption, Kind kind, QWidget* parent);
+
+Q_SIGNALS:
+    void HelpAsked();
+    /// The title bar's cross, or Alt+F4. The window itself stays.
+    void CloseAsked();
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+};
+
+/// A modal window. Enter presses no hidden default button; Escape and the title
+/// bar's cross do what `Cancelled` does.
+class ModalForm : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ModalForm(const QString& name, const QString& caption, QWidget* parent);
+
+    void reject() final;
+
+Q_SIGNALS:
+    void HelpAsked();
+
+protected:
+    /// By Escape: only windows with a cancel button answer.
+    virtual void EscapePressed() { }
+    /// By the title bar.
+    virtual void TitleBarClosed() { done(Rejected); }
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+};
+
+} // namespace stoikal

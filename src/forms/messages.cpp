@@ -1,0 +1,63 @@
+#include "forms/messages.h"
+
+#include <QPushButton>
+
+namespace stoikal {
+
+void Messages::InputError(QWidget* parent, const QString& text)
+{
+    Critical(parent, QStringLiteral("Erreur sur saisie."), text);
+}
+
+void Messages::Critical(QWidget* parent, const QString& title, const QString& text)
+{
+    Show(parent, {title, text, QMessageBox::Critical, QMessageBox::Ok});
+}
+
+void Messages::Warning(QWidget* parent, const QString& title, const QString& text)
+{
+    Show(parent, {title, text, QMessageBox::Warning, QMessageBox::Ok});
+}
+
+void Messages::Information(QWidget* parent, const QString& title, const QString& text)
+{
+    Show(parent, {title, text, QMessageBox::Information, QMessageBox::Ok});
+}
+
+bool Messages::Ask(QWidget* parent, const QString& title, const QString& text)
+{
+    return Show(parent, {title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No})
+        == QMessageBox::Yes;
+}
+
+QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message& message)
+{
+    QMessageBox box(message.icon, message.title, message.text, message.buttons, parent);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    // Formulas and file names are shown as they are, never read as mark-up.
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    struct Caption {
+        QMessageBox::StandardButton button;
+        QString text;
+    };
+    const Caption captions[]{{QMessageBox::Ok, QStringLiteral("OK")},
+                             {QMessageBox::Yes, QStringLiteral("Oui")},
+                             {QMessageBox::No, QStringLiteral("Non")},
+                             {QMessageBox::Cancel, QStringLiteral("Annuler")}};
+    for (const Caption& caption : captions) {
+        if (QAbstractButton* const button = box.button(caption.button)) {
+            button->setText(caption.text);
+            button->setObjectName(caption.text);
+        }
+    }
+    // Closing a question by the title bar says no.
+    if (message.buttons.testFlag(QMessageBox::No))
+        box.setEscapeButton(QMessageBox::No);
+    box.show();
+    box.raise();
+    box.activateWindow();
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+} // namespace stoikal

@@ -1,0 +1,64 @@
+#include "forms/style.h"
+
+#include "forms/colours.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <QToolTip>
+
+namespace stoikal {
+namespace {
+
+QPalette LightPalette()
+{
+    using namespace colours;
+    QPalette palette(kGround);
+    palette.setColor(QPalette::Window, kGround);
+    palette.setColor(QPalette::WindowText, kInk);
+    palette.setColor(QPalette::Base, kPaper);
+    palette.setColor(QPalette::AlternateBase, kGround);
+    palette.setColor(QPalette::Text, kInk);
+    palette.setColor(QPalette::PlaceholderText, kSecondInk);
+    palette.setColor(QPalette::Button, QColor(0xFA, 0xFB, 0xFC));
+    palette.setColor(QPalette::ButtonText, kInk);
+    palette.setColor(QPalette::Mid, kLine);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, kPaper);
+    palette.setColor(QPalette::Link, kAccent);
+    palette.setColor(QPalette::ToolTipBase, kInfoTip);
+    palette.setColor(QPalette::ToolTipText, kInk);
+    const QColor faded(0x83, 0x8B, 0x99);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faded);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEE, 0xF0, 0xF3));
+    return palette;
+}
+
+QPalette DarkPalette()
+{
+    QPalette palette(QColor(0x2B, 0x30, 0x38));
+    palette.setColor(QPalette::Base, QColor(0x1E, 0x22, 0x29));
+    palette.setColor(QPalette::Highlight, QColor(0x5B, 0x93, 0xF0));
+    palette.setColor(QPalette::Link, QColor(0x8A, 0xB4, 0xF8));
+    palette.setColor(QPalette::ToolTipBase, colours::kInfoTip);
+    palette.setColor(QPalette::ToolTipText, colours::kInk);
+    return palette;
+}
+
+} // namespace
+
+void ApplyStyle()
+{
+    const bool desktopIsDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QPalette palette = desktopIsDark ? DarkPalette() : LightPalette();
+    QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
+}
+
+void StayOnPaper(QWidget& window)
+{
+    window.setPalette(LightPalette());
+}
+
+} // namespace stoikal

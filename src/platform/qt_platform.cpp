@@ -1,0 +1,163 @@
+#include "platform/qt_platform.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QNetworkAccessManager>
+#include <QNetworkInformation>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTimer>
+#include <csignal>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace stoikal {
+
+QString QtUserAccount::LoginName() const
+{
+    if (const QString said = qEnvironmentVariable("STOIKAL_USER"); !said.isEmpty())
+        return said;
+    const passwd* const entry = ::getpwuid(::getuid());
+    return entry == nullptr ? QString() : QString::fromLocal8Bit(entry->pw_name);
+}
+
+QString QtUserAccount::RealName() const
+{
+    const passwd* const entry = ::getpwuid(::getuid());
+    if (entry == nullptr || entry->pw_gecos == nullptr)
+        return {};
+    return QString::fromLocal8Bit(entry->pw_gecos).section(QLatin1Char(','), 0, 0);
+}
+
+QChar QtRegional::DecimalSeparator() const
+{
+    const QString point = QLocale::system().decimalPoint();
+    return point.isEmpty() ? QLatin1Char('.') : point.front();
+}
+
+QRect QtScreen::WorkArea() const
+{
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+int QtScreen::Width() const
+{
+    return QGuiApplication::primaryScreen()->geometry().width();
+}
+
+void QtSound::Beep()
+{
+    QApplication::beep();
+}
+
+std::optional<Dialogs::Choice> QtDialogs::OpenFile(QWidget* parent, const Request& request)
+{
+    QFileDialog dialog(parent, request.title, request.folder);
+    dialog.setObjectName(QStringLiteral("cdgOpen"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setOption(QFileDialog::HideNameFilterDetails, false);
+    dialog.setNameFilters(request.filters);
+    if (request.filter >= 0 && request.filter < request.filters.size())
+        dialog.selectNameFilter(request.filters.at(request.filter));
+    if (!request.fileName.isEmpty())
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    const qsizetype filter = request.filters.indexOf(dialog.selectedNameFilter());
+    return Choice{dialog.selectedFiles().constFirst(),
+                  filter < 0 ? request.filter : static_cast<int>(filter)};
+}
+
+bool QtPrograms::StartCalculator()
+{
+    QStringList commands;
+    if (const QString said = qEnvironmentVariable("STOIKAL_CALCULATOR"); !said.isEmpty()) {
+        commands << said;
+    } else {
+        commands = {QStringLiteral("gnome-calculator"), QStringLiteral("kcalc"),
+                    QStringLiteral("galculator"),       QStringLiteral("mate-calc"),
+                    QStringLiteral("qalculate-gtk"),    QStringLiteral("xcalc")};
+    }
+    for (const QString& command : commands) {
+        QStringList words = QProcess::splitCommand(command);
+        if (words.isEmpty() || QStandardPaths::findExecutable(words.first()).isEmpty())
+            continue;
+        const QString program = words.takeFirst();
+        if (QProcess::startDetached(program, words, QString(), &m_calculator))
+            return true;
+    }
+    return false;
+}
+
+bool QtPrograms::CalculatorRuns() const
+{
+    return m_calculator > 0 && ::kill(static_cast<pid_t>(m_calculator), 0) == 0;
+}
+
+void QtPrograms::CloseCalculator()
+{
+    if (CalculatorRuns())
+        ::kill(static_cast<pid_t>(m_calculator), SIGTERM);
+    m_calculator = 0;
+}
+
+bool QtBrowser::IsOnline() const
+{
+    if (!QNetworkInformation::loadDefaultBackend())
+        return true;
+    const auto reachability = QNetworkInformation::instance()->reachability();
+    return reachability != QNetworkInformation::Reachability::Disconnected;
+}
+
+bool QtBrowser::Open(const QString& address)
+{
+    return QDesktopServices::openUrl(QUrl(address));
+}
+
+QtWebFetch::QtWebFetch() = default;
+QtWebFetch::~QtWebFetch() = default;
+
+QString QtWebFetch::Site() const
+{
+    return qEnvironmentVariable("STOIKAL_SITE");
+}
+
+void QtWebFetch::Get(const QString& address, std::function<void(const QByteArray&)> onSuccess)
+{
+    constexpr int kLongestWaitMs = 3000;
+    constexpr qint64 kLargestText = 64 * 1024;
+    const QUrl url(address);
+    if (!url.isValid() || url.isRelative())
+        return;
+    if (m_manager == nullptr)
+        m_manager = std::make_unique<QNetworkAccessManager>();
+    QNetworkRequest request(url);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    QNetworkReply* const reply = m_manager->get(request);
+    reply->setReadBufferSize(kLargestText + 1);
+    QTimer::singleShot(kLongestWaitMs, reply, &QNetworkReply::abort);
+    QObject::connect(reply, &QIODevice::readyRead, reply, [reply] {
+        if (reply->bytesAvailable() > kLargestText)
+            reply->abort();
+    });
+    QObject::connect(reply, &QNetworkReply::finished, reply, [reply, onSuccess = std::move(onSuccess)] {
+        reply->deleteLater();
+        if (reply->error() == QNetworkReply::NoError)
+            onSuccess(reply->readAll());
+    });
+}
+
+void QtClipboard::SetText(const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+}
+
+} // namespace stoikal

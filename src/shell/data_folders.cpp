@@ -1,0 +1,120 @@
+#include "shell/data_folders.h"
+
+#include "base/session_state.h"
+#include "forms/messages.h"
+#include "platform/doors.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace stoikal {
+namespace {
+
+/// What the user is asked for when the desktop does not tell a folder.
+struct Landmark {
+    QString shownPath; ///< as the message names it
+    QString startFolder;
+    QString filter;
+    QString fileName;
+    QString tail; ///< what stands behind the folder in the chosen path
+};
+
+/// Asks until a file is chosen whose path ends as the landmark's does. There is
+/// no other way out: without the folder nothing can be read or written.
+QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages& messages, QWidget* parent)
+{
+    for (;;) {
+        messages.Critical(parent, QStringLiteral("Stoikal - Gestion erreurs"),
+                          QStringLiteral("Le fichier suivant est introuvable :\n%1\nVeuillez le localiser.")
+                              .arg(landmark.shownPath));
+        const auto choice = desktop.dialogs.OpenFile(parent,
+                                                     {QStringLiteral("Localiser %1").arg(landmark.fileName),
+                                                      landmark.startFolder,
+                                                      {landmark.filter},
+                                                      0,
+                                                      landmark.fileName});
+        if (!choice)
+            continue;
+        const qsizetype tail = choice->path.indexOf(landmark.tail, 0, Qt::CaseInsensitive);
+        if (tail >= 0)
+            return choice->path.first(tail);
+    }
+}
+
+} // namespace
+
+QString OwnFolder()
+{
+    return QStringLiteral("Tovik_MARLEN/Stoikal");
+}
+
+QString WithSeparator(const QString& folder)
+{
+    return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
+}
+
+void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent)
+{
+    QString user = desktop.user.LoginName();
+    if (user.isEmpty())
+        user = QStringLiteral("Inconnu");
+    QString folder = desktop.folders.CommonAppData();
+    if (folder.isEmpty()) {
+        const QString base
+            = QStringLiteral("/Documents and Settings/All Users/Application Data/%1/").arg(OwnFolder());
+        folder = AskForFolder({base + QStringLiteral("Conf_EQU.ini"), base,
+                               QStringLiteral("Fichier configuration (*.ini)"),
+                               QStringLiteral("Conf_EQU.ini"), OwnFolder() + QStringLiteral("/Conf_EQU.ini")},
+                              desktop, messages, parent);
+    }
+    session.DossierDonnees = WithSeparator(folder);
+    const QString own = session.DossierDonnees + OwnFolder();
+    QDir().mkpath(own);
+    // A user name is a bare name; anything else must not lead out of the folder.
+    user.replace(QLatin1Char('/'), QLatin1Char('_'));
+    session.IniUtilisateur = own + QStringLiteral("/ConfEQU_") + user + QStringLiteral(".ini");
+}
+
+ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop, Messages& messages,
+                                 QWidget* parent)
+{
+    const QString root = desktop.folders.NetworkRoot();
+    session.ModeReseau = !root.isEmpty();
+    if (session.ModeReseau) {
+        const QString program = desktop.folders.Program();
+        const QString below = QDir(root).relativeFilePath(program);
+        return {root,
+                below.startsWith(QLatin1String("..")) ? program
+                                                      : QDir::cleanPath(WithSeparator(root) + below)};
+    }
+    QString documents = desktop.folders.CommonDocuments();
+    if (documents.isEmpty() && session.DossierDocuments.isEmpty()) {
+        const QString base
+            = QStringLiteral("/Documents and Settings/All Users/Documents partagés/%1/").arg(OwnFolder());
+        documents = AskForFolder({base + QStringLiteral("Resultat.txt"), base,
+                                  QStringLiteral("Fichier texte (*.txt)"), QStringLiteral("Resultat.txt"),
+                                  OwnFolder() + QStringLiteral("/Resultat.txt")},
+                                 desktop, messages, parent);
+    }
+    if (!documents.isEmpty())
+        session.DossierDocuments = WithSeparator(documents);
+    return {session.DossierDocuments + OwnFolder(), {}};
+}
+
+void SeedEquationFolder(const QString& folder, const Platform& desktop)
+{
+    if (QFileInfo::exists(folder) || !QDir().mkpath(folder))
+        return;
+    const QStringList seeds = desktop.folders.SeedFiles();
+    for (const QString& seed : seeds) {
+        const QString target = WithSeparator(folder) + QFileInfo(seed).fileName();
+        if (!QFileInfo::exists(target) && QFile::copy(seed, target)) {
+            // The shipped files may be read-only; the teacher's copies are his.
+            QFile::setPermissions(
+                target, QFile::permissions(target) | QFileDevice::WriteOwner | QFileDevice::ReadOwner);
+        }
+    }
+}
+
+} // namespace stoikal

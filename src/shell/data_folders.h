@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace stoikal {
+
+class Messages;
+struct Platform;
+struct SessionState;
+
+/// The folder of the house below the common folders, without outer separators.
+QString OwnFolder();
+
+/// Finds the common application data folder, asking the user for a landmark
+/// file until it is known, and names this user's settings file.
+void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent);
+
+/// The outcome of looking where the program runs.
+struct ResultFolders {
+    QString results; ///< where results, equations and high scores live
+    QString programOnNetwork; ///< full network path of the program's folder; empty for a local one
+};
+
+/// Decides whether the program runs from a network folder (`ModeReseau`) and
+/// where the results go: the network root, or the house's folder in the common
+/// documents, which the user is asked for until it is known.
+ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop, Messages& messages,
+                                 QWidget* parent);
+
+/// Makes the folder of equation files when it is missing and fills a folder
+/// that was just made with the shipped exercises and tips. What stands there
+/// already is never overwritten.
+void SeedEquationFolder(const QString& folder, const Platform& desktop);
+
+/// A folder's path with the separator at its end.
+QString WithSeparator(const QString& folder);
+
+} // namespace stoikal

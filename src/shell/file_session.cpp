@@ -1,0 +1,257 @@
+#include "shell/file_session.h"
+
+#include "base/fatal_fault.h"
+#include "equation_files/equation_file.h"
+#include "exercise/journal_lines.h"
+#include "exercise/mark.h"
+#include "exercise/windows/frm_note.h"
+#include "exercise/windows/journal_messages.h"
+#include "forms/messages.h"
+#include "shell/data_folders.h"
+#include "shell/exercise_desk.h"
+#include "shell/help_topics.h"
+#include "shell/menu_tree.h"
+#include "shell/product.h"
+#include "shell/session.h"
+#include "shell/windows/frm_name.h"
+#include "shell/windows/frm_stoikal.h"
+#include "shell/windows/option_form.h"
+
+#include <QFileInfo>
+
+namespace stoikal {
+namespace {
+
+QString Options()
+{
+    return QStringLiteral("Options");
+}
+
+QString FilesByDefault()
+{
+    return QStringLiteral("Files by default");
+}
+
+bool IsFilterSetting(const QString& value)
+{
+    return value == QLatin1String("EQU") || value == QLatin1String("AVT");
+}
+
+} // namespace
+
+FileSession::FileSession(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk)
+    : m_session(session)
+    , m_mainWindow(mainWindow)
+    , m_desk(desk)
+{
+    // The mark's window comes once the click that ended the file is over.
+    connect(&desk, &ExerciseDesk::EndOfFileReached, this, &FileSession::EndOfFile, Qt::QueuedConnection);
+    connect(&desk, &ExerciseDesk::CloseAsked, this, &FileSession::Mnu_Close_Click);
+}
+
+void FileSession::Mnu_Open_Click(int index)
+{
+    if (m_session.state.NomEleve.isEmpty() && !Identify())
+        return;
+    m_session.settings.Write(Options(), FilesByDefault(),
+                             index == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+    OpenEquationFile();
+}
+
+bool FileSession::Identify()
+{
+    SessionState& state = m_session.state;
+    frmName window(m_session.messages, m_session.desktop.sound, &m_mainWindow);
+    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
+    switch (window.exec()) {
+    case frmName::Identified:
+        state.NomEleve = window.Nom();
+        state.PrenomEleve = window.Prenom();
+        state.ClasseEleve = window.Classe();
+        WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
+                       IdentityLines(state.NomEleve, state.PrenomEleve, state.ClasseEleve));
+        break;
+    case frmName::Cancelled:
+        state.NomEleve.clear();
+        state.PrenomEleve.clear();
+        state.ClasseEleve.clear();
+        m_mainWindow.activateWindow();
+        break;
+    case frmName::EndOfProgram:
+        Q_EMIT EndAsked();
+        return false;
+    default:
+        break;
+    }
+    return !state.NomEleve.isEmpty();
+}
+
+bool FileSession::ChooseFile()
+{
+    SessionState& state = m_session.state;
+    QString byDefault = m_session.settings.Read(Options(), FilesByDefault());
+    if (!IsFilterSetting(byDefault)) {
+        m_session.settings.Write(Options(), FilesByDefault(), QStringLiteral("EQU"));
+        frmEtude window(&m_mainWindow);
+        window.exec();
+        m_session.settings.Write(Options(), FilesByDefault(),
+                                 window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+        byDefault = m_session.settings.Read(Options(), FilesByDefault());
+    }
+    const auto choice = m_session.desktop.dialogs.OpenFile(
+        &m_mainWindow,
+        {QStringLiteral("Ouvrir un fichier d'équations"),
+         state.DossierDocuments + OwnFolder(),
+         {QStringLiteral("Stoikal Equilibrage (*.Equ)"), QStringLiteral("Stoikal Avancement (*.Avt)")},
+         byDefault == QLatin1String("AVT") ? 1 : 0,
+         {}});
+    if (!choice)
+        return false;
+    state.CheminFichier = choice->path;
+    state.TitreFichier = QFileInfo(choice->path).fileName();
+    m_session.settings.Write(Options(), FilesByDefault(),
+                             choice->filter == 1 ? QStringLiteral("AVT") : QStringLiteral("EQU"));
+    return true;
+}
+
+bool FileSession::OpenEquationFile()
+{
+    SessionState& state = m_session.state;
+    m_desk.ResetChrono();
+    if (!ChooseFile())
+        return false;
+    state.NumEquation = 0;
+    state.ChoixSimulAffiche = false;
+    auto file = EquationFile::Open(state.CheminFichier);
+    if (!file)
+        throw FatalFault(file.Reason(), state.CheminFichier, 0, {});
+    const FirstPass pass = file->Pass();
+    state.FichierAvancement = pass.hasProgressData;
+    state.SerieExercices = false;
+    if (pass.equationCount == 0) {
+        RefuseEmptyFile();
+        return false;
+    }
+    if (state.FichierAvancement) {
+        state.ChoixSimulAffiche = true;
+        frmChoixSimul window(&m_mainWindow);
+        window.exec();
+        state.SerieExercices = window.Chosen() == 0;
+    }
+    if (state.IsScored())
+        m_desk.LockChrono(true);
+    m_session.run.Open(*file);
+    StartRun(pass.equationCount);
+    return true;
+}
+
+void FileSession::RefuseEmptyFile()
+{
+    SessionState& state = m_session.state;
+    const QString title = state.TitreFichier;
+    state.CheminFichier.clear();
+    state.TitreFichier.clear();
+    m_session.messages.Critical(
+        &m_mainWindow, QStringLiteral("Stoikal"),
+        QStringLiteral("Le fichier sélectionné ne contient aucune équation.\n"
+                       "Dans le menu Fichier, cliquez sur Modifier un fichier d'équations existant ...\n"
+                       "Sélectionnez le fichier %1 et rajoutez une série d'équations.")
+            .arg(title));
+}
+
+void FileSession::StartRun(int equationCount)
+{
+    const QString& title = m_session.state.TitreFichier;
+    m_mainWindow.setWindowTitle(
+        QStringLiteral("%1 - %2 - %3 équations").arg(product::Caption(), title).arg(equationCount));
+    WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
+                   HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
+    SetFileSessionMenus(m_session.menu, true);
+    m_desk.Open();
+}
+
+void FileSession::LeaveRun()
+{
+    m_session.state.ChoixSimulAffiche = false;
+    m_session.run.Close();
+    m_desk.CloseExercise();
+    m_mainWindow.setWindowTitle(product::Caption());
+    SetFileSessionMenus(m_session.menu, false);
+}
+
+void FileSession::CloseRun()
+{
+    LeaveRun();
+    ReturnHome();
+}
+
+void FileSession::ReturnHome()
+{
+    m_desk.CloseAtoms();
+    m_session.state.CheminFichier.clear();
+    m_session.state.TitreFichier.clear();
+    m_desk.ResetChrono();
+    m_mainWindow.activateWindow();
+}
+
+void FileSession::Mnu_Close_Click()
+{
+    if (!m_session.run.IsOpen())
+        return;
+    m_desk.HideWindowsOfRun();
+    const bool closes
+        = m_session.messages.Ask(&m_mainWindow, QStringLiteral("Stoikal"),
+                                 QStringLiteral("Etes-vous sûr de vouloir fermer ce fichier ?"));
+    m_desk.ShowExercise();
+    if (closes)
+        CloseRun();
+    else
+        m_desk.ShowWindowsOfRun();
+}
+
+void FileSession::EndOfFile()
+{
+    SessionState& state = m_session.state;
+    const QChar separator = m_session.desktop.regional.DecimalSeparator();
+    const ExerciseState result = m_session.run.State();
+    const bool isScored = state.IsScored();
+    const NewResult own{state.NomEleve, Mark(result.Score, result.MaxScore), state.ElapsedSeconds};
+    std::optional<frmNote::Earned> earned;
+    if (isScored)
+        earned = frmNote::Earned{own.mark, own.seconds};
+
+    frmNote window(state, separator, state.TitreFichier, earned, &m_mainWindow);
+    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kNote); });
+    m_desk.HideAtoms();
+    m_desk.StopChrono();
+    if (isScored)
+        WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
+                       {MarkLine(own.mark, own.seconds, separator)});
+    LeaveRun();
+    if (isScored) {
+        const QString folder = state.ModeReseau
+            ? WithSeparator(state.DossierResultats) + state.DossierDepot.trimmed()
+            : state.DossierResultats;
+        const auto section = HighScoreFile(folder).Record(state.TitreFichier, own, separator);
+        if (section)
+            window.ShowHighScores(*section, own);
+        else
+            m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), section.Reason());
+    }
+    window.Place(m_session.desktop.screen);
+    switch (window.exec()) {
+    case frmNote::Again:
+        m_desk.CloseAtoms();
+        if (!OpenEquationFile())
+            ReturnHome();
+        break;
+    case frmNote::End:
+        Q_EMIT EndAsked();
+        break;
+    default:
+        ReturnHome();
+        break;
+    }
+}
+
+} // namespace stoikal

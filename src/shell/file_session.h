@@ -1,0 +1,55 @@
+#pragma once
+
+#include "exercise/high_score_file.h"
+
+#include <QObject>
+
+namespace stoikal {
+
+class ExerciseDesk;
+class frmStoikal;
+struct Session;
+
+/// The life of an equation file in the program: who opens it, its first pass,
+/// the run over it, its closing and the mark at its end. The windows of the run
+/// are the desk's.
+class FileSession final : public QObject
+{
+    Q_OBJECT
+
+public:
+    FileSession(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk);
+
+    /// The menu's open command: 0 for balancing, 1 for progress.
+    void Mnu_Open_Click(int index);
+
+    /// The menu's close command, with its question.
+    void Mnu_Close_Click();
+
+    /// Chooses a file, counts its equations and starts the run. False when no
+    /// run was started.
+    bool OpenEquationFile();
+
+    /// Ends the run without a question, by the steps that every way of closing
+    /// shares; the file is forgotten.
+    void CloseRun();
+
+Q_SIGNALS:
+    void EndAsked();
+    void HelpAsked(int topic);
+
+private:
+    bool Identify();
+    bool ChooseFile();
+    void RefuseEmptyFile();
+    void StartRun(int equationCount);
+    void EndOfFile();
+    void LeaveRun();
+    void ReturnHome();
+
+    Session& m_session;
+    frmStoikal& m_mainWindow;
+    ExerciseDesk& m_desk;
+};
+
+} // namespace stoikal

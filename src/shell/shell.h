@@ -1,0 +1,59 @@
+#pragma once
+
+#include "shell/exercise_desk.h"
+#include "shell/file_session.h"
+#include "shell/session.h"
+#include "shell/start_up.h"
+#include "shell/windows/frm_stoikal.h"
+
+#include <QObject>
+#include <functional>
+
+namespace stoikal {
+
+class FatalFault;
+
+/// The roof of the house: it owns the session and the main window and sends each
+/// menu entry to whom it concerns.
+class Shell final : public QObject
+{
+    Q_OBJECT
+
+public:
+    Shell(const Platform& desktop, Messages& messages);
+
+    /// The start-up, with the main window shown at its end.
+    void Start();
+
+    /// Closes every open file and asks the process to end at once.
+    void EndProgram();
+
+    /// The same fault with the line being worked as its place.
+    FatalFault WithPlace(const FatalFault& fault) const;
+
+    Session& State() { return m_session; }
+    frmStoikal& MainWindow() { return m_mainWindow; }
+    ExerciseDesk& Desk() { return m_desk; }
+    FileSession& Files() { return m_files; }
+    StartUp& Starter() { return m_startUp; }
+
+Q_SIGNALS:
+    /// The process is to end; nothing is open any more.
+    void EndAsked();
+
+private:
+    void Choose(const QString& entry);
+    void Mnu_Calc_Click();
+    void Mnu_Web_Click();
+    void Mnu_About_Click();
+
+    Session m_session;
+    frmStoikal m_mainWindow;
+    ExerciseDesk m_desk;
+    FileSession m_files;
+    StartUp m_startUp;
+    QHash<QString, std::function<void()>> m_commands;
+    bool m_hasEnded = false;
+};
+
+} // namespace stoikal

@@ -1,0 +1,222 @@
+#include "shell/start_up.h"
+
+#include "base/fatal_fault.h"
+#include "forms/messages.h"
+#include "shell/data_folders.h"
+#include "shell/menu_tree.h"
+#include "shell/product.h"
+#include "shell/session.h"
+#include "shell/version_check.h"
+#include "shell/windows/frm_depot.h"
+#include "shell/windows/frm_splash.h"
+#include "shell/windows/frm_stoikal.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QPixmap>
+#include <QSaveFile>
+
+namespace stoikal {
+namespace {
+
+QString Options()
+{
+    return QStringLiteral("Options");
+}
+
+} // namespace
+
+StartUp::StartUp(Session& session, frmStoikal& mainWindow)
+    : m_session(session)
+    , m_mainWindow(mainWindow)
+{
+}
+
+void StartUp::Run()
+{
+    SessionState& state = m_session.state;
+    m_steps << QStringLiteral("update check");
+    CheckForNewVersion();
+    m_steps << QStringLiteral("window size");
+    SizeMainWindow();
+    m_steps << QStringLiteral("caption");
+    m_mainWindow.setWindowTitle(product::Caption());
+    m_steps << QStringLiteral("background");
+    LoadBackground();
+    m_steps << QStringLiteral("user and settings");
+    FindSettingsFile(state, m_session.desktop, m_session.messages, &m_mainWindow);
+    // The package of the distribution enters the file types.
+    m_steps << QStringLiteral("file types");
+    m_steps << QStringLiteral("counter");
+    state.FreqCompteur = m_session.desktop.clock.CountsPerSecond();
+    m_steps << QStringLiteral("menus");
+    SetFileSessionMenus(m_session.menu, false);
+    m_session.menu.SetChecked("Mnu_Atome", true);
+    m_steps << QStringLiteral("data folders");
+    FindJournal();
+    m_steps << QStringLiteral("journal");
+    OpenJournal();
+    m_steps << QStringLiteral("splash");
+    ShowSplash();
+    m_steps << QStringLiteral("tip");
+    ShowTip();
+    m_steps << QStringLiteral("bubbles");
+    PresetBubbles();
+}
+
+void StartUp::CheckForNewVersion()
+{
+    const QString site = m_session.desktop.web.Site();
+    if (site.isEmpty())
+        return;
+    m_session.desktop.web.Get(site + QStringLiteral("/chimie/stoikal/version_stoikal.txt"),
+                              [this](const QByteArray& bytes) { TakeVersionFile(bytes); });
+}
+
+void StartUp::TakeVersionFile(const QByteArray& bytes)
+{
+    const QString folder = m_session.desktop.folders.Cache();
+    QDir().mkpath(folder);
+    QSaveFile copy(folder + QStringLiteral("/Delete_Me.txt"));
+    if (copy.open(QIODevice::WriteOnly)) {
+        copy.write(bytes);
+        // The copy is a courtesy: the check goes on without it.
+        copy.commit();
+    }
+    const QString remote = RemoteVersion(QString::fromUtf8(bytes));
+    if (!IsNewer(remote, product::MajorMinor()))
+        return;
+    m_session.messages.Information(&m_mainWindow, QStringLiteral("Stoikal - Nouvelle version"),
+                                   QStringLiteral("La version %1 de Stoikal est téléchargeable sur\n%2")
+                                       .arg(remote, m_session.desktop.web.Site()));
+}
+
+void StartUp::SizeMainWindow()
+{
+    const QRect area = m_session.desktop.screen.WorkArea();
+    m_session.state.HauteurUtile = FromPixels(area.height()) - 750;
+    m_session.state.LargeurUtile = FromPixels(area.width()) - 50;
+    m_mainWindow.resize(ToPixels(m_session.state.LargeurUtile), ToPixels(m_session.state.HauteurUtile));
+    m_mainWindow.move(area.topLeft());
+}
+
+void StartUp::LoadBackground()
+{
+    QString name;
+    switch (m_session.desktop.screen.Width()) {
+    case 800:
+        name = QStringLiteral("logo800x600.jpg");
+        break;
+    case 1024:
+        name = QStringLiteral("logo1024x768.jpg");
+        break;
+    case 1280:
+        name = QStringLiteral("logo1280x768.jpg");
+        break;
+    default:
+        return;
+    }
+    // A picture that cannot be loaded leaves the background empty.
+    m_mainWindow.SetBackground(QPixmap(WithSeparator(m_session.desktop.folders.Program()) + name));
+}
+
+void StartUp::FindJournal()
+{
+    SessionState& state = m_session.state;
+    state.DossierResultats
+        = ResolveDataFolders(state, m_session.desktop, m_session.messages, &m_mainWindow).results;
+    if (state.ModeReseau) {
+        state.FichierResultat = NetworkJournal();
+        return;
+    }
+    SeedEquationFolder(state.DossierResultats, m_session.desktop);
+    state.FichierResultat = WithSeparator(state.DossierResultats) + QStringLiteral("Resultat.txt");
+}
+
+QString StartUp::NetworkJournal()
+{
+    SessionState& state = m_session.state;
+    const QString section = QStringLiteral("Réseau");
+    const QString key = QStringLiteral("Dossier Dépôt");
+    state.DossierDepot = m_session.settings.Read(section, key);
+    while (state.DossierDepot.isEmpty()) {
+        frmDepot window(m_session.messages, nullptr);
+        window.exec();
+        state.DossierDepot = window.FolderName();
+        m_session.settings.Write(section, key, state.DossierDepot);
+    }
+    QString user = m_session.desktop.user.LoginName();
+    if (user.isEmpty())
+        user = QStringLiteral("Inconnu");
+    const QString deposit = WithSeparator(state.DossierResultats) + state.DossierDepot.trimmed();
+    // One password for all pupils: an empty file until a teacher sets one.
+    QFile password(deposit + QStringLiteral("/MotDePasse.txt"));
+    if (!password.open(QIODevice::Append)) {
+        throw FatalFault(
+            QStringLiteral(
+                "le fichier du mot de passe ne peut pas être ouvert dans le dossier de dépôt (%1).\n"
+                "Vérifiez ce dossier, ou corrigez le réglage « Dossier Dépôt » (section « Réseau ») du "
+                "fichier %2")
+                .arg(password.errorString(), state.IniUtilisateur),
+            password.fileName(), 0, {});
+    }
+    return deposit + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
+}
+
+QString NetworkJournalName(const QString& user, const QDateTime& now)
+{
+    const QDate day = now.date();
+    const QTime time = now.time();
+    QString bareName = user;
+    bareName.replace(QLatin1Char('/'), QLatin1Char('_'));
+    return QStringLiteral("EQU_%1_").arg(bareName)
+        + QStringLiteral("%1_%2_%3_%4_%5.txt")
+              .arg(day.day())
+              .arg(day.month())
+              .arg(day.year())
+              .arg(time.hour())
+              .arg(time.minute());
+}
+
+void StartUp::OpenJournal()
+{
+    const SessionState& state = m_session.state;
+    const auto opened = m_session.journal.Open(state.FichierResultat);
+    if (opened)
+        return;
+    QString cause
+        = QStringLiteral("le fichier des résultats ne peut pas être ouvert (%1).").arg(opened.Reason());
+    if (state.ModeReseau) {
+        cause += QStringLiteral("\nVérifiez le dossier de dépôt, ou corrigez le réglage « Dossier Dépôt » "
+                                "(section « Réseau ») du fichier %1")
+                     .arg(state.IniUtilisateur);
+    }
+    throw FatalFault(cause, state.FichierResultat, 0, {});
+}
+
+void StartUp::ShowSplash()
+{
+    m_mainWindow.show();
+    frmSplash splash(m_session.desktop.folders.Program(), m_session.desktop.user.RealName(), &m_mainWindow);
+    splash.exec();
+}
+
+void StartUp::ShowTip()
+{
+    const QString key = QStringLiteral("Show Tips at Startup");
+    const QString value = m_session.settings.Read(Options(), key);
+    const bool shows = value.isEmpty() || value == QLatin1String("1");
+    m_session.settings.Write(Options(), key, shows ? QStringLiteral("1") : QStringLiteral("0"));
+    if (shows)
+        Q_EMIT TipAsked();
+}
+
+void StartUp::PresetBubbles()
+{
+    const QString key = QStringLiteral("Show info-bulles at Startup");
+    if (m_session.settings.Read(Options(), key).isEmpty())
+        m_session.settings.Write(Options(), key, QStringLiteral("1"));
+}
+
+} // namespace stoikal

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+namespace stoikal {
+
+class frmStoikal;
+struct Session;
+
+/// All that a run of the program needs before the user acts, in a fixed order.
+class StartUp final : public QObject
+{
+    Q_OBJECT
+
+public:
+    StartUp(Session& session, frmStoikal& mainWindow);
+
+    /// Runs all steps; comes back once the splash and the tip are gone. A journal
+    /// that cannot be opened is a FatalFault.
+    void Run();
+
+    /// The steps reached so far, in order.
+    const QStringList& Steps() const { return m_steps; }
+
+Q_SIGNALS:
+    /// The tip of the day is due.
+    void TipAsked();
+
+private:
+    void CheckForNewVersion();
+    void TakeVersionFile(const QByteArray& bytes);
+    void SizeMainWindow();
+    void LoadBackground();
+    void FindJournal();
+    QString NetworkJournal();
+    void OpenJournal();
+    void ShowSplash();
+    void ShowTip();
+    void PresetBubbles();
+
+    Session& m_session;
+    frmStoikal& m_mainWindow;
+    QStringList m_steps;
+};
+
+/// The name of a network journal, one a start: "EQU_dupont_5_3_2016_14_7.txt".
+QString NetworkJournalName(const QString& user, const QDateTime& now);
+
+} // namespace stoikal

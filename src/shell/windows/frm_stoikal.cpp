@@ -1,0 +1,168 @@
+#include "shell/windows/frm_stoikal.h"
+
+#include "forms/colours.h"
+#include "forms/form.h"
+#include "shell/menu_tree.h"
+#include "shell/product.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+
+namespace stoikal {
+namespace {
+
+/// The area of the child windows, with the background picture scaled to fill it.
+class MainArea final : public QMdiArea
+{
+public:
+    using QMdiArea::QMdiArea;
+    QPixmap picture;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(viewport());
+        painter.fillRect(viewport()->rect(), background());
+        if (picture.isNull())
+            return;
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        const QSize filled = picture.size().scaled(viewport()->size(), Qt::KeepAspectRatioByExpanding);
+        QRect target(QPoint(), filled);
+        // The signature stands at the lower right: what is cut off is cut elsewhere.
+        target.moveBottomRight(viewport()->rect().bottomRight());
+        painter.drawPixmap(target, picture);
+    }
+};
+
+} // namespace
+
+frmStoikal::frmStoikal(MenuState& state)
+    : m_state(state)
+    , m_area(new MainArea(this))
+{
+    setObjectName(QStringLiteral("frmStoikal"));
+    setWindowTitle(product::Caption());
+    m_area->setObjectName(QStringLiteral("mdiArea"));
+    m_area->setAccessibleName(QStringLiteral("Espace de travail"));
+    m_area->setBackground(colours::kGround);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(m_area);
+    for (const MenuNode& node : MenuTree()) {
+        QMenu* const menu = menuBar()->addMenu(node.caption);
+        menu->setObjectName(node.name);
+        menu->menuAction()->setObjectName(node.name);
+        if (node.name == QLatin1String("Mnu_View"))
+            m_viewMenu = menu;
+        AddNodes(*menu, node.children);
+    }
+    connect(m_viewMenu, &QMenu::aboutToShow, this, &frmStoikal::ListChildren);
+    connect(&m_state, &MenuState::Changed, this, &frmStoikal::ShowEntry);
+    for (auto place = m_actions.constBegin(); place != m_actions.constEnd(); ++place)
+        ShowEntry(place.key());
+    setMouseTracking(true);
+    m_area->viewport()->setMouseTracking(true);
+    m_area->viewport()->installEventFilter(this);
+    menuBar()->setMouseTracking(true);
+    menuBar()->installEventFilter(this);
+}
+
+void frmStoikal::AddNodes(QMenu& menu, const std::vector<MenuNode>& nodes)
+{
+    for (const MenuNode& node : nodes) {
+        if (node.IsSeparator()) {
+            menu.addSeparator()->setObjectName(node.name);
+        } else if (node.children.empty()) {
+            AddEntry(menu, node);
+        } else {
+            QMenu* const sub = menu.addMenu(node.caption);
+            sub->setObjectName(node.name);
+            sub->menuAction()->setObjectName(node.name);
+            m_actions.insert(node.name, sub->menuAction());
+            AddNodes(*sub, node.children);
+        }
+    }
+}
+
+void frmStoikal::AddEntry(QMenu& menu, const MenuNode& node)
+{
+    QAction* const action = menu.addAction(node.caption);
+    action->setObjectName(node.name);
+    action->setMenuRole(QAction::NoRole);
+    action->setCheckable(node.canBeMarked);
+    m_actions.insert(node.name, action);
+    const QString name = node.name;
+    connect(action, &QAction::triggered, this, [this, name] {
+        // The mark follows the model alone: a click does not set it by itself.
+        ShowEntry(name);
+        Q_EMIT EntryChosen(name);
+    });
+}
+
+void frmStoikal::ShowEntry(const QString& name)
+{
+    QAction* const action = m_actions.value(name);
+    if (action == nullptr)
+        return;
+    const MenuState::Entry entry = m_state.All().value(name);
+    action->setEnabled(entry.enabled && !EntriesWithoutWindow().contains(name));
+    action->setVisible(entry.visible);
+    action->setText(entry.caption);
+    if (action->isCheckable())
+        action->setChecked(entry.checked);
+}
+
+void frmStoikal::ListChildren()
+{
+    qDeleteAll(m_childActions);
+    m_childActions.clear();
+    int number = 0;
+    const auto children = m_area->subWindowList();
+    for (QMdiSubWindow* const child : children) {
+        if (!child->isVisible())
+            continue;
+        if (m_childActions.isEmpty())
+            m_childActions << m_viewMenu->addSeparator();
+        QAction* const action
+            = m_viewMenu->addAction(QStringLiteral("&%1 %2").arg(++number).arg(child->windowTitle()));
+        action->setObjectName(QStringLiteral("Mnu_Fenetre(%1)").arg(number));
+        connect(action, &QAction::triggered, m_area, [this, child] { m_area->setActiveSubWindow(child); });
+        m_childActions << action;
+    }
+}
+
+void frmStoikal::SetBackground(const QPixmap& picture)
+{
+    static_cast<MainArea*>(m_area)->picture = picture;
+    m_area->viewport()->update();
+}
+
+void frmStoikal::AddChild(Form* form)
+{
+    auto* const child
+        = new QMdiSubWindow(m_area, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    child->setWidget(form);
+    child->setAttribute(Qt::WA_DeleteOnClose);
+    m_area->addSubWindow(child);
+    child->show();
+}
+
+void frmStoikal::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    Q_EMIT CloseAsked();
+}
+
+bool frmStoikal::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseMove)
+        Q_EMIT MouseMovedOver();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace stoikal

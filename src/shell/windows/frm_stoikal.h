@@ -1,0 +1,57 @@
+#pragma once
+
+#include "forms/menu_state.h"
+
+#include <QMainWindow>
+#include <QPixmap>
+
+class QMdiArea;
+class QMenu;
+
+namespace stoikal {
+
+class Form;
+struct MenuNode;
+
+/// The main window: the menu bar and the area of the child windows. The menus
+/// only show the menu state and say which entry was chosen; what it means is
+/// the shell's matter.
+class frmStoikal final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit frmStoikal(MenuState& state);
+
+    void SetBackground(const QPixmap& picture);
+
+    /// The area of the child windows.
+    QMdiArea& Area() { return *m_area; }
+
+    /// Puts a form into the area as a child window that the user cannot close
+    /// unless the form lets him.
+    void AddChild(Form* form);
+
+Q_SIGNALS:
+    void EntryChosen(const QString& name);
+    void CloseAsked();
+    void MouseMovedOver();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void AddNodes(QMenu& menu, const std::vector<MenuNode>& nodes);
+    void AddEntry(QMenu& menu, const MenuNode& node);
+    void ShowEntry(const QString& name);
+    void ListChildren();
+
+    MenuState& m_state;
+    QMdiArea* m_area;
+    QHash<QString, QAction*> m_actions;
+    QMenu* m_viewMenu = nullptr;
+    QList<QAction*> m_childActions;
+};
+
+} // namespace stoikal

@@ -1,0 +1,244 @@
+#include "tools/windows/frm_chrono.h"
+
+#include "base/session_state.h"
+#include "forms/colours.h"
+#include "forms/style.h"
+#include "platform/doors.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QRegion>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace stoikal {
+namespace {
+
+constexpr int kTickMs = 100;
+const QColor kCase(0xC9, 0xD8, 0xF0); ///< the ordinary colour of the watch
+const QColor kAlarm(255, 0, 0);
+
+} // namespace
+
+frmChrono::frmChrono(SessionState& session, Clock& clock, Sound& sound, QChar separator, QWidget* parent)
+    : Form(QStringLiteral("frmChrono"), QStringLiteral("Chronomètre"), Kind::Tool, parent)
+    , m_session(session)
+    , m_clock(clock)
+    , m_sound(sound)
+    , m_separator(separator)
+    , m_stopwatch(clock.CountsPerSecond())
+    , tmrChrono(Named(new QTimer(this), QStringLiteral("tmrChrono")))
+{
+    setWindowFlag(Qt::FramelessWindowHint);
+    StayOnPaper(*this);
+    BuildControls();
+    PlaceControls();
+    SetBackColour(kCase);
+    tmrChrono->setInterval(kTickMs);
+    connect(tmrChrono, &QTimer::timeout, this, &frmChrono::tmrChrono_Timer);
+    lblTime->setText(StopwatchReading(0, m_separator));
+    ShowState();
+}
+
+void frmChrono::BuildControls()
+{
+    lblEcran = Named(new QLabel(this), QStringLiteral("lblEcran"));
+    lblEcran->setFrameShape(QFrame::StyledPanel);
+    lblEcran->setAutoFillBackground(true);
+    QPalette screen = lblEcran->palette();
+    screen.setColor(QPalette::Window, QColor(0xE6, 0xEE, 0xDD));
+    lblEcran->setPalette(screen);
+
+    lblTime = Named(new QLabel(lblEcran), QStringLiteral("lblTime"), QStringLiteral("Temps"));
+    QFont digits(QStringLiteral("Liberation Sans"));
+    digits.setStyleHint(QFont::SansSerif);
+    digits.setPointSize(22);
+    digits.setBold(true);
+    lblTime->setFont(digits);
+    lblTime->setAlignment(Qt::AlignCenter);
+
+    lblOnOff = Named(new QLabel(QStringLiteral("MARCHE"), lblEcran), QStringLiteral("lblOnOff"));
+    lblStop = Named(new QLabel(QStringLiteral("STOP"), lblEcran), QStringLiteral("lblStop"));
+    lblAlarme = Named(new QLabel(QStringLiteral("ALARME"), lblEcran), QStringLiteral("lblAlarme"));
+    QFont small = font();
+    small.setPointSizeF(8);
+    small.setBold(true);
+    for (QLabel* const label : {lblOnOff, lblStop, lblAlarme})
+        label->setFont(small);
+
+    chkStart_Stop = Named(new QToolButton(this), QStringLiteral("chkStart_Stop"),
+                          QStringLiteral("Démarrer ou suspendre"));
+    chkStart_Stop->setText(QStringLiteral("Marche"));
+    chkStart_Stop->setCheckable(true);
+    chkAlarme = Named(new QToolButton(this), QStringLiteral("chkAlarme"), QStringLiteral("Alarme"));
+    chkAlarme->setText(QStringLiteral("Alarme"));
+    chkAlarme->setCheckable(true);
+    chkAlarme->setToolTip(QStringLiteral("Pour déclencher l'alarme."));
+    sldAlarme = Named(new QSlider(Qt::Horizontal, this), QStringLiteral("sldAlarme"),
+                      QStringLiteral("Intervalle de l'alarme en secondes"));
+    sldAlarme->setRange(1, 10);
+    sldAlarme->setValue(5);
+    sldAlarme->setPageStep(1);
+    sldAlarme->setTickPosition(QSlider::TicksBelow);
+    sldAlarme->setToolTip(QStringLiteral("Pour augmenter ou diminuer l'intervalle de temps"));
+    Label1 = Named(new QLabel(QStringLiteral("1s         5s           10s"), this), QStringLiteral("Label1"));
+    QFont scale = font();
+    scale.setPointSizeF(8);
+    Label1->setFont(scale);
+    cmdRAZ = Named(new QPushButton(QStringLiteral("RAZ"), this), QStringLiteral("cmdRAZ"),
+                   QStringLiteral("Remise à zéro"));
+    cmdRAZ->setToolTip(QStringLiteral("Pour remettre à zéro le chronomètre."));
+    cmdEnd = Named(new QPushButton(QStringLiteral("Fermer"), this), QStringLiteral("cmdEnd"),
+                   QStringLiteral("Fermer le chronomètre"));
+    cmdEnd->setToolTip(QStringLiteral("Pour fermer le chronomètre."));
+    for (QToolButton* const button : {chkStart_Stop, chkAlarme})
+        button->setFocusPolicy(Qt::StrongFocus);
+
+    // A program's change of the start button counts as a click, as by hand.
+    connect(chkStart_Stop, &QToolButton::toggled, this, &frmChrono::chkStart_Stop_Click);
+    connect(chkAlarme, &QToolButton::toggled, this, &frmChrono::chkAlarme_Click);
+    connect(sldAlarme, &QSlider::valueChanged, this, [this](int seconds) {
+        sldAlarme->setToolTip(
+            QStringLiteral("Pour augmenter ou diminuer l'intervalle de temps (%1 s)").arg(seconds));
+    });
+    connect(cmdRAZ, &QPushButton::clicked, this, &frmChrono::cmdRAZ_Click);
+    connect(cmdEnd, &QPushButton::clicked, this, &frmChrono::CloseAsked);
+}
+
+void frmChrono::PlaceControls()
+{
+    // Everything stands inside the ellipse that the window is cut to.
+    resize(300, 240);
+    lblEcran->setGeometry(75, 26, 150, 70);
+    lblTime->setGeometry(2, 18, 146, 50);
+    lblStop->setGeometry(8, 3, 60, 16);
+    lblOnOff->setGeometry(8, 3, 60, 16);
+    lblAlarme->setGeometry(82, 3, 62, 16);
+    lblAlarme->setAlignment(Qt::AlignRight);
+    chkStart_Stop->setGeometry(42, 104, 72, 28);
+    cmdRAZ->setGeometry(122, 104, 56, 28);
+    chkAlarme->setGeometry(186, 104, 72, 28);
+    sldAlarme->setGeometry(75, 138, 150, 24);
+    Label1->setGeometry(75, 162, 150, 16);
+    Label1->setAlignment(Qt::AlignCenter);
+    cmdEnd->setGeometry(110, 184, 80, 28);
+}
+
+void frmChrono::SetBackColour(const QColor& colour)
+{
+    QPalette wanted = palette();
+    if (wanted.color(QPalette::Window) == colour)
+        return;
+    wanted.setColor(QPalette::Window, colour);
+    setPalette(wanted);
+}
+
+void frmChrono::SetButtonsEnabled(bool enabled)
+{
+    cmdRAZ->setEnabled(enabled);
+    chkStart_Stop->setEnabled(enabled);
+}
+
+void frmChrono::chkStart_Stop_Click()
+{
+    m_stopwatch.StartOrSuspend(m_clock.Counter());
+    ShowState();
+}
+
+void frmChrono::chkAlarme_Click()
+{
+    if (!chkAlarme->isChecked())
+        SetBackColour(kCase);
+    ShowState();
+}
+
+void frmChrono::cmdRAZ_Click()
+{
+    m_stopwatch.Reset();
+    m_session.BankedSeconds = 0;
+    m_session.ElapsedSeconds = 0;
+    lblTime->setText(StopwatchReading(0, m_separator));
+    SetBackColour(kCase);
+    ShowState();
+}
+
+void frmChrono::StartRun()
+{
+    m_stopwatch.RestartFrom(m_clock.Counter());
+    ShowState();
+}
+
+void frmChrono::StopRun()
+{
+    if (!IsRunning())
+        return;
+    m_stopwatch.StartOrSuspend(m_clock.Counter());
+    ShowState();
+}
+
+void frmChrono::tmrChrono_Timer()
+{
+    m_session.ElapsedSeconds = m_stopwatch.SecondsAt(m_clock.Counter(), m_session.BankedSeconds);
+    lblTime->setText(StopwatchReading(m_session.ElapsedSeconds, m_separator));
+    if (!chkAlarme->isChecked())
+        return;
+    if (AlarmSounds(m_session.ElapsedSeconds, sldAlarme->value())) {
+        m_sound.Beep();
+        SetBackColour(kAlarm);
+    } else {
+        SetBackColour(kCase);
+    }
+}
+
+void frmChrono::ShowState()
+{
+    const Stopwatch::State state = m_stopwatch.CurrentState();
+    const bool isRunning = state == Stopwatch::State::Running;
+    lblOnOff->setVisible(isRunning);
+    lblStop->setVisible(!isRunning);
+    lblStop->setText(state == Stopwatch::State::Suspended ? QStringLiteral("ARRET") : QStringLiteral("STOP"));
+    lblAlarme->setVisible(chkAlarme->isChecked());
+    chkStart_Stop->setToolTip(isRunning ? QStringLiteral("Pour suspendre le chronomètre.")
+                                        : QStringLiteral("Pour démarrer le chronomètre."));
+    const QSignalBlocker quiet(chkStart_Stop);
+    chkStart_Stop->setChecked(isRunning);
+    if (isRunning && !tmrChrono->isActive())
+        tmrChrono->start();
+    else if (!isRunning)
+        tmrChrono->stop();
+}
+
+void frmChrono::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    painter.setPen(QPen(colours::kInk, 2));
+    painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+}
+
+void frmChrono::resizeEvent(QResizeEvent* event)
+{
+    Form::resizeEvent(event);
+    if (!isMinimized())
+        setMask(QRegion(rect(), QRegion::Ellipse));
+}
+
+void frmChrono::mousePressEvent(QMouseEvent* event)
+{
+    // Without a title bar the watch is moved by its case.
+    m_grip = event->globalPosition().toPoint() - pos();
+}
+
+void frmChrono::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        move(event->globalPosition().toPoint() - m_grip);
+}
+
+} // namespace stoikal

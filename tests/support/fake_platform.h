@@ -1,0 +1,151 @@
+#pragma once
+
+#include "platform/doors.h"
+
+#include <QStringList>
+#include <deque>
+#include <gtest/gtest.h>
+
+namespace stoikal {
+
+/// Ten counts a second; both clocks stand still until the test moves them.
+struct FakeClock final : Clock {
+    std::int64_t counter = 0;
+    QDateTime now{QDate(2016, 3, 5), QTime(14, 7, 12)};
+    std::int64_t Counter() const override { return counter; }
+    std::int64_t CountsPerSecond() const override { return 10; }
+    QDateTime Now() const override { return now; }
+};
+
+struct FakeFolders final : Folders {
+    QString appData;
+    QString documents;
+    QString program;
+    QStringList seeds;
+    QString networkRoot;
+    QString cache;
+    QString CommonAppData() const override { return appData; }
+    QString CommonDocuments() const override { return documents; }
+    QString Program() const override { return program; }
+    QStringList SeedFiles() const override { return seeds; }
+    QString NetworkRoot() const override { return networkRoot; }
+    QString Cache() const override { return cache; }
+};
+
+struct FakeUser final : UserAccount {
+    QString login = QStringLiteral("dupont");
+    QString realName = QStringLiteral("Paul Dupont");
+    QString LoginName() const override { return login; }
+    QString RealName() const override { return realName; }
+};
+
+struct FakeRegional final : Regional {
+    QChar separator = QLatin1Char(',');
+    QChar DecimalSeparator() const override { return separator; }
+};
+
+struct FakeScreen final : Screen {
+    QRect area{0, 0, 1024, 768};
+    int width = 1024;
+    QRect WorkArea() const override { return area; }
+    int Width() const override { return width; }
+};
+
+struct FakeSound final : Sound {
+    int beeps = 0;
+    void Beep() override { ++beeps; }
+};
+
+/// Each opening needs a prepared answer: a choice, or nothing for a cancel.
+struct FakeDialogs final : Dialogs {
+    std::vector<Request> asked;
+    std::deque<std::optional<Choice>> answers;
+    ~FakeDialogs() override { EXPECT_TRUE(answers.empty()) << "a file was never asked for"; }
+    std::optional<Choice> OpenFile(QWidget*, const Request& request) override
+    {
+        asked.push_back(request);
+        if (answers.empty()) {
+            ADD_FAILURE() << "unexpected file dialog";
+            return std::nullopt;
+        }
+        auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
+
+struct FakePrograms final : Programs {
+    bool canStart = true;
+    bool runs = false;
+    int closed = 0;
+    bool StartCalculator() override
+    {
+        runs = canStart;
+        return canStart;
+    }
+    bool CalculatorRuns() const override { return runs; }
+    void CloseCalculator() override
+    {
+        ++closed;
+        runs = false;
+    }
+};
+
+struct FakeBrowser final : Browser {
+    bool online = true;
+    bool canOpen = true;
+    QStringList opened;
+    bool IsOnline() const override { return online; }
+    bool Open(const QString& address) override
+    {
+        opened << address;
+        return canOpen;
+    }
+};
+
+/// Keeps the requests; the test answers when it likes.
+struct FakeWebFetch final : WebFetch {
+    QString site;
+    QStringList asked;
+    std::function<void(const QByteArray&)> onSuccess;
+    QString Site() const override { return site; }
+    void Get(const QString& address, std::function<void(const QByteArray&)> callback) override
+    {
+        asked << address;
+        onSuccess = std::move(callback);
+    }
+};
+
+struct FakeClipboard final : Clipboard {
+    QString text;
+    void SetText(const QString& newText) override { text = newText; }
+};
+
+struct FakeRandomness final : Randomness {
+    double next = 0;
+    double Uniform() override { return next; }
+};
+
+/// A desktop that only records what was asked.
+struct FakePlatform {
+    FakeClock clock;
+    FakeFolders folders;
+    FakeUser user;
+    FakeRegional regional;
+    FakeScreen screen;
+    FakeSound sound;
+    FakeDialogs dialogs;
+    FakePrograms programs;
+    FakeBrowser browser;
+    FakeWebFetch web;
+    FakeClipboard clipboard;
+    FakeRandomness randomness;
+
+    Platform Doors()
+    {
+        return {clock,   folders,  user,    regional, screen,    sound,
+                dialogs, programs, browser, web,      clipboard, randomness};
+    }
+};
+
+} // namespace stoikal

@@ -84,11 +84,14 @@ void SettingsStore::Rewrite(const QString& file, Change change)
         return;
     ProfileText text(ReadWhole(file));
     change(text);
+    // Unbuffered, since a buffered file reports a full disk too late and would be
+    // put in the place of the old one cut short.
     QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly))
+    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return;
-    target.write(text.ToBytes());
-    target.commit();
+    const QByteArray bytes = text.ToBytes();
+    if (target.write(bytes) == bytes.size())
+        target.commit();
 }
 
 void SettingsStore::WriteSetting(const QString& file, const QString& section, const QString& key,

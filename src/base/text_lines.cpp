@@ -54,7 +54,8 @@ QByteArray EncodeLine(const QString& line)
             return line.toUtf8();
         bytes += static_cast<char>(0x80 + (place - kUpperPage.begin()));
     }
-    return bytes;
+    // A line such as "Ã©" would read back as the UTF-8 of another text.
+    return DecodeLine(bytes) == line ? bytes : line.toUtf8();
 }
 
 QByteArray NormaliseTextBytes(const QByteArray& bytes)

@@ -37,11 +37,17 @@ QFont SpeciesLabel::FontOf(Height height) const
     return small;
 }
 
+QString SpeciesLabel::Drawn(const Run& run)
+{
+    return run.height == Height::Superscript ? QString(run.text).replace(QLatin1Char('-'), QChar(0x2212))
+                                             : run.text;
+}
+
 double SpeciesLabel::DrawnWidth() const
 {
     double width = 0;
     for (const Run& run : m_runs)
-        width += QFontMetricsF(FontOf(run.height)).horizontalAdvance(run.text);
+        width += QFontMetricsF(FontOf(run.height)).horizontalAdvance(Drawn(run));
     return width;
 }
 
@@ -58,8 +64,10 @@ void SpeciesLabel::paintEvent(QPaintEvent* /*event*/)
             : run.height == Height::Superscript               ? -metrics.capHeight() * 0.48
                                                               : 0;
         painter.setFont(runFont);
-        painter.drawText(QPointF(x, baseLine + offset), run.text);
-        x += QFontMetricsF(runFont).horizontalAdvance(run.text);
+        // A raised hyphen would hardly be seen: the true minus sign is drawn for it.
+        const QString drawn = Drawn(run);
+        painter.drawText(QPointF(x, baseLine + offset), drawn);
+        x += QFontMetricsF(runFont).horizontalAdvance(drawn);
     }
 }
 

@@ -33,6 +33,7 @@ private:
         Height height;
     };
     QFont FontOf(Height height) const;
+    static QString Drawn(const Run& run);
 
     std::vector<Run> m_runs;
 };

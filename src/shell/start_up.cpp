@@ -79,11 +79,9 @@ void StartUp::TakeVersionFile(const QByteArray& bytes)
     const QString folder = m_session.desktop.folders.Cache();
     QDir().mkpath(folder);
     QSaveFile copy(folder + QStringLiteral("/Delete_Me.txt"));
-    if (copy.open(QIODevice::WriteOnly)) {
-        copy.write(bytes);
-        // The copy is a courtesy: the check goes on without it.
+    // The copy is a courtesy: the check goes on without it.
+    if (copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && copy.write(bytes) == bytes.size())
         copy.commit();
-    }
     const QString remote = RemoteVersion(QString::fromUtf8(bytes));
     if (!IsNewer(remote, product::MajorMinor()))
         return;

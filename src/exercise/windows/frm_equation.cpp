@@ -101,7 +101,8 @@ void frmEquation::BuildScoreRow()
     // The flash said in words, for those who do not tell red from green.
     lblVerdict
         = Named(new QLabel(this), QStringLiteral("lblVerdict"), QStringLiteral("Résultat de la réponse"));
-    lblVerdict->setAlignment(Qt::AlignCenter);
+    lblVerdict->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    lblVerdict->setWordWrap(true);
     connect(cmdOther, &QPushButton::clicked, this, &frmEquation::cmdOther_Click);
     connect(cmdNext, &QPushButton::clicked, this, &frmEquation::ReadNextEquation);
 }
@@ -215,7 +216,8 @@ void frmEquation::PlaceControls()
     }
     imgFleche->setGeometry(ToPixels(layout.arrowLeft), top, ToPixels(widths.arrow), height);
     // Small letters of a larger type may need more than the height told.
-    const int least = top + height + 2 * (cmdOther->sizeHint().height() + 8) + 8;
+    const int least
+        = top + height + cmdOther->sizeHint().height() + 2 * lblVerdict->fontMetrics().lineSpacing() + 16;
     setFixedSize(ToPixels(layout.width), std::max(ToPixels(layout.height), least));
     PlaceScoreRow(top + height);
 }
@@ -241,8 +243,8 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     cmdNext->setVisible(isProgress && !m_doors.session.SerieExercices);
     cmdNext->setGeometry((width() - cmdNext->sizeHint().width()) / 2, ToPixels(kTableButtonsTop),
                          cmdNext->sizeHint().width(), rowHeight);
-    lblVerdict->setGeometry(margin, rowTop + rowHeight + 8, width() - 2 * margin,
-                            lblVerdict->fontMetrics().height() + 6);
+    const int verdictTop = rowTop + rowHeight + 6;
+    lblVerdict->setGeometry(margin, verdictTop, width() - 2 * margin, height() - verdictTop - 2);
 }
 
 void frmEquation::PlaceInWorkArea()
@@ -368,7 +370,7 @@ void frmEquation::ShowWrong(bool solutionIsShown)
     ShowScore();
     StartFlash(colours::kFlashWrong,
                solutionIsShown ? QStringLiteral("Réponse fausse. Voici la solution : validez pour continuer.")
-                               : QStringLiteral("Réponse fausse : 2 points de moins. Recommencez."));
+                               : QStringLiteral("Réponse fausse : 2 points de moins."));
     WriteResultLine();
     if (!solutionIsShown) {
         EmptyCoefficients();

@@ -1,0 +1,204 @@
+"""A desk for the real program: an X server of its own, a window manager, a fresh
+home, real keys and clicks, pictures of the screen."""
+
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PROGRAM = ROOT / "build" / "release" / "stoikal"
+
+
+class JourneyError(Exception):
+    pass
+
+
+def run(*words, env=None, check=True):
+    done = subprocess.run([str(word) for word in words], env=env, capture_output=True, text=True, check=False)
+    if check and done.returncode != 0:
+        raise JourneyError(f"{' '.join(map(str, words))}: {done.stderr.strip() or done.stdout.strip()}")
+    return done.stdout
+
+
+def wait_for(what, look, seconds=15.0):
+    """The first true answer of `look`, asked every 50 ms."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        found = look()
+        if found:
+            return found
+        time.sleep(0.05)
+    raise JourneyError(f"waited in vain for {what}")
+
+
+def coefficients_of(line):
+    """The coefficients that an equation line gives, in order."""
+    return line.split("/")[1].split("#")[0].split(",")
+
+
+def equations_of(path):
+    text = path.read_bytes().decode("cp1252")
+    return [line.replace(" ", "") for line in text.splitlines() if line and not line.lstrip(" ").startswith("'")]
+
+
+class Stage:
+    def __init__(self, size="1024x768", pictures=None, locale="C.UTF-8"):
+        self.size = size
+        self.pictures = pathlib.Path(pictures) if pictures else None
+        self.locale = locale
+        self.picture_number = 0
+        self.processes = []
+        self.program = None
+
+    def __enter__(self):
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="stoikal-journey-"))
+        read_end, write_end = os.pipe()
+        self.processes.append(
+            subprocess.Popen(
+                ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp"],
+                pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        os.close(write_end)
+        with os.fdopen(read_end) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise JourneyError("no X server")
+        self.env = {
+            "PATH": os.environ["PATH"], "HOME": str(self.home), "DISPLAY": f":{number}", "LC_ALL": self.locale,
+            "STOIKAL_APPDATA_DIR": str(self.home / "app"), "STOIKAL_DOCUMENTS_DIR": str(self.home / "documents"),
+            "STOIKAL_USER": "dupont", "QT_QPA_PLATFORM": "xcb",
+        }
+        self.processes.append(
+            subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        wait_for("the window manager", lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in
+                 run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK", env=self.env, check=False))
+        return self
+
+    def __exit__(self, kind, value, trace):
+        if kind is not None and self.pictures is None:
+            self.pictures = pathlib.Path(tempfile.mkdtemp(prefix="stoikal-failed-"))
+            self.picture("failed")
+            print(f"   screen and folders kept: {self.pictures}, {self.home}")
+        if self.program and self.program.poll() is None:
+            self.program.kill()
+        for process in reversed(self.processes):
+            process.send_signal(signal.SIGTERM)
+            process.wait(5)
+        if kind is None:
+            shutil.rmtree(self.home, ignore_errors=True)
+
+    # Files
+
+    @property
+    def folder(self):
+        """Where the equation files, the journal and the high scores live."""
+        return self.home / "documents" / "Tovik_MARLEN" / "Stoikal"
+
+    def text(self, name):
+        return (self.folder / name).read_bytes().decode("cp1252")
+
+    # The program
+
+    def start_only(self):
+        self.output = open(self.home / "output.log", "wb")
+        self.program = subprocess.Popen([str(PROGRAM)], env=self.env, stdout=self.output, stderr=self.output)
+
+    def start(self):
+        self.start_only()
+        self.window("Stoikal v")
+        wait_for("the end of the splash", lambda: not self._find("^Stoikal$"), 20)
+        self.picture("start")
+
+    def wait_end(self, seconds=10):
+        return self.program.wait(seconds)
+
+    # Windows, keys, mouse
+
+    def _find(self, pattern):
+        # A name is matched as an expression; the sign ° and accents stay as they are.
+        found = run("xdotool", "search", "--onlyvisible", "--name", pattern, env=self.env, check=False).split()
+        return found[-1] if found else None
+
+    def window(self, title, seconds=15):
+        """The window whose title begins so, with the keyboard."""
+        found = wait_for(f"the window {title!r}", lambda: self._find("^" + re.escape(title).replace("\\ ", " ")), seconds)
+        run("xdotool", "windowactivate", "--sync", found, env=self.env, check=False)
+        return found
+
+    def gone(self, title):
+        wait_for(f"the end of {title!r}", lambda: not self._find("^" + title))
+
+    def geometry(self, window):
+        """Left, top, width and height of the inside of a window on the screen."""
+        said = run("xwininfo", "-id", window, env=self.env)
+        names = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        return [int(re.search(name + r":\s+(-?\d+)", said)[1]) for name in names]
+
+    def click(self, window, x, y):
+        left, top, _, _ = self.geometry(window)
+        run("xdotool", "mousemove", "--sync", left + x, top + y, "click", 1, env=self.env)
+        time.sleep(0.1)
+
+    def width(self, window):
+        return self.geometry(window)[2]
+
+    def key(self, *keys):
+        for key in keys:
+            run("xdotool", "key", key, env=self.env)
+            time.sleep(0.06)
+
+    def type(self, text):
+        run("xdotool", "type", "--delay", "15", text, env=self.env)
+        time.sleep(0.1)
+
+    def picture(self, name):
+        if self.pictures is None:
+            return
+        self.pictures.mkdir(parents=True, exist_ok=True)
+        self.picture_number += 1
+        time.sleep(0.15)
+        run("import", "-window", "root", self.pictures / f"{self.picture_number:02d}_{name}.png", env=self.env)
+
+    # What a pupil does
+
+    def identify(self, name="DUPONT", first_name="Paul", form="3B"):
+        self.window("Qui êtes-vous")
+        self.type(name)
+        self.key("Tab")
+        self.type(first_name)
+        self.key("Tab")
+        self.type(form)
+        self.picture("identity")
+        self.key("alt+o")
+
+    def choose_file(self, path):
+        self.window("Ouvrir un fichier")
+        self.picture("file")
+        self.type(str(path))
+        self.key("Return")
+
+    def open_file(self, path, identify=True):
+        self.window("Stoikal v")
+        self.key("alt+f", "o")
+        if identify:
+            self.identify()
+        self.choose_file(path)
+
+    def answer(self, number, coefficients, picture=None):
+        """Types the coefficients of an equation and validates with the mouse."""
+        window = self.window(f"Equation n°{number}")
+        wait_for("the end of the flash", lambda: time.monotonic() > getattr(self, "quiet_from", 0))
+        self.click(window, 20, 24)
+        self.key("ctrl+a")
+        for place, coefficient in enumerate(coefficients):
+            if place:
+                self.key("Tab")
+            self.type(coefficient)
+        if picture:
+            self.picture(picture)
+        self.click(window, self.width(window) // 2, 68)
+        self.quiet_from = time.monotonic() + 1.7

@@ -117,10 +117,14 @@ double ReadNumber(QStringView text)
     if (number.size() == digitsFrom)
         return 0;
     double value = 0;
-    // What is too large for the type stays at the largest value with its sign.
     const auto result = std::from_chars(number.constData(), number.constData() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too large for the type is infinite with its sign, too small is nothing.
+        const QByteArray whole = number.sliced(digitsFrom).split('.').first();
+        if (whole.count('0') == whole.size())
+            return 0;
         return number.startsWith('-') ? -HUGE_VAL : HUGE_VAL;
+    }
     return value;
 }
 

@@ -2,10 +2,12 @@
 
 #include "base/file_lock.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <optional>
 #include <sys/stat.h>
 
 namespace stoikal {
@@ -37,10 +39,26 @@ Stamp StampOf(const QByteArray& encodedPath)
     return {true, status.st_dev, status.st_ino, status.st_size, status.st_mtim};
 }
 
-QByteArray ReadWhole(const QString& path)
+/// The clock of a file system goes in steps: two changes within one step have
+/// the same time. A copy is trusted only when the file's last change lay a good
+/// while behind its reading (a time in the future never does).
+bool IsSettled(const Stamp& stamp)
+{
+    constexpr std::int64_t kLongestStepMs = 100;
+    const std::int64_t changedMs
+        = std::int64_t{stamp.changed.tv_sec} * 1000 + stamp.changed.tv_nsec / 1000000;
+    return !stamp.exists || QDateTime::currentMSecsSinceEpoch() - changedMs > kLongestStepMs;
+}
+
+/// The bytes of a file; none for a file that is not there, nothing for one that
+/// is there and cannot be read.
+std::optional<QByteArray> ReadWhole(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly))
+        return file.exists() ? std::nullopt : std::optional(QByteArray());
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
 }
 
 } // namespace
@@ -48,6 +66,7 @@ QByteArray ReadWhole(const QString& path)
 struct SettingsStore::Copy {
     QByteArray encodedPath;
     Stamp stamp;
+    bool isSettled = true;
     ProfileText text;
 };
 
@@ -62,8 +81,9 @@ const ProfileText& SettingsStore::Current(const QString& file) const
         copy->encodedPath = QFile::encodeName(file);
     }
     const Stamp stamp = StampOf(copy->encodedPath);
-    if (!(stamp == copy->stamp)) {
-        copy->text = ProfileText(ReadWhole(file));
+    if (!(stamp == copy->stamp) || !copy->isSettled) {
+        copy->isSettled = IsSettled(stamp);
+        copy->text = ProfileText(ReadWhole(file).value_or(QByteArray()));
         copy->stamp = stamp;
     }
     return copy->text;
@@ -82,7 +102,11 @@ void SettingsStore::Rewrite(const QString& file, Change change)
     const FileLock lock(file, kLockWaitMs);
     if (!lock.IsHeld())
         return;
-    ProfileText text(ReadWhole(file));
+    const std::optional<QByteArray> old = ReadWhole(file);
+    // What cannot be read would be lost with its replacement.
+    if (!old)
+        return;
+    ProfileText text(*old);
     change(text);
     // Unbuffered, since a buffered file reports a full disk too late and would be
     // put in the place of the old one cut short.

@@ -11,7 +11,7 @@ namespace stoikal {
 
 /// Where the window of the charge totals opens, all in twips from the corner of
 /// the work area: at its remembered place, else centred above the exercise;
-/// never outside the work area and never over the exercise.
+/// never outside the work area, and off the exercise where the room allows it.
 struct ChargePlaceInput {
     QString leftSetting;
     QString topSetting;

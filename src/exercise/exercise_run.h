@@ -48,8 +48,8 @@ public:
     bool IsOpen() const { return m_file.has_value(); }
 
     /// Moves to the next equation of the file and reads it into the session and
-    /// the record. A line that cannot be read is a FatalFault with its place; the
-    /// two faults of data are thrown as they are.
+    /// the record. A line that cannot be read is a FatalFault, whose place stands in
+    /// the session by then; the two faults of data are thrown as they are.
     Step ReadNextEquation();
 
     /// Counts the atoms of both sides with the coefficients as they stand in the

@@ -10,8 +10,34 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QPointer>
+#include <algorithm>
 
 namespace stoikal {
+
+namespace {
+
+/// A key with control, alt or the system's key is a command and no character.
+/// The third level of a keyboard is reported as control and alt together, or by
+/// a modifier of its own.
+bool IsCommand(Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers.testFlag(Qt::GroupSwitchModifier))
+        return false;
+    return modifiers.testFlag(Qt::MetaModifier)
+        || modifiers.testFlag(Qt::ControlModifier) != modifiers.testFlag(Qt::AltModifier);
+}
+
+/// The entry that pastes in a box's standard menu. It has no name there.
+QAction* FindPaste(const QMenu& menu)
+{
+    const auto actions = menu.actions();
+    const auto paste = std::find_if(actions.begin(), actions.end(), [](const QAction* action) {
+        return action->text().section(QLatin1Char('\t'), 0, 0) == QLineEdit::tr("&Paste");
+    });
+    return paste == actions.end() ? nullptr : *paste;
+}
+
+} // namespace
 
 FilterEdit::FilterEdit(QWidget* parent)
     : QLineEdit(parent)
@@ -47,15 +73,16 @@ void FilterEdit::keyPressEvent(QKeyEvent* event)
         return;
     }
     const QString text = event->text();
-    const bool isShortcut
-        = event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)
-        && !event->modifiers().testFlag(Qt::GroupSwitchModifier) && text.size() == 1
-        && !text.front().isPrint();
-    if (!text.isEmpty() && text.front().isPrint() && !isShortcut
-        && !(event->modifiers().testFlag(Qt::AltModifier)
-             && !event->modifiers().testFlag(Qt::ControlModifier))) {
+    const bool isText = !text.isEmpty() && text.front().category() != QChar::Other_Control;
+    if (isText && !IsCommand(event->modifiers())) {
         event->accept();
         InsertThroughFilter(text);
+        return;
+    }
+    // Of the other keys with a text the box itself knows those with control as
+    // commands; any further one it would type past the filter.
+    if (isText && (event->modifiers() | Qt::ShiftModifier) != (Qt::ControlModifier | Qt::ShiftModifier)) {
+        event->ignore();
         return;
     }
     QLineEdit::keyPressEvent(event);
@@ -98,8 +125,9 @@ void FilterEdit::contextMenuEvent(QContextMenuEvent* event)
 {
     QMenu* const menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* const paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
-        paste->disconnect();
+    if (QAction* const paste = FindPaste(*menu)) {
+        paste->setObjectName(QStringLiteral("edit-paste"));
+        disconnect(paste, &QAction::triggered, this, nullptr);
         connect(paste, &QAction::triggered, this, &FilterEdit::PasteThroughFilter);
     }
     menu->popup(event->globalPos());

@@ -25,6 +25,13 @@ void PictureSurface::SetScale(const QPointF& upperLeft, const QPointF& lowerRigh
     update();
 }
 
+void PictureSurface::ResetScale()
+{
+    m_hasScale = false;
+    m_twin = QImage();
+    update();
+}
+
 void PictureSurface::SetBackColour(const QColor& colour)
 {
     m_backColour = colour;
@@ -174,7 +181,8 @@ QColor PictureSurface::ColourAt(const QPoint& pixel) const
 {
     if (!rect().contains(pixel))
         return {};
-    if (m_twin.isNull()) {
+    // A hidden surface hears of its new size only when it is shown.
+    if (m_twin.size() != size()) {
         m_twin = QImage(size(), QImage::Format_RGB32);
         QPainter painter(&m_twin);
         painter.setRenderHint(QPainter::TextAntialiasing, false);

@@ -27,7 +27,7 @@ public:
     /// with a negative height, upwards. Without a call: twips, 15 to a pixel.
     void SetScale(const QPointF& upperLeft, const QPointF& lowerRight);
     /// Back to twips.
-    void ResetScale() { m_hasScale = false; }
+    void ResetScale();
 
     void SetBackColour(const QColor& colour);
     QColor BackColour() const { return m_backColour; }

@@ -39,6 +39,7 @@ QPalette DarkPalette()
     QPalette palette(QColor(0x2B, 0x30, 0x38));
     palette.setColor(QPalette::Base, QColor(0x1E, 0x22, 0x29));
     palette.setColor(QPalette::Highlight, QColor(0x5B, 0x93, 0xF0));
+    palette.setColor(QPalette::HighlightedText, colours::kInk);
     palette.setColor(QPalette::Link, QColor(0x8A, 0xB4, 0xF8));
     palette.setColor(QPalette::ToolTipBase, colours::kInfoTip);
     palette.setColor(QPalette::ToolTipText, colours::kInk);

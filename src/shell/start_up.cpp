@@ -11,11 +11,15 @@
 #include "shell/windows/frm_splash.h"
 #include "shell/windows/frm_stoikal.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QMenuBar>
 #include <QPixmap>
 #include <QSaveFile>
+#include <QWindow>
 
 namespace stoikal {
 namespace {
@@ -43,7 +47,7 @@ void StartUp::Run()
     m_steps << QStringLiteral("caption");
     m_mainWindow.setWindowTitle(product::Caption());
     m_steps << QStringLiteral("background");
-    LoadBackground();
+    ChooseBackground();
     m_steps << QStringLiteral("user and settings");
     FindSettingsFile(state, m_session.desktop, m_session.messages, &m_mainWindow);
     // The package of the distribution enters the file types.
@@ -99,7 +103,7 @@ void StartUp::SizeMainWindow()
     m_mainWindow.move(area.topLeft());
 }
 
-void StartUp::LoadBackground()
+void StartUp::ChooseBackground()
 {
     QString name;
     switch (m_session.desktop.screen.Width()) {
@@ -115,8 +119,14 @@ void StartUp::LoadBackground()
     default:
         return;
     }
+    m_background = WithSeparator(m_session.desktop.folders.Program()) + name;
+}
+
+void StartUp::LoadBackground()
+{
     // A picture that cannot be loaded leaves the background empty.
-    m_mainWindow.SetBackground(QPixmap(WithSeparator(m_session.desktop.folders.Program()) + name));
+    if (!m_background.isEmpty())
+        m_mainWindow.SetBackground(QPixmap(m_background));
 }
 
 void StartUp::FindJournal()
@@ -195,7 +205,17 @@ void StartUp::OpenJournal()
 
 void StartUp::ShowSplash()
 {
+    // A user who waits for the program sees its window as early as it can be
+    // seen: what needs fonts and pictures comes behind its first paint.
+    m_mainWindow.menuBar()->hide();
     m_mainWindow.show();
+    constexpr int kLongestWaitMs = 250;
+    const QDeadlineTimer deadline(kLongestWaitMs);
+    while (!m_mainWindow.windowHandle()->isExposed() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_mainWindow.menuBar()->show();
+    LoadBackground();
     frmSplash splash(m_session.desktop.folders.Program(), m_session.desktop.user.RealName(), &m_mainWindow);
     splash.exec();
 }

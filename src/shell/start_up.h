@@ -31,6 +31,7 @@ private:
     void CheckForNewVersion();
     void TakeVersionFile(const QByteArray& bytes);
     void SizeMainWindow();
+    void ChooseBackground();
     void LoadBackground();
     void FindJournal();
     QString NetworkJournal();
@@ -42,6 +43,7 @@ private:
     Session& m_session;
     frmStoikal& m_mainWindow;
     QStringList m_steps;
+    QString m_background; ///< path of the picture that fits the screen; empty for none
 };
 
 /// The name of a network journal, one a start: "EQU_dupont_5_3_2016_14_7.txt".

@@ -1,5 +1,7 @@
 #include "exercise/high_score_file.h"
 
+#include "base/file_lock.h"
+
 #include "base/text_lines.h"
 #include "support/qt_printers.h"
 
@@ -7,7 +9,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLockFile>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -395,8 +396,8 @@ TEST(HighScoreFile, FullDiskLeavesTheOldFile)
 TEST(HighScoreFile, LockOfAnotherProgramIsWaitedForTwoSecondsAtMost)
 {
     ScoreFolder place;
-    QLockFile other(place.path + u".lock"_s);
-    ASSERT_TRUE(other.tryLock());
+    auto other = std::make_unique<FileLock>(place.path, 0);
+    ASSERT_TRUE(other->IsHeld());
     QElapsedTimer elapsed;
     elapsed.start();
 
@@ -405,7 +406,7 @@ TEST(HighScoreFile, LockOfAnotherProgramIsWaitedForTwoSecondsAtMost)
     EXPECT_GE(elapsed.elapsed(), 1990);
     EXPECT_FALSE(QFile::exists(place.path));
 
-    other.unlock();
+    other.reset();
     EXPECT_TRUE(place.file.Record(u"a.equ"_s, {u"N"_s, 20, 1}, u','));
 }
 
@@ -476,10 +477,6 @@ TEST_F(HighScorePrograms, KilledAtAnyPointLeavesTheOldFileOrTheNewOne)
         ASSERT_TRUE(writer.WaitForEnd());
         if (writer.HasConfirmed())
             confirmed.push_back(round);
-        // A lock file whose maker was killed before signing it holds the others off for half a minute.
-        for (const QString& entry : m_place.Entries().filter(u".lock"_s))
-            if (const QString lock = m_place.name + u'/' + entry; QFileInfo(lock).size() == 0)
-                QFile::remove(lock);
 
         const QString content = m_place.Text();
         ASSERT_TRUE(content.startsWith(before)) << round;

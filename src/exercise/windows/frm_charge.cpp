@@ -91,19 +91,21 @@ void frmCharge::ShowTotals()
 
 void frmCharge::OpenBeside(const QWidget& exercise)
 {
+    // Only a window that is shown knows its frame, which must not lie over the exercise either.
+    show();
+    const QSize size = frameGeometry().size();
     const QRect frame = exercise.frameGeometry();
     const QPoint corner = frame.topLeft() - m_screen.WorkArea().topLeft();
     const ChargePlaceInput input{
         m_settings.Read(QLatin1String(kSection), QStringLiteral("Left")),
         m_settings.Read(QLatin1String(kSection), QStringLiteral("Top")),
-        QSize(FromPixels(width()), FromPixels(height())),
+        QSize(FromPixels(size.width()), FromPixels(size.height())),
         QRect(FromPixels(corner.x()), FromPixels(corner.y()), FromPixels(frame.width()),
               FromPixels(frame.height())),
         m_session.LargeurUtile,
         m_session.HauteurUtile,
     };
     const QPoint place = ChargePlace(input);
-    show();
     PlaceWindow(*this, m_screen, place.x(), place.y());
     m_placed = true;
     RememberPlace();

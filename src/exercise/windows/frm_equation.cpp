@@ -62,6 +62,10 @@ void frmEquation::BuildBand()
         box->setMaxLength(kMostDigits);
         box->setAlignment(Qt::AlignCenter);
         box->setFont(formulaFont);
+        // Given coefficients and a shown solution are there to be read.
+        QPalette palette = box->palette();
+        palette.setColor(QPalette::Disabled, QPalette::Text, colours::kInk);
+        box->setPalette(palette);
         connect(box, &FilterEdit::KeyPressed, this, [this, slot](QChar key) { txtCoef_KeyPress(slot, key); });
         connect(box, &QLineEdit::textChanged, this, [this, slot] { txtCoef_Change(slot); });
         connect(box, &FilterEdit::FocusGained, box, &QLineEdit::selectAll);

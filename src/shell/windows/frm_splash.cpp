@@ -4,6 +4,7 @@
 #include "forms/style.h"
 #include "shell/product.h"
 
+#include <QEventLoop>
 #include <QLabel>
 #include <QPixmap>
 #include <QTimer>
@@ -67,6 +68,16 @@ frmSplash::frmSplash(const QString& programFolder, const QString& owner, QWidget
         done(Accepted);
     });
     tmrSplash->start();
+}
+
+int frmSplash::exec()
+{
+    QEventLoop loop;
+    connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+    show();
+    if (isVisible())
+        loop.exec(QEventLoop::DialogExec);
+    return result();
 }
 
 } // namespace stoikal

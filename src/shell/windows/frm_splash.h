@@ -14,6 +14,11 @@ class frmSplash final : public ModalForm
 public:
     frmSplash(const QString& programFolder, const QString& owner, QWidget* parent);
 
+    /// Shows the splash and comes back once it is gone. Showing it lets events
+    /// through: on a slow machine its time may be over before it is waited for,
+    /// and then there is nothing to wait for.
+    int exec() override;
+
 private:
     QTimer* tmrSplash;
 };

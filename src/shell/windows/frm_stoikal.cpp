@@ -21,22 +21,35 @@ class MainArea final : public QMdiArea
 {
 public:
     using QMdiArea::QMdiArea;
-    QPixmap picture;
+
+    void SetPicture(const QPixmap& picture)
+    {
+        m_picture = picture;
+        m_scaled = QPixmap();
+    }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
         QPainter painter(viewport());
         painter.fillRect(viewport()->rect(), background());
-        if (picture.isNull())
+        if (m_picture.isNull())
             return;
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        const QSize filled = picture.size().scaled(viewport()->size(), Qt::KeepAspectRatioByExpanding);
+        const QSize filled = m_picture.size().scaled(viewport()->size(), Qt::KeepAspectRatioByExpanding);
+        const double ratio = devicePixelRatioF();
+        if (m_scaled.size() != filled * ratio) {
+            m_scaled = m_picture.scaled(filled * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            m_scaled.setDevicePixelRatio(ratio);
+        }
         QRect target(QPoint(), filled);
         // The signature stands at the lower right: what is cut off is cut elsewhere.
         target.moveBottomRight(viewport()->rect().bottomRight());
-        painter.drawPixmap(target, picture);
+        painter.drawPixmap(target.topLeft(), m_scaled);
     }
+
+private:
+    QPixmap m_picture;
+    QPixmap m_scaled; ///< the picture at the size of the area, made once a size
 };
 
 } // namespace
@@ -138,7 +151,7 @@ void frmStoikal::ListChildren()
 
 void frmStoikal::SetBackground(const QPixmap& picture)
 {
-    static_cast<MainArea*>(m_area)->picture = picture;
+    static_cast<MainArea*>(m_area)->SetPicture(picture);
     m_area->viewport()->update();
 }
 

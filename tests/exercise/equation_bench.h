@@ -1,0 +1,150 @@
+#pragma once
+
+#include "base/text_lines.h"
+#include "equation_files/equation_file.h"
+#include "exercise/exercise_run.h"
+#include "exercise/results_journal.h"
+#include "exercise/windows/frm_equation.h"
+#include "forms/filter_edit.h"
+#include "forms/menu_state.h"
+#include "support/fake_messages.h"
+#include "support/fake_platform.h"
+#include "support/window_driver.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace stoikal {
+
+enum class RunKind { Balancing, Series, FreeSimulation };
+
+/// The exercise on the screen over an equation file of its own, set up as the
+/// main window does it: the entry of the charges follows the equation.
+class EquationBench : public testing::Test
+{
+protected:
+    EquationBench()
+    {
+        menu.Add(QStringLiteral("Mnu_Charge"), {false, false, true, {}});
+        session.LargeurUtile = 15310; // 1024 * 15 - 50
+        session.HauteurUtile = 10770; // 768 * 15 - 750
+        session.TitreFichier = QStringLiteral("chimie.Equ");
+        EXPECT_TRUE(journal.Open(folder.filePath(QStringLiteral("Resultat.txt"))));
+    }
+
+    void OpenFile(const QByteArray& text)
+    {
+        const QString path = folder.filePath(session.TitreFichier);
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.close();
+        const auto opened = EquationFile::Open(path);
+        ASSERT_TRUE(opened);
+        run.Open(*opened);
+    }
+
+    void Open(const QByteArray& text, RunKind kind = RunKind::Balancing)
+    {
+        session.FichierAvancement = kind != RunKind::Balancing;
+        session.SerieExercices = kind == RunKind::Series;
+        OpenFile(text);
+        window = std::make_unique<frmEquation>(
+            run, frmEquation::Doors{session, menu, journal, messages, screen, sound}, nullptr);
+        QObject::connect(window.get(), &frmEquation::EquationRead, window.get(),
+                         [this] { menu.SetEnabled("Mnu_Charge", session.ChargesPresentes); });
+        QObject::connect(window.get(), &frmEquation::Recomposed, window.get(), [this] { ++recomposed; });
+        QObject::connect(window.get(), &frmEquation::EndOfFileReached, window.get(), [this] { ++ends; });
+        window->ReadNextEquation();
+        window->Open();
+        Settle();
+    }
+
+    FilterEdit& Box(int slot) { return Control<FilterEdit>(*window, qPrintable(ArrayName("txtCoef", slot))); }
+    QLabel& Species(int slot) { return Control<QLabel>(*window, qPrintable(ArrayName("rtbCorp", slot))); }
+    QWidget& Plus(int i) { return Control<QWidget>(*window, qPrintable(ArrayName("picPlus", i))); }
+    QWidget& PlusLabel(int i) { return Control<QWidget>(*window, qPrintable(ArrayName("lblPlus", i))); }
+    QPushButton& Other() { return Control<QPushButton>(*window, "cmdOther"); }
+    QPushButton& Next() { return Control<QPushButton>(*window, "cmdNext"); }
+    QLabel& Score() { return Control<QLabel>(*window, "lblScore"); }
+    QTimer& Flash() { return Control<QTimer>(*window, "Timer1"); }
+
+    /// Types coefficients into the boxes, slot by slot; an empty text types nothing.
+    void Fill(const QStringList& coefficients)
+    {
+        for (int slot = 0; slot < coefficients.size(); ++slot) {
+            if (!coefficients[slot].isEmpty())
+                Type(Box(slot), coefficients[slot]);
+        }
+    }
+
+    /// Types coefficients and validates them; a flash that is on ends first.
+    void Answer(const QStringList& coefficients)
+    {
+        Tick(Flash());
+        Fill(coefficients);
+        Click(Other());
+    }
+
+    /// The texts of the six boxes, separated by "|".
+    QString Boxes()
+    {
+        QStringList texts;
+        for (int slot = 0; slot < 6; ++slot)
+            texts << Box(slot).text();
+        return texts.join(QLatin1Char('|'));
+    }
+
+    /// The lines of the results journal.
+    QStringList Journal()
+    {
+        QFile file(journal.Path());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        EXPECT_EQ(bytes.count('\n'), bytes.count("\r\n"));
+        return DecodeLines(bytes);
+    }
+
+    /// The kinds in use of a list as "H4 O2", coefficients included.
+    static QString Totals(const AtomList& list)
+    {
+        QStringList kinds;
+        for (size_t i = 0; i < static_cast<size_t>(list.Kinds); ++i)
+            kinds << list.Symbol.at(i) + QString::number(list.TotalCount.at(i));
+        return kinds.join(QLatin1Char(' '));
+    }
+
+    /// The window, the six species, the four "+" and their boxes.
+    void ExpectBand(const QColor& colour)
+    {
+        const auto expect = [&colour](const QWidget& widget) {
+            EXPECT_EQ(widget.palette().color(QPalette::Window).name(), colour.name())
+                << widget.objectName().toStdString();
+        };
+        expect(*window);
+        for (int slot = 0; slot < 6; ++slot)
+            expect(Species(slot));
+        for (int i = 0; i < 4; ++i) {
+            expect(Plus(i));
+            expect(PlusLabel(i));
+        }
+    }
+
+    QTemporaryDir folder;
+    SessionState session;
+    MenuState menu;
+    ResultsJournal journal;
+    FakeMessages messages;
+    FakeScreen screen;
+    FakeSound sound;
+    ExerciseRun run{session};
+    std::unique_ptr<frmEquation> window;
+    int recomposed = 0;
+    int ends = 0;
+};
+
+} // namespace stoikal

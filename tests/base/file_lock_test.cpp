@@ -1,0 +1,118 @@
+#include "base/file_lock.h"
+
+#include "support/qt_printers.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+#include <gtest/gtest.h>
+#include <memory>
+#include <thread>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+TEST(FileLock, StandsBesideTheFileWhileItLives)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.ini"_s);
+    {
+        const FileLock lock(path, 0);
+
+        EXPECT_TRUE(lock.IsHeld());
+        EXPECT_TRUE(QFile::exists(path + u".lock"_s));
+        EXPECT_FALSE(QFile::exists(path));
+    }
+    EXPECT_FALSE(QFile::exists(path + u".lock"_s));
+}
+
+TEST(FileLock, IsGivenUpAfterTheWait)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.ini"_s);
+    const FileLock other(path, 0);
+    ASSERT_TRUE(other.IsHeld());
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    const FileLock lock(path, 100);
+
+    EXPECT_FALSE(lock.IsHeld());
+    EXPECT_GE(elapsed.elapsed(), 100);
+    EXPECT_TRUE(other.IsHeld());
+}
+
+TEST(FileLock, GivingUpLeavesTheLockToItsHolder)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.ini"_s);
+    auto other = std::make_unique<FileLock>(path, 0);
+    ASSERT_TRUE(other->IsHeld());
+
+    EXPECT_FALSE(FileLock(path, 0).IsHeld());
+
+    EXPECT_TRUE(QFile::exists(path + u".lock"_s));
+    EXPECT_FALSE(FileLock(path, 0).IsHeld());
+    other.reset();
+    EXPECT_TRUE(FileLock(path, 0).IsHeld());
+}
+
+TEST(FileLock, FileLeftByAProgramThatDiedHoldsNobodyOff)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.ini"_s);
+    QFile left(path + u".lock"_s);
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    left.close();
+
+    EXPECT_TRUE(FileLock(path, 0).IsHeld());
+}
+
+TEST(FileLock, FreedWhileWaitingIsTaken)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.ini"_s);
+    auto other = std::make_unique<FileLock>(path, 0);
+    ASSERT_TRUE(other->IsHeld());
+    std::thread holder([&other] {
+        QThread::msleep(30);
+        other.reset();
+    });
+
+    const FileLock lock(path, 60000);
+
+    holder.join();
+    EXPECT_TRUE(lock.IsHeld());
+    EXPECT_TRUE(QFile::exists(path + u".lock"_s));
+}
+
+TEST(FileLock, TwoFilesHaveTwoLocks)
+{
+    const QTemporaryDir folder;
+
+    const FileLock first(folder.filePath(u"a.ini"_s), 0);
+    const FileLock second(folder.filePath(u"b.ini"_s), 0);
+
+    EXPECT_TRUE(first.IsHeld());
+    EXPECT_TRUE(second.IsHeld());
+}
+
+TEST(FileLock, WhereNoLockCanStandItIsGivenUpWithoutWaiting)
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"file"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    const FileLock insideAFile(folder.filePath(u"file/a.ini"_s), 60000);
+    const FileLock inNoFolder(folder.filePath(u"absent/a.ini"_s), 60000);
+
+    EXPECT_FALSE(insideAFile.IsHeld());
+    EXPECT_FALSE(inNoFolder.IsHeld());
+    EXPECT_LT(elapsed.elapsed(), 30000);
+}
+
+} // namespace stoikal

@@ -1,0 +1,424 @@
+#include "base/settings_store.h"
+
+#include "base/file_lock.h"
+#include "support/qt_printers.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <memory>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The rights of a user without privileges while this lives: the superuser,
+/// under whom tests may run, is refused nothing.
+class AsOrdinaryUser
+{
+public:
+    AsOrdinaryUser() = default;
+    ~AsOrdinaryUser()
+    {
+        if (m_wasSuperuser && setresuid(0, 0, 0) == 0)
+            prctl(PR_SET_DUMPABLE, 1); // The change took it away, and the leak checker needs it.
+    }
+    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+
+    bool IsOrdinary() const { return m_isOrdinary; }
+
+private:
+    bool m_wasSuperuser = geteuid() == 0;
+    bool m_isOrdinary = !m_wasSuperuser || setresuid(65534, 65534, 0) == 0;
+};
+
+/// A folder for one test, and a settings file that is not made yet.
+struct SettingsFolder {
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"ConfEQU_dupont.ini"_s);
+    SettingsStore store;
+
+    QString Read(const QString& section, const QString& key) const
+    {
+        return store.ReadSetting(path, section, key);
+    }
+
+    QByteArray Bytes() const
+    {
+        QFile reader(path);
+        return reader.open(QIODevice::ReadOnly) ? reader.readAll() : QByteArray("(no file)");
+    }
+
+    /// Writes the file in its place, as another program would.
+    bool Put(const QByteArray& bytes) const
+    {
+        QFile writer(path);
+        return writer.open(QIODevice::WriteOnly) && writer.write(bytes) == bytes.size();
+    }
+
+    bool PutAt(const QDateTime& time, const QByteArray& bytes) const
+    {
+        QFile file(path);
+        return Put(bytes) && file.open(QIODevice::ReadWrite)
+            && file.setFileTime(time, QFileDevice::FileModificationTime);
+    }
+
+    QStringList Entries() const
+    {
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+};
+
+/// From now on files of this process cannot grow past a size: the system cuts
+/// the write that crosses it and refuses the next. RLIM_INFINITY lifts it.
+void LimitFileSize(rlim_t bytes)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    limit.rlim_cur = std::min(bytes, limit.rlim_max);
+    setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+/// Another program that writes one setting. It stands ready until Go.
+class Writer
+{
+public:
+    Writer(const QString& file, const QString& key, const QString& value)
+    {
+        m_process.start(QStringLiteral(STOIKAL_SETTINGS_WRITER), {file, u"Options"_s, key, value});
+    }
+
+    bool WaitUntilReady()
+    {
+        while (!m_output.contains("ready")) {
+            if (!m_process.waitForReadyRead(kPatienceMs))
+                return false;
+            m_output += m_process.readAllStandardOutput();
+        }
+        return true;
+    }
+
+    void Go()
+    {
+        m_process.write("go\n");
+        m_process.waitForBytesWritten(kPatienceMs);
+    }
+
+    bool HasSucceeded()
+    {
+        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(kPatienceMs))
+            return false;
+        return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
+    }
+
+    std::string Errors() { return m_process.readAllStandardError().toStdString(); }
+
+private:
+    static constexpr int kPatienceMs = 60000;
+    QProcess m_process;
+    QByteArray m_output;
+};
+
+class SettingsPrograms : public testing::Test
+{
+protected:
+    SettingsFolder m_place;
+
+private:
+    // Processes need an application object.
+    int m_argc = 1;
+    char m_name[5] = "test";
+    char* m_argv[2] = {m_name, nullptr};
+    QCoreApplication m_application = QCoreApplication(m_argc, m_argv);
+};
+
+} // namespace
+
+TEST(SettingsStore, FreshUserReadsNothing)
+{
+    const SettingsFolder place;
+
+    EXPECT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+    EXPECT_TRUE(place.Entries().isEmpty()); // Reading makes no file.
+}
+
+TEST(SettingsStore, FirstWriteMakesFileAndSection)
+{
+    SettingsFolder place;
+
+    place.store.WriteSetting(place.path, u"Réseau"_s, u"Dossier Dépôt"_s, u"/srv/dépôt"_s);
+
+    EXPECT_EQ(place.Bytes(), QByteArray("[R\xE9seau]\r\nDossier D\xE9p\xF4t=/srv/d\xE9p\xF4t\r\n"));
+    EXPECT_EQ(place.Read(u"Réseau"_s, u"Dossier Dépôt"_s), u"/srv/dépôt"_s);
+    // Neither a lock nor a temporary file is left.
+    EXPECT_EQ(place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
+}
+
+TEST(SettingsStore, FirstWriteMakesTheFolder)
+{
+    SettingsFolder place;
+    const QString path = place.folder.filePath(u"Tovik_MARLEN/Stoikal/ConfEQU_é.ini"_s);
+
+    place.store.WriteSetting(path, u"Options"_s, u"PassWord"_s, u"x"_s);
+
+    EXPECT_TRUE(QFile::exists(path));
+    EXPECT_EQ(place.store.ReadSetting(path, u"Options"_s, u"PassWord"_s), u"x"_s);
+}
+
+TEST(SettingsStore, WriteLeavesEveryOtherLineByteForByte)
+{
+    SettingsFolder place;
+    const QByteArray before(
+        "; Salle 12, caf\xE9\r\n\r\n[Charge Window]\r\n  LEFT =\t\" 7 \"\r\n[Options]\r\n");
+    const QByteArray behind("anything at all\r\n[Donn\xC3\xA9"
+                            "es]\r\nPression=1013\r\n");
+    ASSERT_TRUE(place.Put(before + "passWORD = old\r\n" + behind));
+
+    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    EXPECT_EQ(place.Bytes(), before + "PassWord=new\r\n" + behind);
+    EXPECT_EQ(place.Read(u"charge window"_s, u"left"_s), u" 7 "_s);
+}
+
+TEST(SettingsStore, FilesDoNotMix)
+{
+    SettingsFolder place;
+    const QString other = place.folder.filePath(u"ConfEQU_martin.ini"_s);
+
+    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"a"_s);
+    place.store.WriteSetting(other, u"Options"_s, u"PassWord"_s, u"b"_s);
+
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"a"_s);
+    EXPECT_EQ(place.store.ReadSetting(other, u"Options"_s, u"PassWord"_s), u"b"_s);
+}
+
+TEST(SettingsStore, WritesAndDeletesAWholeSection)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[1]\r\nold=1\r\n[2]\r\nk=2\r\n"));
+
+    place.store.WriteSection(place.path, u"1"_s, {u"Molecule0=H2"_s, u"Molecule1=O2"_s});
+    place.store.DeleteSection(place.path, u"2"_s);
+
+    EXPECT_EQ(place.Bytes(), QByteArray("[1]\r\nMolecule0=H2\r\nMolecule1=O2\r\n"));
+    EXPECT_EQ(place.Read(u"1"_s, u"Molecule1"_s), u"O2"_s);
+    EXPECT_TRUE(place.Read(u"2"_s, u"k"_s).isEmpty());
+}
+
+TEST(SettingsStore, ChangeByAnotherProgramIsSeenAtTheNextRead)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=a\r\n"));
+    ASSERT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"a"_s);
+
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=longer\r\n"));
+
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"longer"_s);
+}
+
+TEST(SettingsStore, ChangeOfTheSameLengthUnderTheSameTimeIsSeen)
+{
+    // The clock of a file system goes in steps, and that of a server may be ahead.
+    SettingsFolder place;
+    const QDateTime aheadByAnHour = QDateTime::currentDateTime().addSecs(3600);
+    ASSERT_TRUE(place.PutAt(aheadByAnHour, "[Options]\r\nPassWord=a\r\n"));
+    ASSERT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"a"_s);
+
+    ASSERT_TRUE(place.PutAt(aheadByAnHour, "[Options]\r\nPassWord=b\r\n"));
+
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"b"_s);
+}
+
+TEST(SettingsStore, FileThatCameOrWentIsSeenAtTheNextRead)
+{
+    const SettingsFolder place;
+    ASSERT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=a\r\n"));
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"a"_s);
+
+    ASSERT_TRUE(QFile::remove(place.path));
+    EXPECT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+}
+
+TEST(SettingsStore, TwoStoresThatWriteInTurnLoseNothing)
+{
+    SettingsFolder place;
+    SettingsStore other;
+
+    for (int i = 0; i < 10; ++i) {
+        // Each knows the file as it was before the other's write.
+        place.store.WriteSetting(place.path, u"A"_s, u"a%1"_s.arg(i), u"%1"_s.arg(i));
+        other.WriteSetting(place.path, u"B"_s, u"b%1"_s.arg(i), u"%1"_s.arg(i));
+    }
+
+    for (int i = 0; i < 10; ++i) {
+        const QString value = u"%1"_s.arg(i);
+        EXPECT_EQ(place.Read(u"A"_s, u"a%1"_s.arg(i)), value);
+        EXPECT_EQ(place.Read(u"B"_s, u"b%1"_s.arg(i)), value);
+        EXPECT_EQ(other.ReadSetting(place.path, u"A"_s, u"a%1"_s.arg(i)), value);
+        EXPECT_EQ(other.ReadSetting(place.path, u"B"_s, u"b%1"_s.arg(i)), value);
+    }
+}
+
+TEST(SettingsStore, FailedWriteIsSilentAndTheOldValueStays)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    // A folder inside a file can be made by nobody.
+    const QString impossible = place.path + u"/inside/a.ini"_s;
+
+    place.store.WriteSetting(impossible, u"Options"_s, u"PassWord"_s, u"new"_s);
+    place.store.WriteSection(impossible, u"Options"_s, {u"PassWord=new"_s});
+    place.store.DeleteSection(impossible, u"Options"_s);
+
+    EXPECT_TRUE(place.store.ReadSetting(impossible, u"Options"_s, u"PassWord"_s).isEmpty());
+    EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=old\r\n"));
+    EXPECT_EQ(place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
+}
+
+TEST(SettingsStore, FolderInPlaceOfTheFileIsAFailedWrite)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(QDir().mkdir(place.path));
+
+    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    EXPECT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+    EXPECT_EQ(place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
+}
+
+TEST(SettingsStore, FileWithoutANameIsAFailedWrite)
+{
+    SettingsFolder place;
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(place.folder.path()));
+
+    place.store.WriteSetting(QString(), u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    EXPECT_TRUE(QDir::setCurrent(before));
+    EXPECT_TRUE(place.Entries().isEmpty());
+    EXPECT_TRUE(place.store.ReadSetting(QString(), u"Options"_s, u"PassWord"_s).isEmpty());
+}
+
+TEST(SettingsStore, ReadOnlyFolderIsAFailedWrite)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0555), 0);
+    {
+        const AsOrdinaryUser user;
+        ASSERT_TRUE(user.IsOrdinary());
+        place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+        EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
+    }
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0755), 0);
+
+    EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=old\r\n"));
+}
+
+TEST(SettingsStore, FileThatCannotBeReadIsNotReplaced)
+{
+    // It may be written but not read: what it holds would be lost.
+    SettingsFolder place;
+    const QByteArray bytes("[Options]\r\nPassWord=old\r\n");
+    ASSERT_TRUE(place.Put(bytes));
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0222), 0);
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0777), 0);
+    {
+        const AsOrdinaryUser user;
+        ASSERT_TRUE(user.IsOrdinary());
+        place.store.WriteSetting(place.path, u"Options"_s, u"Other"_s, u"new"_s);
+    }
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0644), 0);
+
+    EXPECT_EQ(place.Bytes(), bytes);
+}
+
+TEST(SettingsStore, FullDiskLeavesTheOldFile)
+{
+    // Lines of 10 bytes, 6000 and 60000 in all: below and above what Qt buffers.
+    for (const int lines : {600, 6000}) {
+        SettingsFolder place;
+        const QByteArray bytes = "[Options]\r\n" + QByteArray("; 345678\r\n").repeated(lines);
+        ASSERT_TRUE(place.Put(bytes));
+
+        LimitFileSize(4096);
+        place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+        LimitFileSize(RLIM_INFINITY);
+
+        EXPECT_EQ(place.Bytes(), bytes);
+        EXPECT_EQ(place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
+    }
+}
+
+TEST(SettingsStore, LockOfAnotherProgramIsGivenUpAfterASecond)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    auto other = std::make_unique<FileLock>(place.path, 0);
+    ASSERT_TRUE(other->IsHeld());
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    EXPECT_GE(elapsed.elapsed(), 1000);
+    EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=old\r\n"));
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
+
+    other.reset();
+    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"new"_s);
+}
+
+TEST(Settings, BelongToTheFileOfTheSession)
+{
+    SettingsFolder place;
+    QString file;
+    Settings settings(place.store, file);
+
+    file = place.path; // Known only once the folders are found.
+    settings.Write(u"Options"_s, u"PassWord"_s, u"secret"_s);
+
+    EXPECT_EQ(settings.Read(u"OPTIONS"_s, u"password"_s), u"secret"_s);
+    EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=secret\r\n"));
+}
+
+TEST_F(SettingsPrograms, TwentyThatWriteDifferentKeysAtOnceLoseNone)
+{
+    constexpr int kPrograms = 20;
+    std::vector<std::unique_ptr<Writer>> writers;
+    for (int i = 0; i < kPrograms; ++i)
+        writers.push_back(std::make_unique<Writer>(m_place.path, u"key%1"_s.arg(i), u"value %1"_s.arg(i)));
+    for (const auto& writer : writers)
+        ASSERT_TRUE(writer->WaitUntilReady()) << writer->Errors();
+
+    for (const auto& writer : writers)
+        writer->Go();
+    for (const auto& writer : writers)
+        ASSERT_TRUE(writer->HasSucceeded()) << writer->Errors();
+
+    for (int i = 0; i < kPrograms; ++i)
+        EXPECT_EQ(m_place.Read(u"Options"_s, u"key%1"_s.arg(i)), u"value %1"_s.arg(i));
+    EXPECT_EQ(m_place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
+}
+
+} // namespace stoikal

@@ -1,0 +1,224 @@
+#include "shell_fixture.h"
+
+#include "base/fatal_fault.h"
+#include "shell/windows/frm_depot.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The program runs from a share that holds a deposit folder.
+class NetworkStart : public ShellTest
+{
+protected:
+    NetworkStart()
+    {
+        desktop.folders.networkRoot = MadeFolder("share");
+        desktop.folders.program = MadeFolder("share/prog");
+        MadeFolder("share/Classe3");
+    }
+
+    void NameTheDeposit() { WriteSettings({u"[Réseau]"_s, u"Dossier Dépôt=Classe3"_s}); }
+    QString Share(const char* below) const { return folder.filePath(u"share/"_s + QString::fromUtf8(below)); }
+
+    FatalFault FaultOfStart()
+    {
+        try {
+            MakeShell().Start();
+        } catch (const FatalFault& fault) {
+            return fault;
+        }
+        ADD_FAILURE() << "the start went on";
+        return FatalFault(QString());
+    }
+};
+
+class FrmDepot : public testing::Test
+{
+protected:
+    FakeMessages messages;
+    frmDepot window{messages, nullptr};
+    QLineEdit& txtDepot = Control<QLineEdit>(window, "txtDepot");
+};
+
+} // namespace
+
+TEST_F(NetworkStart, AsksForTheDepositFolderOnce)
+{
+    script.On("frmDepot", [](QWidget& window) {
+        auto& name = Control<QLineEdit>(window, "txtDepot");
+        EXPECT_EQ(name.text(), u"Dépôt"_s);
+        name.clear();
+        Type(name, u"Classe3"_s);
+        Click(Control<QPushButton>(window, "cmdOK"));
+    });
+    Start();
+    EXPECT_EQ(State().DossierDepot, u"Classe3"_s);
+    EXPECT_EQ(Setting("Réseau", "Dossier Dépôt"), u"Classe3"_s);
+
+    // No step for the window: a second question would keep the start waiting.
+    Start();
+
+    EXPECT_EQ(State().DossierDepot, u"Classe3"_s);
+}
+
+TEST_F(NetworkStart, AsksAgainWhileTheNameIsEmpty)
+{
+    script.On("frmDepot", [](QWidget& window) {
+        Control<QLineEdit>(window, "txtDepot").clear();
+        window.close();
+    });
+    script.On("frmDepot", [](QWidget& window) {
+        Control<QLineEdit>(window, "txtDepot").setText(u"Classe3"_s);
+        window.close();
+    });
+
+    Start();
+
+    EXPECT_EQ(Setting("Réseau", "Dossier Dépôt"), u"Classe3"_s);
+}
+
+TEST_F(NetworkStart, MakesAJournalOfItsOwn)
+{
+    NameTheDeposit();
+
+    Start();
+
+    EXPECT_TRUE(State().ModeReseau);
+    EXPECT_EQ(State().FichierResultat, Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
+    EXPECT_TRUE(QFileInfo::exists(State().FichierResultat));
+}
+
+TEST_F(NetworkStart, AppendsToTheJournalOfTheSameMinute)
+{
+    NameTheDeposit();
+    WriteTextFile(Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"), {u"avant"_s});
+
+    Start();
+
+    EXPECT_EQ(JournalText(), u"avant\r\n"_s);
+}
+
+TEST_F(NetworkStart, TrimsTheNameOfTheDepositFolderInPaths)
+{
+    script.On("frmDepot", [](QWidget& window) {
+        Control<QLineEdit>(window, "txtDepot").setText(u"   "_s);
+        Click(Control<QPushButton>(window, "cmdOK"));
+    });
+
+    Start();
+
+    // A name of blanks is taken; the files then lie in the root itself.
+    EXPECT_TRUE(QFileInfo::exists(Share("EQU_dupont_5_3_2016_14_7.txt")));
+    EXPECT_TRUE(QFileInfo::exists(Share("MotDePasse.txt")));
+}
+
+TEST_F(NetworkStart, MakesTheFileOfThePassword)
+{
+    NameTheDeposit();
+
+    Start();
+
+    EXPECT_EQ(TextOfFile(Share("Classe3/MotDePasse.txt")), QString());
+}
+
+TEST_F(NetworkStart, LeavesAPasswordAsItStands)
+{
+    NameTheDeposit();
+    WriteTextFile(Share("Classe3/MotDePasse.txt"), {u"sesame"_s});
+
+    Start();
+
+    EXPECT_EQ(TextOfFile(Share("Classe3/MotDePasse.txt")), u"sesame\r\n"_s);
+}
+
+TEST_F(NetworkStart, LeavesTheDocumentsAlone)
+{
+    NameTheDeposit();
+    Start();
+    State().NomEleve = u"DUPONT"_s;
+    desktop.dialogs.answers = {std::nullopt};
+
+    Choose("Mnu_Open(0)");
+
+    EXPECT_EQ(State().DossierDocuments, QString());
+    EXPECT_FALSE(QFileInfo::exists(EquationFolder()));
+    // The equation files are taken from the current folder then.
+    ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
+    EXPECT_EQ(desktop.dialogs.asked[0].folder, u"Tovik_MARLEN/Stoikal"_s);
+}
+
+TEST_F(NetworkStart, NamesFileAndSettingOfAMissingDepositFolder)
+{
+    WriteSettings({u"[Réseau]"_s, u"Dossier Dépôt=Classe4"_s});
+
+    const FatalFault fault = FaultOfStart();
+
+    EXPECT_EQ(fault.File(), Share("Classe4/MotDePasse.txt"));
+    EXPECT_TRUE(fault.Cause().contains(u"« Dossier Dépôt »"_s)) << fault.Cause().toStdString();
+    EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
+    EXPECT_FALSE(QFileInfo::exists(Share("Classe4")));
+}
+
+TEST_F(NetworkStart, NamesFileAndSettingOfAJournalThatCannotBeOpened)
+{
+    NameTheDeposit();
+    MadeFolder("share/Classe3/EQU_dupont_5_3_2016_14_7.txt");
+
+    const FatalFault fault = FaultOfStart();
+
+    EXPECT_EQ(fault.File(), Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
+    EXPECT_TRUE(fault.Cause().contains(u"« Dossier Dépôt »"_s)) << fault.Cause().toStdString();
+    EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
+}
+
+TEST(NetworkJournalName, HasPlainNumbers)
+{
+    EXPECT_EQ(NetworkJournalName(u"dupont"_s, QDateTime(QDate(2016, 3, 5), QTime(14, 7, 59))),
+              u"EQU_dupont_5_3_2016_14_7.txt"_s);
+    EXPECT_EQ(NetworkJournalName(u"Inconnu"_s, QDateTime(QDate(2024, 12, 31), QTime(0, 0))),
+              u"EQU_Inconnu_31_12_2024_0_0.txt"_s);
+    // What stands in a name is not read as a place for a number.
+    EXPECT_EQ(NetworkJournalName(u"a%1/b"_s, QDateTime(QDate(2016, 3, 5), QTime(14, 7))),
+              u"EQU_a%1_b_5_3_2016_14_7.txt"_s);
+}
+
+TEST_F(FrmDepot, ExplainsWhatIsAsked)
+{
+    EXPECT_EQ(window.windowTitle(), u"Stoikal - Réseau"_s);
+    EXPECT_EQ(Control<QLabel>(window, "lblInfo").text(),
+              u"Pour une utilisation en réseau, vous avez créé\n"
+              "au préalable un répertoire sans droit pour les élèves.\n\n"
+              "Par défaut, ce répertoire a pour nom 'Dépôt'\n"
+              "Si vous souhaitez le changer, saisissez le nouveau nom\n"
+              "dans la zone de texte ci-dessous."_s);
+    EXPECT_EQ(Control<QLabel>(window, "lblTexte").text(), u"Nom du dossier  : "_s);
+    EXPECT_EQ(Control<QPushButton>(window, "cmdOK").text(), u"OK"_s);
+    EXPECT_EQ(window.FolderName(), u"Dépôt"_s);
+}
+
+TEST_F(FrmDepot, RefusesAnEmptyName)
+{
+    window.show();
+    window.activateWindow();
+    Settle();
+    txtDepot.clear();
+    Control<QPushButton>(window, "cmdOK").setFocus();
+
+    Click(Control<QPushButton>(window, "cmdOK"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Stoikal - Erreur"_s);
+    EXPECT_EQ(messages.shown[0].text, u"Veuillez saisir un nom valide"_s);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(txtDepot.hasFocus());
+}
+
+} // namespace stoikal

@@ -23,16 +23,21 @@ FatalFault FatalFault::At(const QString& file, int line, const QString& lineText
     return m_file.isEmpty() ? FatalFault(m_cause, file, line, lineText) : *this;
 }
 
+QString FatalFault::OperationText() const
+{
+    QString text = QStringLiteral("Erreur d'exécution\u00A0: %1").arg(m_cause);
+    if (!m_file.isEmpty())
+        text += QStringLiteral("\n\nFichier\u00A0: %1").arg(m_file);
+    if (m_line > 0)
+        text += QStringLiteral("\nLigne %1\u00A0: %2").arg(QString::number(m_line), m_lineText);
+    return text;
+}
+
 QString FatalFault::MessageText() const
 {
-    QString text = QStringLiteral("Erreur d'exécution : %1").arg(m_cause);
-    if (!m_file.isEmpty())
-        text += QStringLiteral("\n\nFichier : %1").arg(m_file);
-    if (m_line > 0)
-        text += QStringLiteral("\nLigne %1 : %2").arg(QString::number(m_line), m_lineText);
-    text += QStringLiteral(
-        "\n\nL'application va se fermer. Tout ce qui a été enregistré jusqu'ici est conservé.");
-    return text;
+    return OperationText()
+        + QStringLiteral(
+               "\n\nL'application va se fermer. Tout ce qui a été enregistré jusqu'ici est conservé.");
 }
 
 } // namespace stoikal

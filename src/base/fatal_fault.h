@@ -25,6 +25,9 @@ public:
     /// The same fault with a place, unless it has one already.
     FatalFault At(const QString& file, int line, const QString& lineText) const;
 
+    /// The text of the box when only an operation ends and the program goes on.
+    QString OperationText() const;
+
     /// The text of the closing message box: begins with "Erreur d'exécution".
     QString MessageText() const;
 

@@ -24,10 +24,14 @@ void Messages::Information(QWidget* parent, const QString& title, const QString&
     Show(parent, {title, text, QMessageBox::Information, QMessageBox::Ok});
 }
 
-bool Messages::Ask(QWidget* parent, const QString& title, const QString& text)
+bool Messages::Ask(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon)
 {
-    return Show(parent, {title, text, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No})
-        == QMessageBox::Yes;
+    return Show(parent, {title, text, icon, QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes;
+}
+
+void Messages::OperationFault(QWidget* parent, const QString& text)
+{
+    Critical(parent, QStringLiteral("Stoikal"), text);
 }
 
 QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message& message)

@@ -27,7 +27,10 @@ public:
     void Warning(QWidget* parent, const QString& title, const QString& text);
     void Information(QWidget* parent, const QString& title, const QString& text);
     /// A question with "Oui" and "Non"; true for "Oui".
-    bool Ask(QWidget* parent, const QString& title, const QString& text);
+    bool Ask(QWidget* parent, const QString& title, const QString& text,
+             QMessageBox::Icon icon = QMessageBox::Question);
+    /// A fault that ends the operation of a tool window and nothing else.
+    void OperationFault(QWidget* parent, const QString& text);
 
 private:
     virtual QMessageBox::StandardButton Show(QWidget* parent, const Message& message) = 0;

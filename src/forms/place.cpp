@@ -1,5 +1,7 @@
 #include "forms/place.h"
 
+#include "base/number_text.h"
+#include "base/settings_store.h"
 #include "platform/doors.h"
 
 #include <QWidget>
@@ -27,6 +29,26 @@ QPoint PlaceOf(const QWidget& window, const Screen& screen)
 {
     const QPoint corner = window.pos() - screen.WorkArea().topLeft();
     return {FromPixels(corner.x()), FromPixels(corner.y())};
+}
+
+void RestorePlace(QWidget& window, const Screen& screen, const Settings& settings, const QString& section,
+                  QPoint otherwise)
+{
+    const QString left = settings.Read(section, QStringLiteral("Left"));
+    const QString top = settings.Read(section, QStringLiteral("Top"));
+    const double farthest = 1e6;
+    const auto read = [farthest](const QString& text, int without) {
+        return text.isEmpty() ? without
+                              : static_cast<int>(std::clamp(ReadFileNumber(text), -farthest, farthest));
+    };
+    PlaceWindow(window, screen, read(left, otherwise.x()), read(top, otherwise.y()));
+}
+
+void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section)
+{
+    const QPoint place = PlaceOf(window, screen);
+    settings.Write(section, QStringLiteral("Left"), QString::number(place.x()));
+    settings.Write(section, QStringLiteral("Top"), QString::number(place.y()));
 }
 
 } // namespace stoikal

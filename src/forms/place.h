@@ -4,12 +4,14 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QString>
 
 class QWidget;
 
 namespace stoikal {
 
 class Screen;
+class Settings;
 
 /// Moves a window to a place in twips from the corner of the work area, and
 /// back into the work area when some of it would lie outside.
@@ -17,6 +19,14 @@ void PlaceWindow(QWidget& window, const Screen& screen, Twips left, Twips top);
 
 /// Where a window stands, in twips from the corner of the work area.
 QPoint PlaceOf(const QWidget& window, const Screen& screen);
+
+/// Puts a window back to the place that a section of the settings keeps ("Left",
+/// "Top"), brought back into the work area; without one to the place given.
+void RestorePlace(QWidget& window, const Screen& screen, const Settings& settings, const QString& section,
+                  QPoint otherwise);
+
+/// Keeps the place of a window in a section of the settings.
+void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section);
 
 /// The rectangle moved, not resized, into the area; one that is larger than the
 /// area keeps its upper left corner inside.

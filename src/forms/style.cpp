@@ -3,11 +3,30 @@
 #include "forms/colours.h"
 
 #include <QApplication>
+#include <QProxyStyle>
 #include <QStyleFactory>
 #include <QToolTip>
 
 namespace stoikal {
 namespace {
+
+/// Fusion, with buttons that carry words alone.
+class HouseStyle final : public QProxyStyle
+{
+public:
+    HouseStyle()
+        : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    {
+    }
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
 QPalette LightPalette()
 {
@@ -51,7 +70,7 @@ QPalette DarkPalette()
 void ApplyStyle()
 {
     const bool desktopIsDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new HouseStyle);
     const QPalette palette = desktopIsDark ? DarkPalette() : LightPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);

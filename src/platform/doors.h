@@ -95,6 +95,9 @@ public:
     virtual ~Dialogs() = default;
     /// An existing file; nothing when the user cancels.
     virtual std::optional<Choice> OpenFile(QWidget* parent, const Request& request) = 0;
+    /// A file to add to, existing or new; it is never asked whether to overwrite,
+    /// since nothing is. Nothing when the user cancels.
+    virtual std::optional<Choice> AppendToFile(QWidget* parent, const Request& request) = 0;
 };
 
 /// Outside programs.

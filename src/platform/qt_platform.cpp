@@ -56,13 +56,11 @@ void QtSound::Beep()
     QApplication::beep();
 }
 
-std::optional<Dialogs::Choice> QtDialogs::OpenFile(QWidget* parent, const Request& request)
+namespace {
+
+std::optional<Dialogs::Choice> RunFileDialog(QFileDialog& dialog, const Dialogs::Request& request)
 {
-    QFileDialog dialog(parent, request.title, request.folder);
     dialog.setObjectName(QStringLiteral("cdgOpen"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setOption(QFileDialog::HideNameFilterDetails, false);
     dialog.setNameFilters(request.filters);
     if (request.filter >= 0 && request.filter < request.filters.size())
         dialog.selectNameFilter(request.filters.at(request.filter));
@@ -71,8 +69,27 @@ std::optional<Dialogs::Choice> QtDialogs::OpenFile(QWidget* parent, const Reques
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const qsizetype filter = request.filters.indexOf(dialog.selectedNameFilter());
-    return Choice{dialog.selectedFiles().constFirst(),
-                  filter < 0 ? request.filter : static_cast<int>(filter)};
+    return Dialogs::Choice{dialog.selectedFiles().constFirst(),
+                           filter < 0 ? request.filter : static_cast<int>(filter)};
+}
+
+} // namespace
+
+std::optional<Dialogs::Choice> QtDialogs::OpenFile(QWidget* parent, const Request& request)
+{
+    QFileDialog dialog(parent, request.title, request.folder);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    return RunFileDialog(dialog, request);
+}
+
+std::optional<Dialogs::Choice> QtDialogs::AppendToFile(QWidget* parent, const Request& request)
+{
+    QFileDialog dialog(parent, request.title, request.folder);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    return RunFileDialog(dialog, request);
 }
 
 bool QtPrograms::StartCalculator()

@@ -67,6 +67,7 @@ class QtDialogs final : public Dialogs
 {
 public:
     std::optional<Choice> OpenFile(QWidget* parent, const Request& request) override;
+    std::optional<Choice> AppendToFile(QWidget* parent, const Request& request) override;
 };
 
 class QtPrograms final : public Programs

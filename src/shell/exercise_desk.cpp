@@ -302,6 +302,7 @@ void ExerciseDesk::LockChrono(bool locked)
 
 void ExerciseDesk::CloseChrono()
 {
+    ReturnToExercise();
     m_session.menu.SetChecked("Mnu_Chrono", false);
     // The clock of a scored run goes on behind the scenes.
     if (m_chronoIsLocked) {
@@ -317,7 +318,9 @@ void ExerciseDesk::Mnu_Atome_Click()
     const bool wasShown = m_session.menu.IsChecked("Mnu_Atome");
     m_session.menu.SetChecked("Mnu_Atome", !wasShown);
     m_session.menu.SetEnabled("Mnu_Grow", !wasShown);
-    if (m_equation != nullptr)
+    if (wasShown)
+        ClearAtoms();
+    else if (m_equation != nullptr)
         m_equation->Recompose();
 }
 
@@ -349,6 +352,15 @@ void ExerciseDesk::Mnu_Compo_Click(int slot)
     m_session.messages.Information(&m_mainWindow, QStringLiteral("Stoikal"), text);
     if (isReactant)
         ShowExercise();
+    else
+        ReturnToExercise();
+}
+
+void ExerciseDesk::ReturnToExercise()
+{
+    // The menu and a message leave the keyboard with the main window.
+    if (m_equation != nullptr && m_equation->isVisible())
+        m_equation->activateWindow();
 }
 
 void ExerciseDesk::Mnu_Charge_Click()
@@ -376,6 +388,7 @@ void ExerciseDesk::Mnu_Copy_Click()
     if (m_equation == nullptr)
         return;
     m_session.desktop.clipboard.SetText(m_equation->EquationText());
+    ReturnToExercise();
     m_equation->FocusFirstBox();
 }
 
@@ -383,6 +396,7 @@ void ExerciseDesk::Mnu_Del_Click()
 {
     if (m_equation != nullptr)
         m_equation->EmptyCoefficients();
+    ReturnToExercise();
 }
 
 void ExerciseDesk::CheckCalculatorClosed()

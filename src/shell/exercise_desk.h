@@ -84,6 +84,7 @@ private:
     void OpenCharge();
     void UnloadCharge();
     void RaiseWorkingWindows();
+    void ReturnToExercise();
     void CloseChrono();
     int AtomScale() const;
 

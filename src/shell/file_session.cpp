@@ -116,10 +116,23 @@ bool FileSession::ChooseFile()
 
 bool FileSession::OpenEquationFile()
 {
-    SessionState& state = m_session.state;
     m_desk.ResetChrono();
-    if (!ChooseFile())
-        return false;
+    return ChooseFile() && ReadChosenFile();
+}
+
+void FileSession::OpenKnownFile(const QString& path)
+{
+    if (m_session.state.NomEleve.isEmpty() && !Identify())
+        return;
+    m_desk.ResetChrono();
+    m_session.state.CheminFichier = path;
+    m_session.state.TitreFichier = QFileInfo(path).fileName();
+    ReadChosenFile();
+}
+
+bool FileSession::ReadChosenFile()
+{
+    SessionState& state = m_session.state;
     state.NumEquation = 0;
     state.ChoixSimulAffiche = false;
     auto file = EquationFile::Open(state.CheminFichier);
@@ -167,6 +180,7 @@ void FileSession::StartRun(int equationCount)
     WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
                    HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
     SetFileSessionMenus(m_session.menu, true);
+    Q_EMIT ToolsToHide();
     m_desk.Open();
 }
 
@@ -174,6 +188,7 @@ void FileSession::LeaveRun()
 {
     m_session.state.ChoixSimulAffiche = false;
     m_session.run.Close();
+    Q_EMIT ToolsToHide();
     m_desk.CloseExercise();
     m_mainWindow.setWindowTitle(product::Caption());
     SetFileSessionMenus(m_session.menu, false);
@@ -198,6 +213,7 @@ void FileSession::Mnu_Close_Click()
 {
     if (!m_session.run.IsOpen())
         return;
+    Q_EMIT CloseConsidered();
     m_desk.HideWindowsOfRun();
     const bool closes
         = m_session.messages.Ask(&m_mainWindow, QStringLiteral("Stoikal"),

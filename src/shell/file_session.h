@@ -30,17 +30,26 @@ public:
     /// run was started.
     bool OpenEquationFile();
 
+    /// Starts the run over a file that is already chosen, for an identified pupil;
+    /// who is not identified yet is asked first.
+    void OpenKnownFile(const QString& path);
+
     /// Ends the run without a question, by the steps that every way of closing
     /// shares; the file is forgotten.
     void CloseRun();
 
 Q_SIGNALS:
     void EndAsked();
+    /// A run starts or ends: the open tools are to be hidden.
+    void ToolsToHide();
+    /// The user was asked for the end of a run: the data of an element go first.
+    void CloseConsidered();
     void HelpAsked(int topic);
 
 private:
     bool Identify();
     bool ChooseFile();
+    bool ReadChosenFile();
     void RefuseEmptyFile();
     void StartRun(int equationCount);
     void EndOfFile();

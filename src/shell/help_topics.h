@@ -10,5 +10,9 @@ constexpr int kChrono = 300;
 constexpr int kEquation = 500;
 constexpr int kNote = 600;
 constexpr int kAtoms = 800;
+constexpr int kExpert = 1000;
+constexpr int kSearch = 1100;
+constexpr int kTableau = 1200;
+constexpr int kDataAtomes = 1300;
 
 } // namespace stoikal::help_topics

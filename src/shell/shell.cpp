@@ -12,6 +12,7 @@ Shell::Shell(const Platform& desktop, Messages& messages)
     , m_mainWindow((FillMenuState(m_session.menu), m_session.menu))
     , m_desk(m_session, m_mainWindow)
     , m_files(m_session, m_mainWindow, m_desk)
+    , m_tools(m_session, m_mainWindow, m_desk, m_files)
     , m_startUp(m_session, m_mainWindow)
 {
     using namespace Qt::StringLiterals;
@@ -25,6 +26,9 @@ Shell::Shell(const Platform& desktop, Messages& messages)
         {u"Mnu_Atome"_s, [this] { m_desk.Mnu_Atome_Click(); }},
         {u"Mnu_Charge"_s, [this] { m_desk.Mnu_Charge_Click(); }},
         {u"Mnu_Chrono"_s, [this] { m_desk.Mnu_Chrono_Click(); }},
+        {u"Mnu_Balance"_s, [this] { m_tools.Mnu_Balance_Click(); }},
+        {u"Mnu_Tableau"_s, [this] { m_tools.Mnu_Tableau_Click(); }},
+        {u"Mnu_Search"_s, [this] { m_tools.Mnu_Search_Click(); }},
         {u"Mnu_Calc"_s, [this] { Mnu_Calc_Click(); }},
         {u"Mnu_Web"_s, [this] { Mnu_Web_Click(); }},
         {u"Mnu_About"_s, [this] { Mnu_About_Click(); }},
@@ -57,6 +61,7 @@ void Shell::EndProgram()
 {
     if (m_hasEnded)
         return;
+    m_tools.StopTools();
     m_session.run.Close();
     bool isWritten = m_session.journal.Close();
     while (!isWritten) {

@@ -4,6 +4,7 @@
 #include "shell/file_session.h"
 #include "shell/session.h"
 #include "shell/start_up.h"
+#include "shell/tool_desk.h"
 #include "shell/windows/frm_stoikal.h"
 
 #include <QObject>
@@ -35,6 +36,7 @@ public:
     frmStoikal& MainWindow() { return m_mainWindow; }
     ExerciseDesk& Desk() { return m_desk; }
     FileSession& Files() { return m_files; }
+    ToolDesk& Tools() { return m_tools; }
     StartUp& Starter() { return m_startUp; }
 
 Q_SIGNALS:
@@ -51,6 +53,7 @@ private:
     frmStoikal m_mainWindow;
     ExerciseDesk m_desk;
     FileSession m_files;
+    ToolDesk m_tools;
     StartUp m_startUp;
     QHash<QString, std::function<void()>> m_commands;
     bool m_hasEnded = false;

@@ -164,7 +164,8 @@ QString StartUp::NetworkJournal()
         throw FatalFault(
             QStringLiteral(
                 "le fichier du mot de passe ne peut pas être ouvert dans le dossier de dépôt (%1).\n"
-                "Vérifiez ce dossier, ou corrigez le réglage « Dossier Dépôt » (section « Réseau ») du "
+                "Vérifiez ce dossier, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» (section "
+                "«\u00A0Réseau\u00A0») du "
                 "fichier %2")
                 .arg(password.errorString(), state.IniUtilisateur),
             password.fileName(), 0, {});
@@ -196,8 +197,9 @@ void StartUp::OpenJournal()
     QString cause
         = QStringLiteral("le fichier des résultats ne peut pas être ouvert (%1).").arg(opened.Reason());
     if (state.ModeReseau) {
-        cause += QStringLiteral("\nVérifiez le dossier de dépôt, ou corrigez le réglage « Dossier Dépôt » "
-                                "(section « Réseau ») du fichier %1")
+        cause += QStringLiteral(
+                     "\nVérifiez le dossier de dépôt, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» "
+                     "(section «\u00A0Réseau\u00A0») du fichier %1")
                      .arg(state.IniUtilisateur);
     }
     throw FatalFault(cause, state.FichierResultat, 0, {});

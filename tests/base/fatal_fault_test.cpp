@@ -19,7 +19,7 @@ TEST(FatalFault, TellsTheCause)
 {
     const FatalFault fault(u"une masse est nulle."_s);
 
-    EXPECT_EQ(fault.MessageText(), u"Erreur d'exécution : une masse est nulle."_s + kLeaveTaking);
+    EXPECT_EQ(fault.MessageText(), u"Erreur d'exécution\u00A0: une masse est nulle."_s + kLeaveTaking);
     EXPECT_EQ(fault.Cause(), u"une masse est nulle."_s);
     EXPECT_TRUE(fault.File().isEmpty());
     EXPECT_EQ(fault.Line(), 0);
@@ -30,8 +30,8 @@ TEST(FatalFault, NamesTheFileAndTheLineAtFault)
     const FatalFault fault(u"trop de signes."_s, u"/depot/chimie1.Equ"_s, 12, u"A=B=C/1,1"_s);
 
     EXPECT_EQ(fault.MessageText(),
-              u"Erreur d'exécution : trop de signes.\n\nFichier : /depot/chimie1.Equ\n"
-              "Ligne 12 : A=B=C/1,1"_s
+              u"Erreur d'exécution\u00A0: trop de signes.\n\nFichier\u00A0: /depot/chimie1.Equ\n"
+              "Ligne 12\u00A0: A=B=C/1,1"_s
                   + kLeaveTaking);
 }
 
@@ -40,7 +40,7 @@ TEST(FatalFault, FileWithoutALineNamesTheFileOnly)
     const FatalFault fault(u"illisible."_s, u"/depot/a.Equ"_s, 0, QString());
 
     EXPECT_EQ(fault.MessageText(),
-              u"Erreur d'exécution : illisible.\n\nFichier : /depot/a.Equ"_s + kLeaveTaking);
+              u"Erreur d'exécution\u00A0: illisible.\n\nFichier\u00A0: /depot/a.Equ"_s + kLeaveTaking);
 }
 
 TEST(FatalFault, TextOfTheLineIsShownAsItStands)
@@ -48,9 +48,10 @@ TEST(FatalFault, TextOfTheLineIsShownAsItStands)
     // Place holders in what a teacher wrote are no place holders of the message.
     const FatalFault fault(u"%1 et %2."_s, u"/depot/100%1.Equ"_s, 3, u"%1=%2"_s);
 
-    EXPECT_EQ(fault.MessageText(),
-              u"Erreur d'exécution : %1 et %2.\n\nFichier : /depot/100%1.Equ\nLigne 3 : %1=%2"_s
-                  + kLeaveTaking);
+    EXPECT_EQ(
+        fault.MessageText(),
+        u"Erreur d'exécution\u00A0: %1 et %2.\n\nFichier\u00A0: /depot/100%1.Equ\nLigne 3\u00A0: %1=%2"_s
+            + kLeaveTaking);
 }
 
 TEST(FatalFault, GetsAPlaceLaterButNeverLosesItsOwn)

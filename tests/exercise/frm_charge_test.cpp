@@ -224,8 +224,10 @@ TEST_F(FrmCharge, LeavesItsClosingAndItsHelpToOthers)
 
 TEST_F(FrmCharge, NamesItsTotalsForReaders)
 {
-    EXPECT_EQ(Control<QLabel>(*window, "lblChargeReac").accessibleName(), u"Charge totale des réactifs"_s);
-    EXPECT_EQ(Control<QLabel>(*window, "lblChargeProd").accessibleName(), u"Charge totale des produits"_s);
+    EXPECT_EQ(Control<QLabel>(*window, "lblChargeReac").accessibleName(),
+              u"Charge totale des réactifs : "_s + Control<QLabel>(*window, "lblChargeReac").text());
+    EXPECT_EQ(Control<QLabel>(*window, "lblChargeProd").accessibleName(),
+              u"Charge totale des produits : "_s + Control<QLabel>(*window, "lblChargeProd").text());
 }
 
 } // namespace stoikal

@@ -269,7 +269,7 @@ TEST_F(FrmEquationLayout, NamesItsControlsForReaders)
     EXPECT_EQ(Box(3).accessibleName(), u"Coefficient du produit 1"_s);
     EXPECT_EQ(Box(5).accessibleName(), u"Coefficient du produit 3"_s);
     EXPECT_EQ(Species(0).accessibleName(), u"Fe3+"_s);
-    EXPECT_EQ(Score().accessibleName(), u"Score"_s);
+    EXPECT_EQ(Score().accessibleName(), u"Score : 0"_s);
     EXPECT_EQ(Other().accessibleName(), u"Valider équation"_s);
     EXPECT_EQ(PlusLabel(0).accessibleName(), u"plus"_s);
     EXPECT_EQ(Control<QWidget>(*window, "imgFleche").accessibleName(), u"donne"_s);

@@ -385,11 +385,26 @@ TEST_F(FrmEquation, SaysTheVerdictInWordsToo)
     EXPECT_EQ(verdict.text(), u""_s);
 
     Answer(kWaterAnswer);
-    EXPECT_EQ(verdict.text(), u"Bonne réponse : 5 points de plus."_s);
+    EXPECT_EQ(verdict.text(), u"Bonne réponse\u00A0: 5 points de plus."_s);
     Tick(Flash());
     EXPECT_EQ(verdict.text(), u""_s);
     Answer({u"2"_s});
-    EXPECT_EQ(verdict.text(), u"Réponse fausse : 2 points de moins."_s);
+    EXPECT_EQ(verdict.text(), u"Réponse fausse\u00A0: 2 points de moins."_s);
+}
+
+TEST_F(FrmEquation, ForgetsTheWordsOfAShownSolutionWhenItMovesOn)
+{
+    Open(kWaterThenCarbon);
+    QLabel& verdict = Control<QLabel>(*window, "lblVerdict");
+    Answer({u"2"_s}); // Wrong at a score of 0: the solution is shown.
+    Tick(Flash());
+    ASSERT_NE(verdict.text(), u""_s);
+    EXPECT_TRUE(Other().hasFocus()) << "the boxes are disabled: the button is what goes on";
+
+    Click(Other());
+
+    EXPECT_EQ(window->windowTitle(), u"Equation n°2"_s);
+    EXPECT_EQ(verdict.text(), u""_s);
 }
 
 TEST_F(FrmEquation, TellsOfTheMouseOverIt)

@@ -4,6 +4,7 @@
 #include "support/window_driver.h"
 
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <QToolTip>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -58,7 +59,11 @@ TEST(Style, IsFusionInTheHouseColours)
     const Desktop desktop(QColor(240, 240, 240));
     const QPalette palette = QApplication::palette();
 
-    EXPECT_EQ(QApplication::style()->objectName().toLower(), u"fusion"_s);
+    const auto* const house = qobject_cast<QProxyStyle*>(QApplication::style());
+    ASSERT_NE(house, nullptr);
+    EXPECT_EQ(house->baseStyle()->objectName().toLower(), u"fusion"_s);
+    // Buttons of boxes carry words alone.
+    EXPECT_EQ(house->styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons), 0);
     EXPECT_EQ(palette.color(QPalette::Window), QColor(u"#F5F6F8"_s));
     EXPECT_EQ(palette.color(QPalette::Base), QColor(u"#FFFFFF"_s));
     EXPECT_EQ(palette.color(QPalette::WindowText), QColor(u"#1C2430"_s));

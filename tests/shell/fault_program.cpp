@@ -47,6 +47,10 @@ struct ScriptedDialogs final : Dialogs {
             QFile::remove(path);
         return Choice{path, 0};
     }
+    std::optional<Choice> AppendToFile(QWidget* /*parent*/, const Request& /*request*/) override
+    {
+        return std::nullopt;
+    }
 };
 
 /// What a person sees while a message box is open.

@@ -109,7 +109,7 @@ TEST_F(ProgramWithAFault, NamesTheLineThatCannotBeRead)
     EXPECT_TRUE(Text().startsWith(u"Erreur d'exécution"_s)) << Text().toStdString();
     EXPECT_TRUE(Text().contains(u"signe « = »"_s));
     EXPECT_TRUE(Text().contains(file));
-    EXPECT_TRUE(Text().contains(u"Ligne 4 : H2 + O2\n"_s));
+    EXPECT_TRUE(Text().contains(u"Ligne 4\u00A0: H2 + O2\n"_s));
 }
 
 TEST_F(ProgramWithAFault, TakesTheExerciseOutOfTheWayOfItsBox)
@@ -136,7 +136,7 @@ TEST_F(ProgramWithAFault, MeetsALineOfBlanksOnlyWhenItIsReached)
     Run({u"H2+O2=H2O/2,1,2"_s, u"  "_s}, u"open"_s, u"2,1,,2"_s);
 
     ExpectOneBoxAndTheEnd();
-    EXPECT_TRUE(Text().contains(u"Ligne 2 :   \n"_s)) << Text().toStdString();
+    EXPECT_TRUE(Text().contains(u"Ligne 2\u00A0:   \n"_s)) << Text().toStdString();
     // It counted as an equation all the same.
     EXPECT_TRUE(TextOfFile(journal).contains(u"Serie1.Equ - 2 équations"_s));
 }
@@ -149,7 +149,7 @@ TEST_F(ProgramWithAFault, NamesTheLineWhoseAtomsCannotBeCounted)
     ExpectOneBoxAndTheEnd();
     EXPECT_TRUE(Text().startsWith(u"Erreur d'exécution"_s));
     EXPECT_TRUE(Text().contains(file));
-    EXPECT_TRUE(Text().contains(u"Ligne 1 : cO+O2=CO2/2,1,2\n"_s)) << Text().toStdString();
+    EXPECT_TRUE(Text().contains(u"Ligne 1\u00A0: cO+O2=CO2/2,1,2\n"_s)) << Text().toStdString();
 }
 
 TEST_F(ProgramWithAFault, TellsASyntaxErrorOfTheDataInItsOwnWords)
@@ -198,7 +198,7 @@ TEST_F(ProgramWithAFault, RunsNothingOnBehindANestedLoop)
     Run({u"H2+O2"_s}, u"nested"_s);
 
     ExpectOneBoxAndTheEnd();
-    EXPECT_TRUE(Text().contains(u"Ligne 1 : H2+O2\n"_s));
+    EXPECT_TRUE(Text().contains(u"Ligne 1\u00A0: H2+O2\n"_s));
     EXPECT_FALSE(Shows(u"question"_s));
 }
 
@@ -225,7 +225,7 @@ TEST_F(ProgramWithAFault, EndsAtStartWithoutTheDepositFolder)
 
     ExpectOneBoxAndTheEnd();
     EXPECT_TRUE(Text().contains(folder.filePath(u"share/Classe3/"_s))) << Text().toStdString();
-    EXPECT_TRUE(Text().contains(u"« Dossier Dépôt »"_s));
+    EXPECT_TRUE(Text().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s));
     EXPECT_TRUE(Text().contains(own + u"/ConfEQU_dupont.ini"_s));
 }
 

@@ -161,7 +161,7 @@ TEST_F(NetworkStart, NamesFileAndSettingOfAMissingDepositFolder)
     const FatalFault fault = FaultOfStart();
 
     EXPECT_EQ(fault.File(), Share("Classe4/MotDePasse.txt"));
-    EXPECT_TRUE(fault.Cause().contains(u"« Dossier Dépôt »"_s)) << fault.Cause().toStdString();
+    EXPECT_TRUE(fault.Cause().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s)) << fault.Cause().toStdString();
     EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
     EXPECT_FALSE(QFileInfo::exists(Share("Classe4")));
 }
@@ -174,7 +174,7 @@ TEST_F(NetworkStart, NamesFileAndSettingOfAJournalThatCannotBeOpened)
     const FatalFault fault = FaultOfStart();
 
     EXPECT_EQ(fault.File(), Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
-    EXPECT_TRUE(fault.Cause().contains(u"« Dossier Dépôt »"_s)) << fault.Cause().toStdString();
+    EXPECT_TRUE(fault.Cause().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s)) << fault.Cause().toStdString();
     EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
 }
 

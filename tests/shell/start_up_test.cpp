@@ -239,8 +239,8 @@ TEST_F(StartOfTheProgram, GreetsWithVersionAndOwnerForASecondAndAHalf)
         EXPECT_EQ(Control<QLabel>(splash, "lblVersion").text(), u"Version 4.0.0"_s);
         EXPECT_EQ(Control<QLabel>(splash, "lblOwner").text(), u"Paul Dupont"_s);
         const QString warning = Control<QLabel>(splash, "lblWarning").text();
-        EXPECT_TRUE(warning.contains(u"\"A propos de Stoikal\""_s)) << warning.toStdString();
-        EXPECT_TRUE(warning.contains(u"menu \"?\""_s));
+        EXPECT_TRUE(warning.contains(u"«\u00A0A propos de Stoikal\u00A0»"_s)) << warning.toStdString();
+        EXPECT_TRUE(warning.contains(u"menu «\u00A0?\u00A0»"_s));
         EXPECT_TRUE(splash.isModal());
         auto& timer = Control<QTimer>(splash, "tmrSplash");
         EXPECT_EQ(timer.interval(), 1500);

@@ -61,7 +61,11 @@ struct FakeDialogs final : Dialogs {
     std::vector<Request> asked;
     std::deque<std::optional<Choice>> answers;
     ~FakeDialogs() override { EXPECT_TRUE(answers.empty()) << "a file was never asked for"; }
-    std::optional<Choice> OpenFile(QWidget*, const Request& request) override
+    std::optional<Choice> OpenFile(QWidget*, const Request& request) override { return Next(request); }
+    std::optional<Choice> AppendToFile(QWidget*, const Request& request) override { return Next(request); }
+
+private:
+    std::optional<Choice> Next(const Request& request)
     {
         asked.push_back(request);
         if (answers.empty()) {

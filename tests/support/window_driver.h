@@ -69,6 +69,12 @@ inline void Click(QAbstractButton& button)
         target = button.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &button);
     else if (qobject_cast<QRadioButton*>(&button) != nullptr)
         target = button.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &button);
+    // What lies over the button would take the click of a person.
+    QWidget* const window = button.window();
+    const QWidget* const hit = window->childAt(button.mapTo(window, target.center()));
+    if (hit != nullptr && hit != &button && !button.isAncestorOf(hit))
+        throw std::runtime_error("covered by " + hit->objectName().toStdString() + ": "
+                                 + button.objectName().toStdString());
     QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, target.center());
 }
 

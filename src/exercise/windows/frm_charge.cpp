@@ -59,7 +59,7 @@ frmCharge::frmCharge(const SessionState& session, Settings& settings, const Scre
     layout->setSpacing(8);
     const QString titles[]{QStringLiteral("Réactifs"), QStringLiteral("Produits")};
     for (int side = 0; side < 2; ++side) {
-        auto* const title = new QLabel(titles[side], this);
+        auto* const title = Named(new QLabel(titles[side], this), ArrayName("lblTitre", side));
         title->setAlignment(Qt::AlignCenter);
         layout->addWidget(title, 0, side);
         shpColor[side] = Named(new QFrame(this), ArrayName("shpColor", side));
@@ -74,7 +74,8 @@ frmCharge::frmCharge(const SessionState& session, Settings& settings, const Scre
                                QStringLiteral("Charge totale des produits"));
     RefreshColours();
     ShowTotals();
-    setFixedSize(sizeHint());
+    // Wide enough for its title bar.
+    setFixedSize(sizeHint().expandedTo(QSize(250, 0)));
 }
 
 void frmCharge::RefreshColours()
@@ -87,14 +88,18 @@ void frmCharge::ShowTotals()
 {
     lblChargeReac->setText(ChargeLabel(m_session.ChargeTotalReactants));
     lblChargeProd->setText(ChargeLabel(m_session.ChargeTotalProducts));
+    lblChargeReac->setAccessibleName(
+        QStringLiteral("Charge totale des réactifs : %1").arg(lblChargeReac->text()));
+    lblChargeProd->setAccessibleName(
+        QStringLiteral("Charge totale des produits : %1").arg(lblChargeProd->text()));
 }
 
 void frmCharge::OpenBeside(const QWidget& exercise)
 {
-    // Only a window that is shown knows its frame, which must not lie over the exercise either.
-    show();
-    const QSize size = frameGeometry().size();
+    // The frame must not lie over the exercise either. It is known only some time
+    // after the window is shown; the exercise's own frame, which is, stands for it.
     const QRect frame = exercise.frameGeometry();
+    const QSize size = this->size() + (frame.size() - exercise.size());
     const QPoint corner = frame.topLeft() - m_screen.WorkArea().topLeft();
     const ChargePlaceInput input{
         m_settings.Read(QLatin1String(kSection), QStringLiteral("Left")),
@@ -106,7 +111,10 @@ void frmCharge::OpenBeside(const QWidget& exercise)
         m_session.HauteurUtile,
     };
     const QPoint place = ChargePlace(input);
+    // Placed before it is shown: a place given later would be taken for that of
+    // the inside while the frame is not known, and the window would wander.
     PlaceWindow(*this, m_screen, place.x(), place.y());
+    show();
     m_placed = true;
     RememberPlace();
 }

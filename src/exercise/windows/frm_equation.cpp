@@ -26,6 +26,8 @@ namespace {
 constexpr int kFlashMs = 1500;
 constexpr int kMostDigits = 2;
 constexpr Twips kBandTop = 180;
+constexpr int kVerdictGap = 6; ///< pixels between the button and the words about an answer
+constexpr int kButtonPadding = 16; ///< pixels beside a button's words
 constexpr Twips kPlusWidth = 330;
 constexpr Twips kArrowWidth = 720;
 
@@ -103,8 +105,8 @@ void frmEquation::BuildScoreRow()
     lblInstruction = Named(new QLabel(this), QStringLiteral("lblInstruction"));
     lblInstruction->setAlignment(Qt::AlignCenter);
     // The flash said in words, for those who do not tell red from green.
-    lblVerdict
-        = Named(new QLabel(this), QStringLiteral("lblVerdict"), QStringLiteral("Résultat de la réponse"));
+    lblVerdict = Named(new QLabel(this), QStringLiteral("lblVerdict"));
+    lblVerdict->setAttribute(Qt::WA_TransparentForMouseEvents);
     lblVerdict->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     lblVerdict->setWordWrap(true);
     connect(cmdOther, &QPushButton::clicked, this, &frmEquation::cmdOther_Click);
@@ -195,7 +197,8 @@ void frmEquation::PlaceControls()
     widths.arrow = kArrowWidth;
     const int scoreWidth = lblNomScore->sizeHint().width()
         + QFontMetrics(lblScore->font()).horizontalAdvance(QStringLiteral("0000"));
-    widths.scoreRow = 2 * FromPixels(scoreWidth + 16) + FromPixels(cmdOther->sizeHint().width());
+    widths.scoreRow
+        = 2 * FromPixels(scoreWidth + 16) + FromPixels(cmdOther->sizeHint().width() + kButtonPadding);
     for (size_t slot = 0; slot < 6; ++slot) {
         widths.present.at(slot) = !m_run.Record().Slots.at(slot).Molecule.isEmpty();
         widths.species.at(slot) = SpeciesWidth(
@@ -220,16 +223,30 @@ void frmEquation::PlaceControls()
     }
     imgFleche->setGeometry(ToPixels(layout.arrowLeft), top, ToPixels(widths.arrow), height);
     // Small letters of a larger type may need more than the height told.
-    const int least
-        = top + height + cmdOther->sizeHint().height() + 2 * lblVerdict->fontMetrics().lineSpacing() + 16;
+    const int least = RowTop(top + height) + ButtonHeight() + kVerdictGap + VerdictHeight() + 2;
     setFixedSize(ToPixels(layout.width), std::max(ToPixels(layout.height), least));
     PlaceScoreRow(top + height);
+}
+
+int frmEquation::RowTop(int bandBottom)
+{
+    return std::max(ToPixels(kValidateTop), bandBottom + 4);
+}
+
+int frmEquation::ButtonHeight() const
+{
+    return cmdOther->sizeHint().height();
+}
+
+int frmEquation::VerdictHeight() const
+{
+    return 2 * lblVerdict->fontMetrics().lineSpacing() + 2;
 }
 
 void frmEquation::PlaceScoreRow(int bandBottom)
 {
     const bool isProgress = m_doors.session.FichierAvancement;
-    const int rowTop = std::max(ToPixels(kValidateTop), bandBottom + 4);
+    const int rowTop = RowTop(bandBottom);
     const int rowHeight = cmdOther->sizeHint().height();
     const int margin = ToPixels(kBandMargin);
     lblNomScore->setGeometry(margin, rowTop, lblNomScore->sizeHint().width(), rowHeight);
@@ -238,8 +255,8 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     lblScore->setGeometry(scoreLeft, rowTop, scoreWidth, rowHeight);
 
     cmdOther->setVisible(!isProgress);
-    cmdOther->setGeometry((width() - cmdOther->sizeHint().width()) / 2, rowTop, cmdOther->sizeHint().width(),
-                          rowHeight);
+    const int buttonWidth = cmdOther->sizeHint().width() + kButtonPadding;
+    cmdOther->setGeometry((width() - buttonWidth) / 2, rowTop, buttonWidth, rowHeight);
     const int free = scoreLeft + scoreWidth;
     lblInstruction->setVisible(isProgress);
     lblInstruction->setGeometry(free, rowTop, width() - free - margin, rowHeight);
@@ -247,8 +264,8 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     cmdNext->setVisible(isProgress && !m_doors.session.SerieExercices);
     cmdNext->setGeometry((width() - cmdNext->sizeHint().width()) / 2, ToPixels(kTableButtonsTop),
                          cmdNext->sizeHint().width(), rowHeight);
-    const int verdictTop = rowTop + rowHeight + 6;
-    lblVerdict->setGeometry(margin, verdictTop, width() - 2 * margin, height() - verdictTop - 2);
+    const int verdictTop = rowTop + rowHeight + kVerdictGap;
+    lblVerdict->setGeometry(margin, verdictTop, width() - 2 * margin, VerdictHeight());
 }
 
 void frmEquation::PlaceInWorkArea()
@@ -262,6 +279,8 @@ void frmEquation::FocusFirstBox()
 {
     if (txtCoef[0]->isEnabled())
         txtCoef[0]->setFocus();
+    else if (cmdOther->isVisible() && cmdOther->isEnabled())
+        cmdOther->setFocus();
 }
 
 void frmEquation::txtCoef_KeyPress(int index, QChar key)
@@ -328,6 +347,7 @@ void frmEquation::cmdOther_Click()
         box->setEnabled(true);
     switch (m_run.Judge(Coefficients())) {
     case ExerciseRun::Verdict::SolutionWasShown:
+        lblVerdict->clear();
         cmdOther->setEnabled(true);
         txtCoef[0]->setFocus();
         break;
@@ -367,14 +387,16 @@ void frmEquation::FillEmptyBoxes()
 void frmEquation::ShowScore()
 {
     lblScore->setText(QString::number(m_run.State().Score));
+    lblScore->setAccessibleName(QStringLiteral("Score : %1").arg(lblScore->text()));
 }
 
 void frmEquation::ShowWrong(bool solutionIsShown)
 {
     ShowScore();
     StartFlash(colours::kFlashWrong,
-               solutionIsShown ? QStringLiteral("Réponse fausse. Voici la solution : validez pour continuer.")
-                               : QStringLiteral("Réponse fausse : 2 points de moins."));
+               solutionIsShown
+                   ? QStringLiteral("Réponse fausse. Voici la solution\u00A0: validez pour continuer.")
+                   : QStringLiteral("Réponse fausse\u00A0: 2 points de moins."));
     WriteResultLine();
     if (!solutionIsShown) {
         EmptyCoefficients();
@@ -388,7 +410,7 @@ void frmEquation::ShowWrong(bool solutionIsShown)
 void frmEquation::ShowRight()
 {
     ShowScore();
-    StartFlash(colours::kFlashRight, QStringLiteral("Bonne réponse : 5 points de plus."));
+    StartFlash(colours::kFlashRight, QStringLiteral("Bonne réponse\u00A0: 5 points de plus."));
 }
 
 void frmEquation::StartFlash(const QColor& colour, const QString& words)

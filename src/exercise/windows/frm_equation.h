@@ -82,6 +82,9 @@ private:
     void FillBoxes();
     void PlaceControls();
     void PlaceScoreRow(int bandBottom);
+    static int RowTop(int bandBottom);
+    int ButtonHeight() const;
+    int VerdictHeight() const;
     void PlaceInWorkArea();
     void RemoveLastCharacter(int index);
     void ShowScore();

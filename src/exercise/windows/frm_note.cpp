@@ -22,6 +22,7 @@ namespace {
 constexpr Twips kHeight = 5100;
 constexpr Twips kHeightWithScores = 8800;
 constexpr int kWidth = 470;
+constexpr int kTitleBar = 32;
 constexpr QPointF kScaleEnd(100, 13); ///< a row of the table is one unit high
 
 } // namespace
@@ -77,7 +78,12 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
     rows->addStretch();
     rows->addWidget(fraChoix);
     rows->addWidget(chkHighScore);
-    upper->setFixedHeight(ToPixels(kHeight));
+    // A larger type may need more than the sizes told.
+    m_height = std::max(ToPixels(kHeight), upper->sizeHint().height());
+    m_width = std::max(kWidth, upper->sizeHint().width());
+    m_heightWithScores
+        = m_height + std::max(ToPixels(kHeightWithScores - kHeight), 13 * QFontMetrics(TableFont()).height());
+    upper->setFixedHeight(m_height);
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
@@ -94,8 +100,15 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
     chkHighScore->setEnabled(earned.has_value());
     chkHighScore->setChecked(false);
     connect(chkHighScore, &QCheckBox::toggled, this, &frmNote::chkHighScore_Click);
-    setFixedSize(kWidth, ToPixels(kHeight));
+    setFixedSize(m_width, m_height);
     picHighSCore->hide();
+}
+
+QFont frmNote::TableFont() const
+{
+    QFont table = font();
+    table.setPointSize(10);
+    return table;
 }
 
 void frmNote::BuildChoices()
@@ -118,7 +131,8 @@ void frmNote::BuildChoices()
     for (const Row& choice : choices) {
         choice.button->setAutoDefault(false);
         choice.button->setAccessibleDescription(choice.question);
-        grid->addWidget(new QLabel(choice.question, fraChoix), row, 0);
+        choice.button->setMinimumWidth(choice.button->sizeHint().width() + 16);
+        grid->addWidget(Named(new QLabel(choice.question, fraChoix), ArrayName("lblChoix", row)), row, 0);
         grid->addWidget(choice.button, row, 1);
         const int result = choice.choice;
         connect(choice.button, &QPushButton::clicked, this, [this, result] { done(result); });
@@ -136,7 +150,10 @@ void frmNote::Place(const Screen& screen)
 void frmNote::chkHighScore_Click()
 {
     picHighSCore->setVisible(chkHighScore->isChecked());
-    setFixedHeight(ToPixels(chkHighScore->isChecked() ? kHeightWithScores : kHeight));
+    // On a low screen the table gives way, never the choices.
+    const int room = m_screen == nullptr ? m_heightWithScores : m_screen->WorkArea().height() - kTitleBar;
+    setFixedHeight(chkHighScore->isChecked() ? std::max(m_height, std::min(m_heightWithScores, room))
+                                             : m_height);
     if (m_screen != nullptr)
         Place(*m_screen);
 }
@@ -146,13 +163,12 @@ void frmNote::ShowHighScores(const std::vector<HighScore>& section, const NewRes
     constexpr double kNameLeft = 2;
     constexpr double kMarkRight = 52;
     constexpr double kTimeRight = 90;
-    QFont font = this->font();
-    font.setPointSize(10);
+    const QFont font = TableFont();
     QFont bold = font;
     bold.setBold(true);
 
     // Measured at the size that the table will have once it is shown.
-    picHighSCore->resize(kWidth, ToPixels(kHeightWithScores - kHeight));
+    picHighSCore->resize(m_width, m_heightWithScores - m_height);
     picHighSCore->Clear();
     picHighSCore->DrawText({5, 0.1}, QStringLiteral("Nom élèves"), Qt::black, bold);
     picHighSCore->DrawText({40, 0.1}, QStringLiteral("Note (/20)"), Qt::black, bold);

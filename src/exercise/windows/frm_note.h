@@ -45,12 +45,16 @@ protected:
     void TitleBarClosed() override { done(Stay); }
 
 private:
+    QFont TableFont() const;
     void BuildChoices();
     void chkHighScore_Click();
 
     const SessionState& m_session;
     QChar m_separator;
     const Screen* m_screen = nullptr;
+    int m_width = 0; ///< pixels, as the two heights
+    int m_height = 0;
+    int m_heightWithScores = 0;
 
     QLabel* lblInfo;
     QLabel* lblNote;

@@ -14,7 +14,7 @@ void WriteToJournal(ResultsJournal& journal, Messages& messages, QWidget* parent
         parent, QStringLiteral("Stoikal"),
         QStringLiteral("Le fichier des résultats ne peut pas être complété :\n%1\n"
                        "Le disque est peut-être plein.\n\n"
-                       "Rien n'est perdu : vous pouvez continuer, les lignes en attente seront\n"
+                       "Rien n'est perdu\u00A0: vous pouvez continuer, les lignes en attente seront\n"
                        "écrites dès que possible. Prévenez votre professeur.")
             .arg(journal.Path()));
 }

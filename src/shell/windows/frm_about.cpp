@@ -64,14 +64,15 @@ frmAbout::frmAbout(const QString& programFolder, Messages& messages, QWidget* pa
 void frmAbout::cmdSysInfo_Click()
 {
     const QSize screen = QGuiApplication::primaryScreen()->size();
-    m_messages.Information(
-        this, QStringLiteral("Informations sur le système"),
-        QStringLiteral("Système : %1\nNoyau : %2 %3\nProcesseur : %4\nQt : %5\nÉcran : %6 x %7 pixels (%8)")
-            .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
-                 QSysInfo::currentCpuArchitecture(), QString::fromLatin1(qVersion()))
-            .arg(screen.width())
-            .arg(screen.height())
-            .arg(QGuiApplication::platformName()));
+    m_messages.Information(this, QStringLiteral("Informations sur le système"),
+                           QStringLiteral("Système\u00A0: %1\nNoyau\u00A0: %2 %3\nProcesseur\u00A0: "
+                                          "%4\nQt\u00A0: %5\nÉcran\u00A0: %6 x %7 pixels (%8)")
+                               .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(),
+                                    QSysInfo::kernelVersion(), QSysInfo::currentCpuArchitecture(),
+                                    QString::fromLatin1(qVersion()))
+                               .arg(screen.width())
+                               .arg(screen.height())
+                               .arg(QGuiApplication::platformName()));
 }
 
 } // namespace stoikal

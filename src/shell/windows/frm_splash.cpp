@@ -45,12 +45,12 @@ frmSplash::frmSplash(const QString& programFolder, const QString& owner, QWidget
     auto* const lblOwner = Named(new QLabel(owner, texts), QStringLiteral("lblOwner"));
     lblOwner->setTextFormat(Qt::PlainText);
     lblOwner->setWordWrap(true);
-    auto* const lblWarning = Named(
-        new QLabel(
-            QStringLiteral("Pour en savoir plus, consultez la boîte \"A propos de %1\" dans le menu \"?\".")
-                .arg(product::Title()),
-            texts),
-        QStringLiteral("lblWarning"));
+    auto* const lblWarning
+        = Named(new QLabel(QStringLiteral("Pour en savoir plus, consultez la boîte «\u00A0A propos de "
+                                          "%1\u00A0» dans le menu «\u00A0?\u00A0».")
+                               .arg(product::Title()),
+                           texts),
+                QStringLiteral("lblWarning"));
     lblWarning->setWordWrap(true);
     QPalette quiet = lblWarning->palette();
     quiet.setColor(QPalette::WindowText, colours::kSecondInk);

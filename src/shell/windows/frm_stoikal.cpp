@@ -62,7 +62,8 @@ frmStoikal::frmStoikal(MenuState& state)
     setWindowTitle(product::Caption());
     m_area->setObjectName(QStringLiteral("mdiArea"));
     m_area->setAccessibleName(QStringLiteral("Espace de travail"));
-    m_area->setBackground(colours::kGround);
+    m_area->setBackground(palette().window());
+    menuBar()->setObjectName(QStringLiteral("menuBar"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
@@ -163,6 +164,15 @@ void frmStoikal::AddChild(Form* form)
     child->setAttribute(Qt::WA_DeleteOnClose);
     m_area->addSubWindow(child);
     child->show();
+}
+
+void frmStoikal::AddTool(Form* form)
+{
+    auto* const child = new QMdiSubWindow(m_area);
+    child->setWidget(form);
+    m_area->addSubWindow(child);
+    child->showMaximized();
+    form->setFocus();
 }
 
 void frmStoikal::closeEvent(QCloseEvent* event)

@@ -32,6 +32,10 @@ public:
     /// unless the form lets him.
     void AddChild(Form* form);
 
+    /// Puts a tool into the area as a maximised child window that the user can
+    /// move, restore and close.
+    void AddTool(Form* form);
+
 Q_SIGNALS:
     void EntryChosen(const QString& name);
     void CloseAsked();

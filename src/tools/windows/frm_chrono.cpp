@@ -5,6 +5,7 @@
 #include "forms/style.h"
 #include "platform/doors.h"
 
+#include <QIcon>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -14,7 +15,9 @@
 #include <QSlider>
 #include <QTimer>
 #include <QToolButton>
-#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
 
 namespace stoikal {
 namespace {
@@ -54,7 +57,7 @@ void frmChrono::BuildControls()
     screen.setColor(QPalette::Window, QColor(0xE6, 0xEE, 0xDD));
     lblEcran->setPalette(screen);
 
-    lblTime = Named(new QLabel(lblEcran), QStringLiteral("lblTime"), QStringLiteral("Temps"));
+    lblTime = Named(new QLabel(lblEcran), QStringLiteral("lblTime"));
     QFont digits(QStringLiteral("Liberation Sans"));
     digits.setStyleHint(QFont::SansSerif);
     digits.setPointSize(22);
@@ -73,10 +76,9 @@ void frmChrono::BuildControls()
 
     chkStart_Stop = Named(new QToolButton(this), QStringLiteral("chkStart_Stop"),
                           QStringLiteral("Démarrer ou suspendre"));
-    chkStart_Stop->setText(QStringLiteral("Marche"));
     chkStart_Stop->setCheckable(true);
     chkAlarme = Named(new QToolButton(this), QStringLiteral("chkAlarme"), QStringLiteral("Alarme"));
-    chkAlarme->setText(QStringLiteral("Alarme"));
+    chkAlarme->setIcon(QIcon(QStringLiteral(":/icons/bell.png")));
     chkAlarme->setCheckable(true);
     chkAlarme->setToolTip(QStringLiteral("Pour déclencher l'alarme."));
     sldAlarme = Named(new QSlider(Qt::Horizontal, this), QStringLiteral("sldAlarme"),
@@ -90,14 +92,20 @@ void frmChrono::BuildControls()
     QFont scale = font();
     scale.setPointSizeF(8);
     Label1->setFont(scale);
-    cmdRAZ = Named(new QPushButton(QStringLiteral("RAZ"), this), QStringLiteral("cmdRAZ"),
-                   QStringLiteral("Remise à zéro"));
+    cmdRAZ = Named(new QPushButton(this), QStringLiteral("cmdRAZ"), QStringLiteral("Remise à zéro"));
+    cmdRAZ->setIcon(QIcon(QStringLiteral(":/icons/reset.png")));
     cmdRAZ->setToolTip(QStringLiteral("Pour remettre à zéro le chronomètre."));
-    cmdEnd = Named(new QPushButton(QStringLiteral("Fermer"), this), QStringLiteral("cmdEnd"),
-                   QStringLiteral("Fermer le chronomètre"));
+    cmdEnd = Named(new QPushButton(this), QStringLiteral("cmdEnd"), QStringLiteral("Fermer le chronomètre"));
+    cmdEnd->setIcon(QIcon(QStringLiteral(":/icons/close.png")));
     cmdEnd->setToolTip(QStringLiteral("Pour fermer le chronomètre."));
     for (QToolButton* const button : {chkStart_Stop, chkAlarme})
         button->setFocusPolicy(Qt::StrongFocus);
+
+    QWidget* before = chkStart_Stop;
+    for (QWidget* const next : std::initializer_list<QWidget*>{cmdRAZ, chkAlarme, sldAlarme, cmdEnd}) {
+        setTabOrder(before, next);
+        before = next;
+    }
 
     // A program's change of the start button counts as a click, as by hand.
     connect(chkStart_Stop, &QToolButton::toggled, this, &frmChrono::chkStart_Stop_Click);
@@ -112,21 +120,36 @@ void frmChrono::BuildControls()
 
 void frmChrono::PlaceControls()
 {
-    // Everything stands inside the ellipse that the window is cut to.
-    resize(300, 240);
-    lblEcran->setGeometry(75, 26, 150, 70);
-    lblTime->setGeometry(2, 18, 146, 50);
-    lblStop->setGeometry(8, 3, 60, 16);
-    lblOnOff->setGeometry(8, 3, 60, 16);
-    lblAlarme->setGeometry(82, 3, 62, 16);
+    // Everything stands inside the ellipse that the window is cut to, and grows
+    // with the type: told for a line of 14 pixels.
+    const double scale = std::max(1.0, fontMetrics().height() / 14.0);
+    const auto px = [scale](double pixels) { return static_cast<int>(std::lround(pixels * scale)); };
+    const auto place = [&px](QWidget* widget, int x, int y, int width, int height) {
+        widget->setGeometry(px(x), px(y), px(width), px(height));
+    };
+    resize(px(300), px(240));
+    place(lblEcran, 70, 26, 160, 70);
+    place(lblTime, 2, 18, 156, 50);
+    place(lblStop, 8, 3, 68, 16);
+    place(lblOnOff, 8, 3, 68, 16);
+    place(lblAlarme, 86, 3, 66, 16);
     lblAlarme->setAlignment(Qt::AlignRight);
-    chkStart_Stop->setGeometry(42, 104, 72, 28);
-    cmdRAZ->setGeometry(122, 104, 56, 28);
-    chkAlarme->setGeometry(186, 104, 72, 28);
-    sldAlarme->setGeometry(75, 138, 150, 24);
-    Label1->setGeometry(75, 162, 150, 16);
+    place(chkStart_Stop, 66, 104, 48, 30);
+    place(cmdRAZ, 126, 104, 48, 30);
+    place(chkAlarme, 186, 104, 48, 30);
+    place(sldAlarme, 75, 140, 150, 24);
+    place(Label1, 75, 164, 150, 16);
     Label1->setAlignment(Qt::AlignCenter);
-    cmdEnd->setGeometry(110, 184, 80, 28);
+    // The scale's blanks are stretched so that its ends stand under those of the slider.
+    QFont scaleFont = Label1->font();
+    const double natural = QFontMetricsF(scaleFont).horizontalAdvance(Label1->text());
+    constexpr int kGaps = 2; // Each run of blanks counts once.
+    scaleFont.setWordSpacing((px(150) - 2 - natural) / kGaps);
+    Label1->setFont(scaleFont);
+    place(cmdEnd, 126, 186, 48, 30);
+    for (QAbstractButton* const button :
+         std::initializer_list<QAbstractButton*>{chkStart_Stop, chkAlarme, cmdRAZ, cmdEnd})
+        button->setIconSize(QSize(px(18), px(18)));
 }
 
 void frmChrono::SetBackColour(const QColor& colour)
@@ -203,6 +226,8 @@ void frmChrono::ShowState()
     lblStop->setVisible(!isRunning);
     lblStop->setText(state == Stopwatch::State::Suspended ? QStringLiteral("ARRET") : QStringLiteral("STOP"));
     lblAlarme->setVisible(chkAlarme->isChecked());
+    chkStart_Stop->setIcon(
+        QIcon(isRunning ? QStringLiteral(":/icons/pause.png") : QStringLiteral(":/icons/start.png")));
     chkStart_Stop->setToolTip(isRunning ? QStringLiteral("Pour suspendre le chronomètre.")
                                         : QStringLiteral("Pour démarrer le chronomètre."));
     const QSignalBlocker quiet(chkStart_Stop);
@@ -219,7 +244,7 @@ void frmChrono::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), palette().color(QPalette::Window));
     painter.setPen(QPen(colours::kInk, 2));
-    painter.drawEllipse(QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5));
+    painter.drawEllipse(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5));
 }
 
 void frmChrono::resizeEvent(QResizeEvent* event)

@@ -1,0 +1,142 @@
+#include "balancing/equation_search.h"
+
+#include "base/fatal_fault.h"
+#include "base/text_lines.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace stoikal {
+namespace {
+
+/// Puts the formulas of one side into the places from `first` on. A "+" beside a
+/// brace belongs to a charge.
+void SplitSide(QByteArrayView side, size_t first, std::array<QByteArray, 6>& places)
+{
+    size_t place = first;
+    const auto clear = [&places](size_t index) {
+        if (index >= places.size())
+            throw FatalFault(QStringLiteral("une ligne compte plus de six formules."));
+        places.at(index).resize(0);
+    };
+    clear(place);
+    char before = 0;
+    for (qsizetype i = 0; i < side.size(); ++i) {
+        const char c = side[i];
+        if (c == ' ')
+            continue;
+        qsizetype next = i + 1;
+        while (next < side.size() && side[next] == ' ')
+            ++next;
+        const bool isOfCharge = before == '{' || (next < side.size() && side[next] == '}');
+        if (c == '+' && !isOfCharge)
+            clear(++place);
+        else
+            places.at(place) += c;
+        before = c;
+    }
+}
+
+bool IsAmong(const QByteArray& sought, const std::array<QByteArray, 6>& places, size_t first)
+{
+    return sought.isEmpty()
+        || std::find(places.begin() + static_cast<int>(first), places.begin() + static_cast<int>(first) + 3,
+                     sought)
+        != places.begin() + static_cast<int>(first) + 3;
+}
+
+Failure WriteFailure(const QFile& file)
+{
+    return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2")
+                .arg(file.fileName(), file.errorString())};
+}
+
+/// Writes all bytes at the file's end or says why not; a file that took only a
+/// part gets back its old length.
+Outcome<qsizetype> Append(QFile& file, const QByteArray& bytes)
+{
+    const qint64 oldSize = file.size();
+    if (file.seek(oldSize) && file.write(bytes) == bytes.size() && file.flush())
+        return bytes.size();
+    const Failure failure = WriteFailure(file);
+    file.resize(oldSize);
+    return failure;
+}
+
+} // namespace
+
+EquationPattern::EquationPattern(const std::array<QString, 6>& molecules)
+{
+    std::transform(molecules.begin(), molecules.end(), m_sought.begin(),
+                   [](const QString& molecule) { return EncodeLine(molecule); });
+}
+
+bool EquationPattern::Matches(QByteArrayView line)
+{
+    const qsizetype equals = line.indexOf('=');
+    if (equals < 0)
+        throw FatalFault(QStringLiteral("une ligne ne contient pas le signe « = »."));
+    for (QByteArray& place : m_places)
+        place.resize(0);
+    SplitSide(line.first(equals), 0, m_places);
+    QByteArrayView right = line.sliced(equals + 1);
+    if (const qsizetype slash = right.indexOf('/'); slash >= 0)
+        right = right.first(slash);
+    SplitSide(right, 3, m_places);
+    for (size_t i = 0; i < m_sought.size(); ++i) {
+        if (!IsAmong(m_sought.at(i), m_places, i < 3 ? 0 : 3))
+            return false;
+    }
+    return true;
+}
+
+Outcome<QStringList> EquationFilesOf(const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (!info.isDir() || !info.isReadable())
+        return Failure{
+            QStringLiteral("Le dossier des fichiers d'équations est introuvable ou illisible :\n%1")
+                .arg(folder)};
+    // Name filters compare without case. A link that leads nowhere is listed too:
+    // who reads it tells that it cannot be read.
+    const QFileInfoList entries
+        = QDir(folder).entryInfoList({QStringLiteral("*.Equ"), QStringLiteral("*.Avt")},
+                                     QDir::Files | QDir::System, QDir::Name | QDir::IgnoreCase);
+    QStringList names;
+    for (const QFileInfo& entry : entries) {
+        if (entry.isFile() || (entry.isSymLink() && !entry.exists()))
+            names << entry.fileName();
+    }
+    return names;
+}
+
+Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QList<QByteArray>& lines)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+        return WriteFailure(file);
+    QByteArray bytes;
+    if (file.size() > 0) {
+        file.seek(file.size() - 1);
+        char last = 0;
+        if (!file.getChar(&last))
+            return WriteFailure(file);
+        if (last != '\n' && last != '\r')
+            bytes += "\r\n";
+    }
+    for (const QByteArray& line : lines)
+        bytes += line + "\r\n";
+    return Append(file, bytes);
+}
+
+Outcome<qsizetype> EquationAppender::AppendEquation(const QString& path, const QString& line)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
+        return WriteFailure(file);
+    return Append(file, "\r\n'\r\n" + EncodeLine(line));
+}
+
+} // namespace stoikal

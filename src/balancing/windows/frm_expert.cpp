@@ -1,0 +1,244 @@
+#include "balancing/windows/frm_expert.h"
+
+#include "balancing/equation_line_writer.h"
+#include "balancing/equation_search.h"
+#include "balancing/windows/molecule_boxes.h"
+#include "balancing/windows/save_request.h"
+#include "base/fatal_fault.h"
+#include "forms/messages.h"
+#include "platform/doors.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace stoikal {
+namespace {
+
+/// The event loop has its turn this often during a search.
+constexpr double kTurnSeconds = 0.02;
+
+} // namespace
+
+frmExpert::frmExpert(const Doors& doors, QWidget* parent)
+    : Form(QStringLiteral("frmExpert"), QStringLiteral("Equilibrer une équation"), Kind::Child, parent)
+    , m_doors(doors)
+    , m_boxes(new MoleculeBoxes(FormulaField::Expert, doors.messages, this))
+    , cmdBalance(Named(new QPushButton(QStringLiteral("Equilibrage"), this), QStringLiteral("cmdBalance"),
+                       QStringLiteral("Equilibrage")))
+    , cmdNewMol(Named(new QPushButton(QStringLiteral("Nouvelles molécules"), this),
+                      QStringLiteral("cmdNewMol"), QStringLiteral("Nouvelles molécules")))
+    , cmdClearList(Named(new QPushButton(QStringLiteral("Effacer"), this), QStringLiteral("cmdClearList"),
+                         QStringLiteral("Effacer")))
+    , cmdSave(Named(new QPushButton(QStringLiteral("Sauvegarder"), this), QStringLiteral("cmdSave"),
+                    QStringLiteral("Sauvegarder")))
+    , chkOption(Named(new QCheckBox(QStringLiteral("Afficher le coefficient lorsqu'il est égal à 1"), this),
+                      QStringLiteral("chkOption(1)"),
+                      QStringLiteral("Afficher le coefficient lorsqu'il est égal à 1")))
+    , txtResult(Named(new QPlainTextEdit(this), QStringLiteral("txtResult"),
+                      QStringLiteral("Liste des équations équilibrées")))
+    , pgbCompteur(Named(new QProgressBar(this), QStringLiteral("pgbCompteur"),
+                        QStringLiteral("Progression de la recherche")))
+{
+    Build();
+    connect(m_boxes, &MoleculeBoxes::Edited, this, [this] { cmdSave->setEnabled(false); });
+    connect(m_boxes, &MoleculeBoxes::FormulaChanged, this, &frmExpert::ShowWhatCanBeDone);
+    connect(cmdBalance, &QPushButton::clicked, this, &frmExpert::cmdBalance_Click);
+    connect(cmdNewMol, &QPushButton::clicked, this, &frmExpert::cmdNewMol_Click);
+    connect(cmdClearList, &QPushButton::clicked, this, &frmExpert::cmdClearList_Click);
+    connect(cmdSave, &QPushButton::clicked, this, &frmExpert::cmdSave_Click);
+    cmdSave->setEnabled(false);
+    ShowWhatCanBeDone();
+    setFocusProxy(m_boxes);
+    setMouseTracking(true);
+}
+
+void frmExpert::Build()
+{
+    cmdBalance->setToolTip(
+        QStringLiteral("Pour lancer la recherche automatique d'équilibrage de l'équation chimique"));
+    cmdNewMol->setToolTip(
+        QStringLiteral("Pour effacer les formules chimiques moléculaires afin d'en saisir d'autres"));
+    cmdClearList->setToolTip(QStringLiteral("Pour effacer la liste de toutes les équations équilibrées"));
+    cmdSave->setToolTip(
+        QStringLiteral("Pour sauvegarder la dernière équation équilibrée dans le fichier de votre choix"));
+    txtResult->setReadOnly(true);
+    txtResult->setTabChangesFocus(true);
+    txtResult->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+    txtResult->setUndoRedoEnabled(false);
+    QFont large = txtResult->font();
+    large.setPointSizeF(large.pointSizeF() + 1);
+    txtResult->setFont(large);
+    QSizePolicy keepsPlace = pgbCompteur->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    pgbCompteur->setSizePolicy(keepsPlace);
+    pgbCompteur->setTextVisible(false);
+    pgbCompteur->hide();
+
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    for (QPushButton* const button : {cmdBalance, cmdNewMol, cmdClearList, cmdSave})
+        buttons->addWidget(button);
+    buttons->addStretch();
+    buttons->addWidget(chkOption);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(12, 12, 12, 12);
+    rows->setSpacing(8);
+    rows->addWidget(m_boxes);
+    rows->addLayout(buttons);
+    rows->addWidget(txtResult, 1);
+    rows->addWidget(pgbCompteur);
+}
+
+void frmExpert::ShowWhatCanBeDone()
+{
+    cmdBalance->setEnabled(m_boxes->HasText(0) && m_boxes->HasText(1));
+}
+
+void frmExpert::cmdBalance_Click()
+{
+    // A press during a search changes nothing.
+    if (m_isBusy)
+        return;
+    m_isBusy = true;
+    m_isStopped = false;
+    cmdSave->setEnabled(false);
+    m_listBefore = txtResult->toPlainText();
+    m_numberBefore = m_equationNumber;
+    BalancingTask task;
+    task.number = ++m_equationNumber;
+    task.molecules = m_boxes->Texts();
+    task.showsOnes = chkOption->isChecked();
+    try {
+        const BalancingResult result = BalanceEquation(task, *this);
+        m_molecules = task.molecules;
+        m_coefficients = result.coefficients;
+    } catch (const FatalFault& fault) {
+        // The operation is over without a result; what was typed stays.
+        SearchEnds();
+        AttemptsEnd();
+        m_equationNumber = m_numberBefore;
+        txtResult->setPlainText(m_listBefore);
+        txtResult->moveCursor(QTextCursor::End);
+        cmdSave->setEnabled(false);
+        m_doors.messages.OperationFault(this, fault.OperationText());
+    }
+    m_isBusy = false;
+    if (m_closesBehind)
+        Q_EMIT Unloaded();
+}
+
+void frmExpert::Close()
+{
+    if (!m_isBusy) {
+        Q_EMIT Unloaded();
+        return;
+    }
+    m_isStopped = true;
+    m_closesBehind = true;
+}
+
+void frmExpert::cmdNewMol_Click()
+{
+    cmdSave->setEnabled(false);
+    m_boxes->Empty();
+}
+
+void frmExpert::cmdClearList_Click()
+{
+    m_equationNumber = 0;
+    txtResult->clear();
+    // A search that is going on and fails must not bring the old list back.
+    m_numberBefore = 0;
+    m_listBefore.clear();
+}
+
+void frmExpert::cmdSave_Click()
+{
+    const auto choice
+        = m_doors.dialogs.OpenFile(this,
+                                   EquationFileRequest(m_doors.settings, m_doors.equationFolder,
+                                                       QStringLiteral("Sauvegarder l'équation")));
+    if (!choice)
+        return;
+    RememberFilter(m_doors.settings, choice->filter);
+    const auto written
+        = EquationAppender::AppendEquation(choice->path, BalancedEquationLine(m_molecules, m_coefficients));
+    if (!written) {
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+        return;
+    }
+    const QFileInfo file(choice->path);
+    m_doors.messages.Information(
+        this, QStringLiteral("Enregistrement réussie"),
+        QStringLiteral(
+            "La dernière équation équilibrée vient d'être copiée dans le fichier %1 dans le dossier :\n%2")
+            .arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath())));
+}
+
+void frmExpert::Append(const QString& text)
+{
+    txtResult->moveCursor(QTextCursor::End);
+    txtResult->insertPlainText(text);
+    txtResult->moveCursor(QTextCursor::End);
+}
+
+void frmExpert::ResultWritten()
+{
+    cmdSave->setEnabled(true);
+}
+
+bool frmExpert::KeepsUnknownSymbol(const QString& title, const QString& question)
+{
+    return m_doors.messages.Ask(this, title, question, QMessageBox::Warning);
+}
+
+void frmExpert::SearchBegins()
+{
+    setCursor(Qt::WaitCursor);
+}
+
+void frmExpert::SearchEnds()
+{
+    unsetCursor();
+}
+
+void frmExpert::AttemptsBegin(int attempts)
+{
+    pgbCompteur->setRange(0, attempts);
+    pgbCompteur->setValue(0);
+    pgbCompteur->show();
+    m_lastTurn = m_doors.clock.Counter();
+}
+
+bool frmExpert::AttemptsDone(int attempts)
+{
+    const auto counter = m_doors.clock.Counter();
+    const double since
+        = static_cast<double>(counter - m_lastTurn) / static_cast<double>(m_doors.clock.CountsPerSecond());
+    if (since >= kTurnSeconds || attempts == pgbCompteur->maximum()) {
+        pgbCompteur->setValue(attempts);
+        QCoreApplication::processEvents();
+        m_lastTurn = m_doors.clock.Counter();
+    }
+    return !m_isStopped;
+}
+
+void frmExpert::AttemptsEnd()
+{
+    pgbCompteur->hide();
+}
+
+void frmExpert::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT MouseMovedOver();
+    Form::mouseMoveEvent(event);
+}
+
+} // namespace stoikal

@@ -1,0 +1,248 @@
+#include "balancing/windows/frm_search.h"
+
+#include "balancing/equation_search.h"
+#include "balancing/windows/molecule_boxes.h"
+#include "balancing/windows/save_request.h"
+#include "base/fatal_fault.h"
+#include "base/text_lines.h"
+#include "forms/messages.h"
+#include "platform/doors.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace stoikal {
+namespace {
+
+/// The event loop has its turn this often during a search.
+constexpr double kTurnSeconds = 0.02;
+
+} // namespace
+
+frmSearch::frmSearch(const Doors& doors, QWidget* parent)
+    : Form(QStringLiteral("frmSearch"), QStringLiteral("Rechercher dans les fichiers d'équations"),
+           Kind::Child, parent)
+    , m_doors(doors)
+    , m_boxes(new MoleculeBoxes(FormulaField::Search, doors.messages, this))
+    , cmdSearch(Named(new QPushButton(QStringLiteral("Lancer la recherche"), this),
+                      QStringLiteral("cmdSearch"), QStringLiteral("Lancer la recherche")))
+    , cmdNewMol(Named(new QPushButton(QStringLiteral("Nouvelles molécules"), this),
+                      QStringLiteral("cmdNewMol"), QStringLiteral("Nouvelles molécules")))
+    , cmdClearList(Named(new QPushButton(QStringLiteral("Effacer"), this), QStringLiteral("cmdClearList"),
+                         QStringLiteral("Effacer")))
+    , chkSave(Named(
+          new QCheckBox(QStringLiteral("Créer un nouveau fichier avec les équations trouvées"), this),
+          QStringLiteral("chkSave"), QStringLiteral("Créer un nouveau fichier avec les équations trouvées")))
+    , flbEQU(Named(new QListWidget(this), QStringLiteral("flbEQU"), QStringLiteral("Fichiers d'équations")))
+    , txtResult(
+          Named(new QPlainTextEdit(this), QStringLiteral("txtResult"), QStringLiteral("Équations trouvées")))
+{
+    Build();
+    connect(m_boxes, &MoleculeBoxes::FormulaChanged, this,
+            [this] { cmdSearch->setEnabled(m_boxes->HasText(0) || m_boxes->HasText(1)); });
+    connect(cmdSearch, &QPushButton::clicked, this, &frmSearch::SearchEquations);
+    connect(cmdNewMol, &QPushButton::clicked, m_boxes, &MoleculeBoxes::Empty);
+    connect(cmdClearList, &QPushButton::clicked, txtResult, &QPlainTextEdit::clear);
+    cmdSearch->setEnabled(false);
+    setFocusProxy(m_boxes);
+    setMouseTracking(true);
+}
+
+void frmSearch::Build()
+{
+    txtResult->setReadOnly(true);
+    txtResult->setTabChangesFocus(true);
+    txtResult->setUndoRedoEnabled(false);
+    QFont large = txtResult->font();
+    large.setPointSizeF(large.pointSizeF() + 1);
+    txtResult->setFont(large);
+    flbEQU->setSelectionMode(QAbstractItemView::SingleSelection);
+    flbEQU->setFixedWidth(240);
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    for (QPushButton* const button : {cmdSearch, cmdNewMol, cmdClearList})
+        buttons->addWidget(button);
+    buttons->addStretch();
+    buttons->addWidget(chkSave);
+    auto* const lists = new QHBoxLayout;
+    lists->setSpacing(8);
+    lists->addWidget(txtResult, 1);
+    lists->addWidget(flbEQU);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(12, 12, 12, 12);
+    rows->setSpacing(8);
+    rows->addWidget(m_boxes);
+    rows->addLayout(buttons);
+    rows->addLayout(lists, 1);
+}
+
+void frmSearch::RefreshFiles()
+{
+    flbEQU->clear();
+    const auto files = EquationFilesOf(m_doors.equationFolder);
+    if (files)
+        flbEQU->addItems(*files);
+}
+
+void frmSearch::showEvent(QShowEvent* event)
+{
+    RefreshFiles();
+    Form::showEvent(event);
+}
+
+void frmSearch::SearchEquations()
+{
+    if (m_isBusy)
+        return;
+    Gathering gathering;
+    if (chkSave->isChecked() && !ChooseOutput(gathering))
+        return;
+    m_isBusy = true;
+    m_isStopped = false;
+    setCursor(Qt::WaitCursor);
+    RefreshFiles();
+    const bool isComplete = SearchFiles(gathering);
+    unsetCursor();
+    m_isBusy = false;
+    if (m_closesBehind) {
+        Q_EMIT Unloaded();
+        return;
+    }
+    // Of a search that did not come to its end nothing is written.
+    if (!isComplete || gathering.path.isEmpty())
+        return;
+    const auto written = EquationAppender::AppendLines(gathering.path, gathering.lines);
+    if (!written) {
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+        return;
+    }
+    RefreshFiles();
+    Q_EMIT FileGathered(gathering.path);
+}
+
+bool frmSearch::ChooseOutput(Gathering& gathering)
+{
+    Dialogs::Request request = EquationFileRequest(m_doors.settings, m_doors.equationFolder,
+                                                   QStringLiteral("Créer un fichier d'équations"));
+    request.fileName = QStringLiteral("Nom_du_Fichier.EQU");
+    const auto choice = m_doors.dialogs.AppendToFile(this, request);
+    if (!choice)
+        return false;
+    RememberFilter(m_doors.settings, choice->filter);
+    gathering.path = choice->path;
+    if (QFileInfo(gathering.path).suffix().isEmpty())
+        gathering.path += choice->filter == 1 ? QStringLiteral(".Avt") : QStringLiteral(".Equ");
+    return true;
+}
+
+bool frmSearch::SearchFiles(Gathering& gathering)
+{
+    m_lastTurn = m_doors.clock.Counter();
+    const auto files = EquationFilesOf(m_doors.equationFolder);
+    if (!files) {
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), files.Reason());
+        return false;
+    }
+    EquationPattern pattern(m_boxes->Texts());
+    try {
+        for (const QString& name : *files) {
+            SearchFile(name, pattern, gathering);
+            TakeTurn();
+            if (m_isStopped)
+                return false;
+        }
+    } catch (const FatalFault& fault) {
+        // The search is over; what was found so far stays.
+        ShowList();
+        m_doors.messages.OperationFault(this, fault.OperationText());
+        return false;
+    }
+    AddToList(QLatin1Char('\n') + QString(100, QLatin1Char('*')));
+    ShowList();
+    return true;
+}
+
+void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering)
+{
+    AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(name));
+    const QString path = m_doors.equationFolder + QLatin1Char('/') + name;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        AddToList(QStringLiteral("(illisible : %1)").arg(file.errorString()));
+        return;
+    }
+    // Read whole before it is matched: the file may be the one written to.
+    const QByteArray bytes = NormaliseTextBytes(file.readAll());
+    if (file.error() != QFileDevice::NoError) {
+        AddToList(QStringLiteral("(illisible : %1)").arg(file.errorString()));
+        return;
+    }
+    LineWalker walker(bytes);
+    int number = 0;
+    while (!walker.AtEnd()) {
+        const QByteArrayView line = walker.Next();
+        ++number;
+        qsizetype first = 0;
+        while (first < line.size() && line[first] == ' ')
+            ++first;
+        if (line.isEmpty() || (first < line.size() && line[first] == '\''))
+            continue;
+        try {
+            if (!pattern.Matches(line))
+                continue;
+        } catch (const FatalFault& fault) {
+            throw fault.At(path, number, DecodeLine(line));
+        }
+        gathering.lines << line.toByteArray();
+        AddToList(QLatin1Char('\n') + QString(20, QLatin1Char(' ')) + DecodeLine(line));
+    }
+}
+
+void frmSearch::AddToList(const QString& text)
+{
+    m_unshown += text;
+}
+
+void frmSearch::ShowList()
+{
+    txtResult->moveCursor(QTextCursor::End);
+    txtResult->insertPlainText(m_unshown);
+    txtResult->moveCursor(QTextCursor::End);
+    m_unshown.clear();
+}
+
+void frmSearch::TakeTurn()
+{
+    const double since = static_cast<double>(m_doors.clock.Counter() - m_lastTurn)
+        / static_cast<double>(m_doors.clock.CountsPerSecond());
+    if (since < kTurnSeconds)
+        return;
+    ShowList();
+    QCoreApplication::processEvents();
+    m_lastTurn = m_doors.clock.Counter();
+}
+
+void frmSearch::Close()
+{
+    if (!m_isBusy) {
+        Q_EMIT Unloaded();
+        return;
+    }
+    m_isStopped = true;
+    m_closesBehind = true;
+}
+
+void frmSearch::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT MouseMovedOver();
+    Form::mouseMoveEvent(event);
+}
+
+} // namespace stoikal

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "forms/form.h"
+
+#include <array>
+
+class QFrame;
+class QLabel;
+class QPushButton;
+
+namespace stoikal {
+
+/// All the data of one element; the next and the previous one around the ends.
+class frmDataAtomes final : public Form
+{
+    Q_OBJECT
+
+public:
+    frmDataAtomes(QChar separator, QWidget* parent);
+
+    /// Shows an element, 0 to 117.
+    void ShowElementData(int index);
+    int CurrentElement() const { return m_currentElement; }
+
+private:
+    QChar m_separator;
+    int m_currentElement = 0;
+
+    QFrame* shpAtome;
+    std::array<QLabel*, 13> lblData{};
+    QPushButton* cmdPrevious;
+    QPushButton* cmdNext;
+};
+
+} // namespace stoikal

@@ -1,0 +1,167 @@
+#include "shell/tool_desk.h"
+
+#include "balancing/windows/frm_expert.h"
+#include "balancing/windows/frm_search.h"
+#include "chemistry/windows/frm_data_atomes.h"
+#include "chemistry/windows/frm_tableau_periodique.h"
+#include "forms/messages.h"
+#include "forms/place.h"
+#include "shell/data_folders.h"
+#include "shell/exercise_desk.h"
+#include "shell/file_session.h"
+#include "shell/help_topics.h"
+#include "shell/session.h"
+#include "shell/windows/frm_stoikal.h"
+
+#include <QFileInfo>
+#include <QMdiSubWindow>
+
+namespace stoikal {
+namespace {
+
+QString DataAtomesSection()
+{
+    return QStringLiteral("DataAtomes Window");
+}
+
+} // namespace
+
+ToolDesk::ToolDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk, FileSession& files)
+    : m_session(session)
+    , m_mainWindow(mainWindow)
+    , m_desk(desk)
+    , m_files(files)
+{
+    connect(&files, &FileSession::ToolsToHide, this, &ToolDesk::HideTools);
+    connect(&files, &FileSession::CloseConsidered, this, &ToolDesk::UnloadDataAtomes);
+}
+
+ToolDesk::~ToolDesk() = default;
+
+template <typename Window>
+void ToolDesk::Unload(QPointer<Window>& window, const char* entry)
+{
+    if (window != nullptr) {
+        window->parentWidget()->hide();
+        window->parentWidget()->deleteLater();
+    }
+    window = nullptr;
+    m_session.menu.SetChecked(entry, false);
+}
+
+void ToolDesk::Mnu_Balance_Click()
+{
+    if (m_expert != nullptr) {
+        m_expert->Close();
+        return;
+    }
+    const Platform& desktop = m_session.desktop;
+    m_expert = new frmExpert({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
+                              m_session.state.DossierDocuments + OwnFolder()},
+                             nullptr);
+    connect(m_expert, &frmExpert::Unloaded, this, [this] { Unload(m_expert, "Mnu_Balance"); });
+    connect(m_expert, &Form::CloseAsked, m_expert, &frmExpert::Close);
+    connect(m_expert, &frmExpert::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    connect(m_expert, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kExpert); });
+    m_session.menu.SetChecked("Mnu_Balance", true);
+    m_mainWindow.AddTool(m_expert);
+}
+
+void ToolDesk::Mnu_Search_Click()
+{
+    if (m_search != nullptr) {
+        m_search->Close();
+        return;
+    }
+    const Platform& desktop = m_session.desktop;
+    m_search = new frmSearch({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
+                              m_session.state.DossierDocuments + OwnFolder()},
+                             nullptr);
+    connect(m_search, &frmSearch::Unloaded, this, [this] { Unload(m_search, "Mnu_Search"); });
+    connect(m_search, &Form::CloseAsked, m_search, &frmSearch::Close);
+    connect(m_search, &frmSearch::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    connect(m_search, &frmSearch::FileGathered, this, &ToolDesk::OpenGathered);
+    connect(m_search, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kSearch); });
+    m_session.menu.SetChecked("Mnu_Search", true);
+    m_mainWindow.AddTool(m_search);
+}
+
+void ToolDesk::Mnu_Tableau_Click()
+{
+    if (m_tableau != nullptr) {
+        Unload(m_tableau, "Mnu_Tableau");
+        return;
+    }
+    m_tableau = new frmTableauPeriodique(nullptr);
+    connect(m_tableau, &frmTableauPeriodique::ElementChosen, this, &ToolDesk::ShowElement);
+    connect(m_tableau, &Form::CloseAsked, this, [this] { Unload(m_tableau, "Mnu_Tableau"); });
+    connect(m_tableau, &frmTableauPeriodique::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    connect(m_tableau, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kTableau); });
+    m_session.menu.SetChecked("Mnu_Tableau", true);
+    m_mainWindow.AddTool(m_tableau);
+}
+
+void ToolDesk::ShowElement(int index)
+{
+    UnloadDataAtomes();
+    const Platform& desktop = m_session.desktop;
+    m_dataAtomes = new frmDataAtomes(desktop.regional.DecimalSeparator(), &m_mainWindow);
+    connect(m_dataAtomes, &Form::CloseAsked, this, &ToolDesk::UnloadDataAtomes);
+    connect(m_dataAtomes, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kDataAtomes); });
+    m_dataAtomes->ShowElementData(index);
+    m_dataAtomes->adjustSize();
+    const QPoint centre((m_session.state.LargeurUtile - FromPixels(m_dataAtomes->width())) / 2,
+                        FromPixels(120));
+    RestorePlace(*m_dataAtomes, desktop.screen, m_session.settings, DataAtomesSection(), centre);
+    m_dataAtomes->show();
+    m_dataAtomes->activateWindow();
+}
+
+void ToolDesk::UnloadDataAtomes()
+{
+    if (m_dataAtomes == nullptr)
+        return;
+    KeepPlace(*m_dataAtomes, m_session.desktop.screen, m_session.settings, DataAtomesSection());
+    m_dataAtomes->hide();
+    m_dataAtomes->deleteLater();
+    m_dataAtomes = nullptr;
+}
+
+void ToolDesk::HideTools()
+{
+    if (m_tableau != nullptr)
+        m_tableau->parentWidget()->hide();
+    if (m_expert != nullptr)
+        m_expert->parentWidget()->hide();
+    if (m_search != nullptr)
+        m_search->parentWidget()->hide();
+}
+
+void ToolDesk::StopTools()
+{
+    if (m_expert != nullptr)
+        m_expert->StopSearch();
+    if (m_search != nullptr)
+        m_search->StopSearch();
+}
+
+void ToolDesk::OpenGathered(const QString& path)
+{
+    const QString title = QStringLiteral("Ouvrir un fichier");
+    const QString question = QStringLiteral("Souhaitez-vous ouvrir le fichier %1 que vous venez de créer ?")
+                                 .arg(QFileInfo(path).fileName());
+    if (!m_session.messages.Ask(&m_mainWindow, title, question, QMessageBox::Warning))
+        return;
+    if (m_session.run.IsOpen()) {
+        if (!m_session.messages.Ask(
+                &m_mainWindow, title,
+                QStringLiteral("Un fichier est déjà ouvert.\n"
+                               "Souhaitez-vous néanmoins ouvrir celui que vous venez de créer ?"),
+                QMessageBox::Critical))
+            return;
+        m_files.CloseRun();
+    }
+    m_files.OpenKnownFile(path);
+}
+
+} // namespace stoikal

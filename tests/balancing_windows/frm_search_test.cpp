@@ -1,0 +1,610 @@
+#include "balancing/windows/frm_search.h"
+
+#include "base/settings_store.h"
+#include "support/fake_messages.h"
+#include "support/fake_platform.h"
+#include "support/window_driver.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Every look at it finds a tenth of a second gone: a search gives the event loop
+/// a turn behind each file.
+struct RunningClock final : Clock {
+    mutable std::int64_t counter = 0;
+    std::int64_t Counter() const override { return ++counter; }
+    std::int64_t CountsPerSecond() const override { return 10; }
+    QDateTime Now() const override { return {}; }
+};
+
+/// What a search adds to the list: the heads of the files with their findings.
+QString Head(const QString& file)
+{
+    return u"\nDans le fichier "_s + file + u" : "_s;
+}
+
+QString Finding(const QString& line)
+{
+    return u"\n                    "_s + line;
+}
+
+QString End()
+{
+    return u"\n****************************************************************************************************"_s;
+}
+
+/// The window on the screen, over a folder of equation files.
+class FrmSearch : public testing::Test
+{
+protected:
+    FrmSearch()
+    {
+        QDir().mkpath(equations);
+        QObject::connect(&window, &frmSearch::Unloaded, [this] { ++unloads; });
+        QObject::connect(&window, &frmSearch::FileGathered,
+                         [this](const QString& path) { gathered << path; });
+    }
+
+    void Open()
+    {
+        window.show();
+        window.activateWindow();
+        Settle();
+    }
+
+    QString Path(const QString& name) const { return equations + u'/' + name; }
+
+    void Write(const QString& name, const QByteArray& bytes)
+    {
+        QFile file(Path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            throw std::runtime_error("cannot write " + name.toStdString());
+    }
+
+    QByteArray BytesOf(const QString& path) const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    QPushButton& Button(const char* name) { return Control<QPushButton>(window, name); }
+    QPushButton& SearchButton() { return Button("cmdSearch"); }
+    QCheckBox& Gathers() { return Control<QCheckBox>(window, "chkSave"); }
+    QPlainTextEdit& List() { return Control<QPlainTextEdit>(window, "txtResult"); }
+    QString ListText() { return List().toPlainText(); }
+    QLineEdit& Box(int position)
+    {
+        return Control<QLineEdit>(window, qPrintable(ArrayName("txtMolecule", position)));
+    }
+
+    QStringList Files()
+    {
+        const auto& list = Control<QListWidget>(window, "flbEQU");
+        QStringList names;
+        for (int row = 0; row < list.count(); ++row)
+            names << list.item(row)->text();
+        return names;
+    }
+
+    /// Types one text a box and searches.
+    void SearchFor(const QStringList& molecules)
+    {
+        if (!window.isVisible())
+            Open();
+        for (int position = 0; position < 6; ++position) {
+            Box(position).clear();
+            if (position < molecules.size() && !molecules.at(position).isEmpty())
+                Type(Box(position), molecules.at(position));
+        }
+        Click(SearchButton());
+    }
+
+    /// The same with the findings gathered in a file.
+    void Gather(const QStringList& molecules, const QString& path, int filter = 0)
+    {
+        if (!window.isVisible())
+            Open();
+        if (!Gathers().isChecked())
+            Click(Gathers());
+        dialogs.answers.push_back(Dialogs::Choice{path, filter});
+        SearchFor(molecules);
+    }
+
+    void ExpectFault(const QString& file, const QString& line)
+    {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+        const QString text = messages.shown[0].text;
+        EXPECT_TRUE(text.startsWith(u"Erreur d'exécution"_s));
+        EXPECT_TRUE(text.contains(Path(file) + u'\n' + line)) << text.toStdString();
+    }
+
+    QTemporaryDir folder;
+    QString equations = folder.filePath(u"equations"_s);
+    QString settingsFile = folder.filePath(u"ConfEQU.ini"_s);
+    SettingsStore store;
+    Settings settings{store, settingsFile};
+    RunningClock clock;
+    FakeDialogs dialogs;
+    FakeMessages messages;
+    frmSearch window{{clock, dialogs, messages, settings, equations}, nullptr};
+    int unloads = 0;
+    QStringList gathered;
+};
+
+} // namespace
+
+TEST_F(FrmSearch, HasTheCaptionsOfItsControls)
+{
+    EXPECT_EQ(window.windowTitle(), u"Rechercher dans les fichiers d'équations"_s);
+    EXPECT_EQ(SearchButton().text(), u"Lancer la recherche"_s);
+    EXPECT_EQ(Button("cmdNewMol").text(), u"Nouvelles molécules"_s);
+    EXPECT_EQ(Button("cmdClearList").text(), u"Effacer"_s);
+    EXPECT_EQ(Gathers().text(), u"Créer un nouveau fichier avec les équations trouvées"_s);
+    EXPECT_FALSE(Gathers().isChecked());
+}
+
+TEST_F(FrmSearch, ListsTheFilesThatItSearches)
+{
+    Write(u"b.Equ"_s, {});
+    Write(u"A.avt"_s, {});
+    Write(u"Resultat.txt"_s, {});
+
+    Open();
+
+    EXPECT_EQ(Files(), QStringList({u"A.avt"_s, u"b.Equ"_s}));
+}
+
+TEST_F(FrmSearch, SearchesForAMoleculeOnAnySide)
+{
+    Open();
+    EXPECT_FALSE(SearchButton().isEnabled());
+    for (int position = 0; position < 6; ++position) {
+        Type(Box(position), u"H"_s);
+        EXPECT_TRUE(SearchButton().isEnabled()) << position;
+        Press(Box(position), Qt::Key_Backspace);
+        EXPECT_FALSE(SearchButton().isEnabled()) << position;
+    }
+}
+
+TEST_F(FrmSearch, FiltersItsBoxesWithAnyNumberOfBraces)
+{
+    Open();
+    for (int position = 0; position < 6; ++position) {
+        Type(Box(position), u"{{ "_s);
+        EXPECT_EQ(Box(position).text(), u"{{"_s);
+    }
+    // The blank alone was refused.
+    EXPECT_EQ(messages.shown.size(), 6U);
+}
+
+TEST_F(FrmSearch, EmptiesItsBoxesForNewMolecules)
+{
+    SearchFor({u"H2"_s, {}, {}, u"H2O"_s});
+    const QString list = ListText();
+
+    Click(Button("cmdNewMol"));
+
+    for (int position = 0; position < 6; ++position)
+        EXPECT_EQ(Box(position).text(), QString());
+    EXPECT_TRUE(Box(0).hasFocus());
+    EXPECT_FALSE(SearchButton().isEnabled());
+    EXPECT_EQ(ListText(), list);
+}
+
+TEST_F(FrmSearch, EmptiesItsListAlone)
+{
+    SearchFor({u"H2"_s});
+    ASSERT_EQ(ListText(), End());
+
+    Click(Button("cmdClearList"));
+
+    EXPECT_EQ(ListText(), QString());
+    EXPECT_EQ(Box(0).text(), u"H2"_s);
+}
+
+TEST_F(FrmSearch, ListsTheFindingsUnderTheirFiles)
+{
+    Write(u"b.Equ"_s,
+          "'H2 en t\xEAte\r\n H2 + O2=H2O/2,1,2\r\n\r\nC+O2=CO2/1,1,1\r\n  'H2+\r\nH2+Cl2=HCl/1,1,2");
+    Write(u"c.Avt"_s, "CH4+O2=CO2+H2O/1,2,1,2#Q1,Q1,Q0,Q0\r\n");
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(),
+              Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + Head(u"b.Equ"_s)
+                  + Finding(u" H2 + O2=H2O/2,1,2"_s) + Finding(u"H2+Cl2=HCl/1,1,2"_s) + Head(u"c.Avt"_s)
+                  + End());
+    EXPECT_TRUE(List().textCursor().atEnd());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FrmSearch, AddsEachSearchToTheList)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+    List().moveCursor(QTextCursor::Start);
+    SearchFor({{}, {}, {}, u"N2"_s});
+
+    EXPECT_EQ(ListText(),
+              Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End() + Head(u"a.Equ"_s) + End());
+}
+
+TEST_F(FrmSearch, TakesTheTextOfAllSixBoxes)
+{
+    Write(u"a.Equ"_s, "Al+Fe+Cu=H2+O2+N2/1,1,1,1,1,1\r\nAl+Fe+Cu=H2+O2/1,1,1,1,1\r\n");
+
+    SearchFor({u"Cu"_s, u"Al"_s, u"Fe"_s, u"N2"_s, u"H2"_s, u"O2"_s});
+
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"Al+Fe+Cu=H2+O2+N2/1,1,1,1,1,1"_s) + End());
+}
+
+TEST_F(FrmSearch, FindsAChargedMolecule)
+{
+    Write(u"a.Equ"_s, "Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1\r\n");
+
+    SearchFor({u"Fe{3+}"_s, {}, {}, u"Cu{2+}"_s});
+
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1"_s) + End());
+}
+
+TEST_F(FrmSearch, DoesNotFindAStateThatWasNotTyped)
+{
+    Write(u"a.Equ"_s, "H2<g>+O2=H2O/2,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + End());
+}
+
+TEST_F(FrmSearch, ReadsAnyLineEndAndBothEncodings)
+{
+    Write(u"a.Equ"_s, "H2+A=B/1 \xE9\nH2+C=D/1 \xC3\xA9\rH2+E=F/1");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(),
+              Head(u"a.Equ"_s) + Finding(u"H2+A=B/1 é"_s) + Finding(u"H2+C=D/1 é"_s) + Finding(u"H2+E=F/1"_s)
+                  + End());
+}
+
+TEST_F(FrmSearch, DoesNotLookIntoFoldersOfTheFolder)
+{
+    QDir().mkpath(Path(u"Dossier.Equ"_s));
+    Write(u"Dossier.Equ/dedans.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(), End());
+}
+
+TEST_F(FrmSearch, SearchesAFileThatCameMeanwhileAndListsIt)
+{
+    Open();
+    Write(u"neuf.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(), Head(u"neuf.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End());
+    EXPECT_EQ(Files(), QStringList{u"neuf.Equ"_s});
+}
+
+TEST_F(FrmSearch, EndsAtALineWithoutEquals)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"b.Equ"_s, "'un\r\nH2+O2=H2O/2,1,2\r\n\r\nH2 + O2\r\nH2+S=H2S/1,1,1\r\n");
+    Write(u"c.Equ"_s, "H2+Cl2=HCl/1,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    ExpectFault(u"b.Equ"_s, u"Ligne 4\u00A0: H2 + O2"_s);
+    EXPECT_EQ(ListText(),
+              Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + Head(u"b.Equ"_s)
+                  + Finding(u"H2+O2=H2O/2,1,2"_s));
+    EXPECT_EQ(Box(0).text(), u"H2"_s);
+
+    // The window goes on.
+    QFile::remove(Path(u"b.Equ"_s));
+    Click(Button("cmdClearList"));
+    Click(SearchButton());
+    EXPECT_TRUE(ListText().endsWith(Finding(u"H2+Cl2=HCl/1,1,2"_s) + End()));
+}
+
+TEST_F(FrmSearch, ShowsWhatItFoundBehindTheMessageOfAFault)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nrien\r\n");
+    QString behind;
+    messages.whileOpen = [&](const Message&) { behind = ListText(); };
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(behind, Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s));
+}
+
+TEST_F(FrmSearch, EndsAtALineOfBlanks)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n   \r\n");
+
+    SearchFor({u"H2"_s});
+
+    ExpectFault(u"a.Equ"_s, u"Ligne 2\u00A0:    "_s);
+}
+
+TEST_F(FrmSearch, EndsAtASeventhFormula)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nA+B+C+D+E+F+G=H/1\r\n");
+
+    SearchFor({u"H2"_s});
+
+    ExpectFault(u"a.Equ"_s, u"Ligne 2\u00A0: A+B+C+D+E+F+G=H/1"_s);
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s));
+}
+
+TEST_F(FrmSearch, TellsAFileThatCannotBeOpenedAndGoesOn)
+{
+    ASSERT_TRUE(QFile::link(Path(u"nulle part"_s), Path(u"a.Equ"_s)));
+    Write(u"b.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_TRUE(ListText().startsWith(Head(u"a.Equ"_s) + u"(illisible : "_s)) << ListText().toStdString();
+    EXPECT_TRUE(ListText().endsWith(Head(u"b.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End()));
+}
+
+TEST_F(FrmSearch, TellsAFileThatCannotBeReadAndGoesOn)
+{
+    // It opens, and its first byte cannot be read.
+    ASSERT_TRUE(QFile::link(u"/proc/self/mem"_s, Path(u"a.Equ"_s)));
+    Write(u"b.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_TRUE(ListText().startsWith(Head(u"a.Equ"_s) + u"(illisible : "_s)) << ListText().toStdString();
+    EXPECT_TRUE(ListText().endsWith(Head(u"b.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End()));
+}
+
+TEST_F(FrmSearch, TellsThatItsFolderIsMissing)
+{
+    QDir().rmdir(equations);
+
+    SearchFor({u"H2"_s});
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(messages.shown[0].text.contains(equations));
+    EXPECT_EQ(ListText(), QString());
+}
+
+TEST_F(FrmSearch, KeepsTheFocusOnItsButton)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Open();
+    Type(Box(0), u"H2"_s);
+    SearchButton().setFocus();
+
+    Press(SearchButton(), Qt::Key_Space);
+
+    EXPECT_TRUE(SearchButton().hasFocus());
+    EXPECT_TRUE(ListText().endsWith(End()));
+}
+
+TEST_F(FrmSearch, IgnoresASecondPressDuringASearch)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"b.Equ"_s, "H2+O2=H2O/2,1,2\r\n");
+    Open();
+    QString then;
+    QTimer::singleShot(0, &window, [&] {
+        EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
+        then = ListText();
+        Click(SearchButton());
+    });
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(then, Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s));
+    EXPECT_EQ(ListText(), then + Head(u"b.Equ"_s) + Finding(u"H2+O2=H2O/2,1,2"_s) + End());
+    EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(FrmSearch, StopsASearchBeforeItGoes)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"b.Equ"_s, "H2+O2=H2O/2,1,2\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+    int unloadsThen = -1;
+    Open();
+    QTimer::singleShot(0, &window, [&] {
+        window.Close();
+        unloadsThen = unloads;
+    });
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(unloadsThen, 0);
+    EXPECT_EQ(unloads, 1);
+    EXPECT_FALSE(ListText().contains(u"b.Equ"_s));
+    EXPECT_TRUE(gathered.isEmpty());
+    EXPECT_FALSE(QFile::exists(output));
+}
+
+TEST_F(FrmSearch, WritesNothingOfASearchGivenUp)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+    Open();
+    QTimer::singleShot(0, &window, [this] { window.StopSearch(); });
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(unloads, 0);
+    EXPECT_FALSE(ListText().contains(End()));
+    EXPECT_TRUE(gathered.isEmpty());
+    EXPECT_FALSE(QFile::exists(output));
+}
+
+TEST_F(FrmSearch, GoesAtOnceWithoutASearch)
+{
+    Open();
+    window.Close();
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(FrmSearch, AsksForTheOutputInTheFolderOfEquations)
+{
+    Open();
+    Click(Gathers());
+    dialogs.answers = {std::nullopt, std::nullopt};
+
+    SearchFor({u"H2"_s});
+    settings.Write(u"Options"_s, u"Files by default"_s, u"AVT"_s);
+    SearchFor({u"H2"_s});
+
+    ASSERT_EQ(dialogs.asked.size(), 2U);
+    EXPECT_EQ(dialogs.asked[0].folder, equations);
+    EXPECT_EQ(dialogs.asked[0].filters,
+              QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));
+    EXPECT_EQ(dialogs.asked[0].fileName, u"Nom_du_Fichier.EQU"_s);
+    EXPECT_EQ(dialogs.asked[0].filter, 0);
+    EXPECT_EQ(dialogs.asked[1].filter, 1);
+}
+
+TEST_F(FrmSearch, DoesNothingWhenTheOutputIsCancelled)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Open();
+    Click(Gathers());
+    dialogs.answers = {std::nullopt};
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(), QString());
+    EXPECT_EQ(settings.Read(u"Options"_s, u"Files by default"_s), QString());
+    EXPECT_TRUE(gathered.isEmpty());
+}
+
+TEST_F(FrmSearch, AsksForNoOutputUnlessItGathers)
+{
+    SearchFor({u"H2"_s});
+
+    EXPECT_TRUE(dialogs.asked.empty());
+    EXPECT_TRUE(gathered.isEmpty());
+}
+
+TEST_F(FrmSearch, GathersTheFindingsInANewFileByteForByte)
+{
+    Write(u"a.Equ"_s, " H2 + N2=NH3/3,1,2 \xE9\nC+O2=CO2/1,1,1\nH2+O2=H2O/2,1,2 \xC3\xA9");
+    const QString output = Path(u"sortie.Equ"_s);
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(BytesOf(output), " H2 + N2=NH3/3,1,2 \xE9\r\nH2+O2=H2O/2,1,2 \xC3\xA9\r\n");
+    EXPECT_EQ(gathered, QStringList{output});
+    EXPECT_TRUE(ListText().endsWith(End()));
+    EXPECT_EQ(Files(), QStringList({u"a.Equ"_s, u"sortie.Equ"_s}));
+}
+
+TEST_F(FrmSearch, AddsTheFindingsToAnExistingFileThatItReadBefore)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2");
+
+    Gather({u"H2"_s}, Path(u"a.Equ"_s));
+
+    // Its own line was found once and stands behind it, after a line end.
+    EXPECT_EQ(BytesOf(Path(u"a.Equ"_s)), "H2+N2=NH3/3,1,2\r\nH2+N2=NH3/3,1,2\r\n");
+}
+
+TEST_F(FrmSearch, MakesTheFileEvenWithoutAFinding)
+{
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(BytesOf(output), "");
+    EXPECT_EQ(gathered, QStringList{output});
+}
+
+TEST_F(FrmSearch, GivesANameWithoutExtensionThatOfItsFilter)
+{
+    Gather({u"H2"_s}, folder.filePath(u"un"_s), 0);
+    dialogs.answers.push_back(Dialogs::Choice{folder.filePath(u"deux"_s), 1});
+    Click(SearchButton());
+
+    EXPECT_EQ(gathered, QStringList({folder.filePath(u"un.Equ"_s), folder.filePath(u"deux.Avt"_s)}));
+}
+
+TEST_F(FrmSearch, RemembersTheFilterLeftActive)
+{
+    Gather({u"H2"_s}, folder.filePath(u"sortie.Avt"_s), 1);
+    EXPECT_EQ(settings.Read(u"Options"_s, u"Files by default"_s), u"AVT"_s);
+
+    dialogs.answers.push_back(Dialogs::Choice{folder.filePath(u"sortie.Equ"_s), 0});
+    Click(SearchButton());
+    EXPECT_EQ(settings.Read(u"Options"_s, u"Files by default"_s), u"EQU"_s);
+}
+
+TEST_F(FrmSearch, TellsAnOutputThatCannotBeWritten)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    const QString output = Path(u"Dossier.Equ"_s);
+    QDir().mkpath(output);
+
+    Gather({u"H2"_s}, output);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(messages.shown[0].text.contains(output));
+    EXPECT_TRUE(gathered.isEmpty());
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End());
+}
+
+TEST_F(FrmSearch, WritesNothingOfASearchThatEndedByAFault)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nrien\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+
+    Gather({u"H2"_s}, output);
+
+    ExpectFault(u"a.Equ"_s, u"Ligne 2\u00A0: rien"_s);
+    EXPECT_FALSE(QFile::exists(output));
+    EXPECT_TRUE(gathered.isEmpty());
+}
+
+TEST_F(FrmSearch, WritesNothingWithoutItsFolder)
+{
+    QDir().rmdir(equations);
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_FALSE(QFile::exists(output));
+    EXPECT_TRUE(gathered.isEmpty());
+}
+
+TEST_F(FrmSearch, AsksForItsHelpPageAtF1)
+{
+    Open();
+    int asked = 0;
+    QObject::connect(&window, &Form::HelpAsked, [&asked] { ++asked; });
+
+    Press(Box(1), Qt::Key_F1);
+
+    EXPECT_EQ(asked, 1);
+}
+
+} // namespace stoikal

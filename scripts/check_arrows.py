@@ -14,6 +14,8 @@ LOGIC = {
     "charts": {"base", "progress"},
     "simulation": {"base"},
     "tools": {"base"},
+    "help": {"base"},
+    "editor": {"base", "chemistry", "equation_files", "balancing"},
     "platform": {"base"},
     "forms": {"base", "platform"},
 }

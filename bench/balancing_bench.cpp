@@ -2,8 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <numeric>
+#include <string>
 #include <utility>
 
 using namespace stoikal;
@@ -35,7 +38,7 @@ struct Example {
     std::array<const char16_t*, 6> molecules;
     int rows;
     int columns;
-    std::array<std::array<std::int64_t, 6>, 6> matrix;
+    std::array<std::array<std::int64_t, 6>, 8> matrix;
     std::array<std::int64_t, 6> coefficients;
 };
 
@@ -96,7 +99,7 @@ BENCHMARK(BalanceDirectly)->DenseRange(0, 2);
 /// the right, then the whole numbers.
 std::array<std::int64_t, 6> EliminateExactly(const Example& example)
 {
-    std::array<std::array<Fraction, 6>, 6> cells;
+    std::array<std::array<Fraction, 6>, 8> cells;
     const auto rows = static_cast<size_t>(example.rows);
     const auto columns = static_cast<size_t>(example.columns);
     for (size_t row = 0; row < rows; ++row) {
@@ -148,6 +151,104 @@ void EliminateBare(benchmark::State& state)
     }
 }
 BENCHMARK(EliminateBare)->DenseRange(0, 2);
+
+/// The peer of the whole way: typed formulas in plain characters (symbols of one or
+/// two letters, indices, one level of brackets, "{2+}"), an exact elimination, the
+/// line written into a buffer. No Qt, no allocation, no check.
+class BareBalancer
+{
+public:
+    explicit BareBalancer(const Example& example)
+    {
+        for (size_t position = 0; position < 6; ++position)
+            for (const char16_t* c = example.molecules.at(position); *c != 0; ++c)
+                m_formulas.at(position).push_back(static_cast<char>(*c));
+    }
+
+    std::int64_t Balance()
+    {
+        Example system{};
+        m_rows = 0;
+        for (size_t position = 0; position < 6; ++position) {
+            if (m_formulas.at(position).empty())
+                continue;
+            Read(m_formulas.at(position), position < 3 ? 1 : -1, system);
+            ++system.columns;
+        }
+        system.rows = m_rows;
+        const auto coefficients = EliminateExactly(system);
+        char* end = m_line.data();
+        size_t column = 0;
+        for (size_t position = 0; position < 6; ++position) {
+            if (m_formulas.at(position).empty())
+                continue;
+            end = std::to_chars(end, m_line.data() + m_line.size(), coefficients.at(column++)).ptr;
+            end = std::copy(m_formulas.at(position).begin(), m_formulas.at(position).end(), end);
+            *end++ = position == 2 ? '=' : '+';
+        }
+        benchmark::DoNotOptimize(m_line);
+        return coefficients[0];
+    }
+
+private:
+    void Count(int symbol, std::int64_t count, Example& system)
+    {
+        int row = 0;
+        while (row < m_rows && m_symbols.at(static_cast<size_t>(row)) != symbol)
+            ++row;
+        if (row == m_rows)
+            m_symbols.at(static_cast<size_t>(m_rows++)) = symbol;
+        system.matrix.at(static_cast<size_t>(row)).at(static_cast<size_t>(system.columns)) += count;
+    }
+
+    static std::int64_t Number(const std::string& text, size_t& i)
+    {
+        std::int64_t number = 0;
+        for (; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
+            number = number * 10 + (text[i] - '0');
+        return number == 0 ? 1 : number;
+    }
+
+    void Read(const std::string& formula, std::int64_t sign, Example& system)
+    {
+        std::int64_t factor = sign;
+        for (size_t i = 0; i < formula.size();) {
+            const char c = formula[i++];
+            if (c == '(') {
+                size_t behind = formula.find(')', i) + 1;
+                factor = sign * Number(formula, behind);
+            } else if (c == ')') {
+                Number(formula, i);
+                factor = sign;
+            } else if (c == '{') {
+                const std::int64_t charge = Number(formula, i);
+                Count(0, sign * (formula[i] == '-' ? -charge : charge), system);
+                i += 2;
+            } else {
+                int symbol = c;
+                if (i < formula.size() && formula[i] >= 'a' && formula[i] <= 'z')
+                    symbol = symbol * 256 + formula[i++];
+                Count(symbol, factor * Number(formula, i), system);
+            }
+        }
+    }
+
+    std::array<std::string, 6> m_formulas;
+    std::array<int, 8> m_symbols{};
+    int m_rows = 0;
+    std::array<char, 256> m_line{};
+};
+
+void BalanceBare(benchmark::State& state)
+{
+    const Example& example = ExampleOf(state);
+    BareBalancer balancer(example);
+    for ([[maybe_unused]] auto _ : state) {
+        if (balancer.Balance() != example.coefficients[0])
+            state.SkipWithError("not balanced");
+    }
+}
+BENCHMARK(BalanceBare)->DenseRange(0, 2);
 
 /// Two atoms for four molecules: the coefficients are sought.
 void BalanceBySearch(benchmark::State& state)

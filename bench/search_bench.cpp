@@ -1,3 +1,4 @@
+#include "balancing/windows/frm_expert.h"
 #include "balancing/windows/frm_search.h"
 #include "base/settings_store.h"
 #include "forms/messages.h"
@@ -87,6 +88,38 @@ void GrepFolder(benchmark::State& state)
     }
 }
 BENCHMARK(GrepFolder)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Two atoms for four molecules, typed and balanced in the shown window: the
+/// coefficients are sought, the bar walks to its end, the list shows the result.
+void SearchInShownWindow(benchmark::State& state)
+{
+    QtClock clock;
+    QtDialogs dialogs;
+    DesktopMessages messages;
+    SettingsStore store;
+    const QString none;
+    Settings settings(store, none);
+    frmExpert window({clock, dialogs, messages, settings, QString()}, nullptr);
+    window.resize(1000, 650);
+    window.show();
+    QApplication::processEvents();
+    for (const auto& [place, molecule] : {std::pair{0, "C"}, {1, "O2"}, {3, "CO"}, {4, "CO2"}})
+        window.findChild<QLineEdit*>(QStringLiteral("txtMolecule(%1)").arg(place))
+            ->setText(QLatin1String(molecule));
+    auto* const button = window.findChild<QPushButton*>(QStringLiteral("cmdBalance"));
+    auto* const list = window.findChild<QPlainTextEdit*>(QStringLiteral("txtResult"));
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        list->clear();
+        QApplication::processEvents();
+        state.ResumeTiming();
+        button->click();
+        QApplication::processEvents();
+        if (!list->toPlainText().contains(QStringLiteral("3 C + 2 O2")))
+            state.SkipWithError("not balanced");
+    }
+}
+BENCHMARK(SearchInShownWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
 

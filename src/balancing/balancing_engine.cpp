@@ -21,15 +21,19 @@ struct SideAtoms {
     std::array<QString, kMostAtoms> symbols;
     int count = 0;
 
-    bool Holds(const QString& symbol) const
+    /// The place of a symbol, `count` when it has none.
+    int PlaceOf(const QString& symbol) const
     {
-        return std::find(symbols.begin(), symbols.begin() + count, symbol) != symbols.begin() + count;
+        return static_cast<int>(std::find(symbols.begin(), symbols.begin() + count, symbol)
+                                - symbols.begin());
     }
+    bool Holds(const QString& symbol) const { return PlaceOf(symbol) < count; }
     void Add(const AtomTally& tally)
     {
-        for (const QString& symbol : tally.symbols) {
-            if (!symbol.isEmpty() && count < kMostAtoms && !Holds(symbol))
-                symbols.at(static_cast<size_t>(count++)) = symbol;
+        const auto used = static_cast<size_t>(tally.Used());
+        for (size_t i = 0; i < used && count < kMostAtoms; ++i) {
+            if (!Holds(tally.symbols.at(i)))
+                symbols.at(static_cast<size_t>(count++)) = tally.symbols.at(i);
         }
     }
 };
@@ -99,7 +103,7 @@ bool Run::ReadMolecules()
             continue;
         ++m_moleculeCount;
         MoleculeAtoms& atoms = m_molecules.at(static_cast<size_t>(position));
-        atoms = ParseMolecule(formula);
+        ParseMolecule(formula, atoms);
         if (atoms.hasLowerCaseStart)
             return Fail(result_text::WrongSymbol(formula, position + 1));
     }
@@ -157,13 +161,10 @@ void Run::FillMatrix()
     for (int position = 0; position < kPositions; ++position) {
         const MoleculeAtoms& atoms = m_molecules.at(static_cast<size_t>(position));
         const int sign = position > 2 ? -1 : 1;
-        for (int row = 0; row < m_reactants.count; ++row) {
-            const auto place = std::find(atoms.tally.symbols.begin(), atoms.tally.symbols.end(),
-                                         m_reactants.symbols.at(static_cast<size_t>(row)));
-            if (place != atoms.tally.symbols.end())
-                m_matrix.At(row, position)
-                    = sign * atoms.tally.counts.at(static_cast<size_t>(place - atoms.tally.symbols.begin()));
-        }
+        const auto used = static_cast<size_t>(atoms.tally.Used());
+        for (size_t i = 0; i < used; ++i)
+            m_matrix.At(m_reactants.PlaceOf(atoms.tally.symbols.at(i)), position)
+                = sign * atoms.tally.counts.at(i);
         if (hasCharge)
             m_matrix.At(m_lastRow, position) = sign * atoms.charge;
     }
@@ -266,6 +267,7 @@ void Run::Search()
         Fail(result_text::Impossible(m_task));
         break;
     case SearchResult::End::Nothing:
+        m_result.foundNothing = true;
         break;
     case SearchResult::End::Stopped:
         m_result.stopped = true;

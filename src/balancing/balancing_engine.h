@@ -53,6 +53,7 @@ struct BalancingResult {
     std::array<double, 6> coefficients{};
     bool failed = false;
     bool stopped = false; ///< given up by the observer: neither result nor failure
+    bool foundNothing = false; ///< a search of excess above 3 without a solution: neither of them
 };
 
 /// All attempts of a search, or only those that differ. Both give the same

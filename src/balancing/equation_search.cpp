@@ -73,11 +73,27 @@ EquationPattern::EquationPattern(const std::array<QString, 6>& molecules)
                    [](const QString& molecule) { return EncodeLine(molecule); });
 }
 
+/// Most lines of a folder are another's: they lack what is sought, and are seen
+/// off without being taken apart. Blanks, which may stand inside a formula, and
+/// signs enough for too many formulas call for the whole way.
+bool EquationPattern::LacksAFormula(QByteArrayView line, qsizetype equals) const
+{
+    constexpr qsizetype kMostSignsLeft = 5;
+    constexpr qsizetype kMostSignsRight = 2;
+    const auto lacks
+        = [&line](const QByteArray& sought) { return !sought.isEmpty() && !line.contains(sought); };
+    return std::any_of(m_sought.begin(), m_sought.end(), lacks) && !line.contains(' ')
+        && line.first(equals).count('+') <= kMostSignsLeft
+        && line.sliced(equals).count('+') <= kMostSignsRight;
+}
+
 bool EquationPattern::Matches(QByteArrayView line)
 {
     const qsizetype equals = line.indexOf('=');
     if (equals < 0)
         throw FatalFault(QStringLiteral("une ligne ne contient pas le signe « = »."));
+    if (LacksAFormula(line, equals))
+        return false;
     for (QByteArray& place : m_places)
         place.resize(0);
     SplitSide(line.first(equals), 0, m_places);

@@ -26,6 +26,8 @@ public:
     bool Matches(QByteArrayView line);
 
 private:
+    bool LacksAFormula(QByteArrayView line, qsizetype equals) const;
+
     std::array<QByteArray, 6> m_sought;
     std::array<QByteArray, 6> m_places; ///< kept between lines for their memory
 };

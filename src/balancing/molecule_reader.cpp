@@ -25,6 +25,12 @@ std::int16_t ReadCharge(QStringView formula, qsizetype& i)
 MoleculeAtoms ParseMolecule(const QString& formula)
 {
     MoleculeAtoms atoms;
+    ParseMolecule(formula, atoms);
+    return atoms;
+}
+
+void ParseMolecule(const QString& formula, MoleculeAtoms& atoms)
+{
     const QStringView text(formula);
     std::int16_t multiplier = 1;
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -44,10 +50,9 @@ MoleculeAtoms ParseMolecule(const QString& formula)
             atoms.charge = Checked16(std::int64_t{atoms.charge} + ReadCharge(text, i));
         } else if (IsSmallLetter(c)) {
             atoms.hasLowerCaseStart = true;
-            return atoms;
+            return;
         }
     }
-    return atoms;
 }
 
 } // namespace stoikal

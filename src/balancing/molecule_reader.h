@@ -20,4 +20,7 @@ struct MoleculeAtoms {
 /// different atoms, counts beyond 16 bits and a "{" without "}" are FatalFaults.
 MoleculeAtoms ParseMolecule(const QString& formula);
 
+/// The same into an empty record that is there already.
+void ParseMolecule(const QString& formula, MoleculeAtoms& atoms);
+
 } // namespace stoikal

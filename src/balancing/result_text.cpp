@@ -16,44 +16,46 @@ QString Blanks()
     return QStringLiteral("               ");
 }
 
-/// One side, each term preceded by what `term` makes of its position.
-template <typename Term>
-QString Side(const BalancingTask& task, size_t first, Term term)
+/// Writes one side behind the text, each molecule by `writeTerm`.
+template <typename WriteTerm>
+void AppendSide(QString& text, const BalancingTask& task, size_t first, WriteTerm writeTerm)
 {
-    QString side;
+    bool isFirst = true;
     for (size_t position = first; position < first + 3; ++position) {
         if (task.molecules.at(position).isEmpty())
             continue;
-        if (!side.isEmpty())
-            side += QStringLiteral(" + ");
-        side += term(position);
+        if (!isFirst)
+            text += QLatin1String(" + ");
+        isFirst = false;
+        writeTerm(position);
     }
-    return side;
 }
 
 } // namespace
 
 QString Line(const BalancingTask& task, const std::array<double, 6>& coefficients)
 {
-    const auto term = [&](size_t position) {
+    constexpr qsizetype kUsualLength = 120;
+    QString line;
+    line.reserve(kUsualLength);
+    const auto writeTerm = [&](size_t position) {
         const double coefficient = coefficients.at(position);
-        QString text;
         if (task.showsOnes || coefficient != 1)
-            text = PlainNumber(coefficient) + QLatin1Char(' ');
-        text += task.molecules.at(position);
+            line += PlainNumber(coefficient) + QLatin1Char(' ');
+        line += task.molecules.at(position);
         if (task.mode == BalancingTask::Mode::Editor && !task.states.at(position).isEmpty())
-            text += QStringLiteral(" (") + task.states.at(position) + QLatin1Char(')');
-        return text;
+            line += QLatin1String(" (") + task.states.at(position) + QLatin1Char(')');
     };
-    QString left;
     if (task.mode == BalancingTask::Mode::Window)
-        left = QStringLiteral("¤) Equation n°") + QString::number(task.number) + QStringLiteral("  : ");
+        line += QStringLiteral("¤) Equation n°") + QString::number(task.number) + QLatin1String("  : ");
     else if (!task.comment.isEmpty())
-        left = task.comment + QStringLiteral("\n     ");
-    left += Side(task, 0, term);
-    if (!left.isEmpty())
-        left += QStringLiteral(" -----> ");
-    return left + Side(task, 3, term) + QLatin1Char('\n');
+        line += task.comment + QLatin1String("\n     ");
+    AppendSide(line, task, 0, writeTerm);
+    if (!line.isEmpty())
+        line += QLatin1String(" -----> ");
+    AppendSide(line, task, 3, writeTerm);
+    line += QLatin1Char('\n');
+    return line;
 }
 
 QString WrongSymbol(const QString& formula, int position)
@@ -85,10 +87,13 @@ QString SymbolRefused(const QString& symbol)
 
 QString Impossible(const BalancingTask& task)
 {
-    const auto term
-        = [&task](size_t position) { return QStringLiteral(" ? ") + task.molecules.at(position); };
-    return Failure(QStringLiteral("équation chimique impossible à équilibrer.\n")) + Blanks()
-        + Side(task, 0, term) + QStringLiteral(" -----> ") + Side(task, 3, term) + QStringLiteral("\n\n");
+    QString text = Failure(QStringLiteral("équation chimique impossible à équilibrer.\n")) + Blanks();
+    const auto writeTerm
+        = [&](size_t position) { text += QLatin1String(" ? ") + task.molecules.at(position); };
+    AppendSide(text, task, 0, writeTerm);
+    text += QLatin1String(" -----> ");
+    AppendSide(text, task, 3, writeTerm);
+    return text + QLatin1String("\n\n");
 }
 
 QString PleaseWait()

@@ -14,6 +14,10 @@ QString ShortestFixed(Float value)
 {
     if (!std::isfinite(value))
         throw FatalFault(QStringLiteral("un nombre hors limites ne peut pas être affiché."));
+    // Coefficients and indices, the most of what is shown, need no digits sought.
+    constexpr Float kLargestQuick = 1e6;
+    if (value >= 1 && value <= kLargestQuick && value == std::trunc(value))
+        return QString::number(static_cast<int>(value));
     std::array<char, 1200> buffer{};
     const auto end
         = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
@@ -97,12 +101,19 @@ double ReadNumber(QStringView text)
     qsizetype i = 0;
     while (i < text.size() && text[i] == QLatin1Char(' '))
         ++i;
-    QByteArray number;
-    if (i < text.size() && (text[i] == QLatin1Char('-') || text[i] == QLatin1Char('+'))) {
-        if (text[i] == QLatin1Char('-'))
-            number += '-';
+    const bool isNegative = i < text.size() && text[i] == QLatin1Char('-');
+    if (i < text.size() && (isNegative || text[i] == QLatin1Char('+')))
         ++i;
-    }
+    // Whole numbers of few digits, as formulas hold them, are exact as they come.
+    constexpr qsizetype kFewDigits = 15;
+    double digits = 0;
+    qsizetype end = i;
+    for (; end < text.size() && IsDigit(text[end]); ++end)
+        digits = digits * 10 + (text[end].unicode() - u'0');
+    if (end - i <= kFewDigits && (end == text.size() || text[end] != QLatin1Char('.')))
+        return isNegative && end > i ? -digits : digits;
+
+    QByteArray number(isNegative ? "-" : "");
     const qsizetype digitsFrom = number.size();
     bool pointSeen = false;
     for (; i < text.size(); ++i) {

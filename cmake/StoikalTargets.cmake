@@ -20,7 +20,8 @@ if(STOIKAL_SANITIZE)
   # GCC 12 sees null dereferences in instrumented code that are not there.
   target_compile_options(stoikal_watch INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
-    -Wno-null-dereference -Wno-maybe-uninitialized)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-null-dereference;-Wno-maybe-uninitialized>)
+  target_compile_options(stoikal_watch INTERFACE $<$<BOOL:${STOIKAL_FUZZ}>:-fsanitize=fuzzer-no-link>)
   target_compile_definitions(stoikal_watch INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(stoikal_watch INTERFACE -fsanitize=address,undefined)
 endif()

@@ -60,12 +60,18 @@ QByteArray EncodeLine(const QString& line)
 
 QByteArray NormaliseTextBytes(const QByteArray& bytes)
 {
-    if (bytes.startsWith("\xEF\xBB\xBF"))
-        return bytes.sliced(3);
+    // A mark again behind a mark would be one of the text as it is next written.
+    constexpr QByteArrayView kMark("\xEF\xBB\xBF");
+    if (bytes.startsWith(kMark)) {
+        qsizetype from = 0;
+        while (QByteArrayView(bytes).sliced(from).startsWith(kMark))
+            from += kMark.size();
+        return bytes.sliced(from);
+    }
     if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF")) {
         QStringDecoder utf16(QStringDecoder::Utf16);
         const QString text = utf16.decode(bytes);
-        return text.toUtf8();
+        return NormaliseTextBytes(text.toUtf8());
     }
     return bytes;
 }

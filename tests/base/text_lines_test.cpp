@@ -136,6 +136,15 @@ TEST(TextBytes, ByteOrderMarkIsDropped)
     EXPECT_EQ(DecodeLines("\xEF\xBB\xBF\xC3\xA9\r\n\xE9"), QStringList({u"é"_s, u"é"_s}));
 }
 
+TEST(TextBytes, MarksInARowAreAllDropped)
+{
+    EXPECT_EQ(NormaliseTextBytes("\xEF\xBB\xBF\xEF\xBB\xBF"
+                                 "H2"),
+              QByteArray("H2"));
+    // A mark, then U+FEFF once more, then "H", most significant byte first.
+    EXPECT_EQ(NormaliseTextBytes(QByteArray("\xFE\xFF\xFE\xFF\0H", 6)), QByteArray("H"));
+}
+
 TEST(TextBytes, FileInUtf16IsKnownByItsMark)
 {
     // "é", CR LF, "Ł" with the low byte first, then with the high byte first.

@@ -1,0 +1,101 @@
+#include "editor/windows/formula_page.h"
+
+#include "chemistry/windows/formula_edit.h"
+#include "forms/form.h"
+
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace stoikal {
+
+FormulaPage::FormulaPage(Messages& messages, QWidget* parent)
+    : QWidget(parent)
+{
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(12, 12, 12, 12);
+    rows->setSpacing(16);
+    auto* const sides = new QHBoxLayout;
+    sides->setSpacing(8);
+    const QString captions[]{QStringLiteral("Réactifs"), QStringLiteral("Produits")};
+    const QString toolTips[]{QStringLiteral("Saisir la formule d'un réactif"),
+                             QStringLiteral("Saisir la formule d'un produit")};
+    const QString names[]{QStringLiteral("Formule du réactif %1"), QStringLiteral("Formule du produit %1")};
+    for (int side = 0; side < 2; ++side) {
+        if (side == 1)
+            sides->addWidget(new QLabel(QStringLiteral("\u2192"), this), 0, Qt::AlignVCenter);
+        auto* const frame = new QGroupBox(captions[side], this);
+        auto* const row = new QHBoxLayout(frame);
+        row->setContentsMargins(12, 12, 12, 12);
+        row->setSpacing(8);
+        for (int i = 0; i < 3; ++i) {
+            const int slot = 3 * side + i;
+            if (i > 0)
+                row->addWidget(new QLabel(QStringLiteral("+"), frame));
+            auto* const box = Named(new FormulaEdit(FormulaField::NewFile, messages, frame),
+                                    ArrayName("txtMolecule", slot), names[side].arg(i + 1));
+            box->setToolTip(toolTips[side]);
+            QFont large = box->font();
+            large.setPointSizeF(large.pointSizeF() + 2);
+            box->setFont(large);
+            box->setMinimumWidth(90);
+            box->installEventFilter(this);
+            row->addWidget(box);
+            connect(box, &FormulaEdit::Edited, this, &FormulaPage::Edited);
+            connect(box, &FormulaEdit::FormulaChanged, this, &FormulaPage::FormulaChanged);
+            txtMolecule.at(static_cast<std::size_t>(slot)) = box;
+        }
+        sides->addWidget(frame, 1);
+    }
+    auto* const advice = new QLabel(
+        QStringLiteral(
+            "Une charge s'écrit entre accolades\u00A0: Fe{3+}, SO4{2-}. Les coefficients sont calculés "
+            "par le logiciel.\nLes touches Page préc. et Page suiv. passent d'une équation à l'autre."),
+        this);
+    advice->setWordWrap(true);
+    advice->setForegroundRole(QPalette::PlaceholderText);
+    rows->addLayout(sides);
+    rows->addWidget(advice);
+    rows->addStretch();
+}
+
+std::array<QString, WorkEquation::kSlots> FormulaPage::Texts() const
+{
+    std::array<QString, WorkEquation::kSlots> texts;
+    std::transform(txtMolecule.begin(), txtMolecule.end(), texts.begin(),
+                   [](const FormulaEdit* box) { return box->text(); });
+    return texts;
+}
+
+void FormulaPage::Show(const std::array<QString, WorkEquation::kSlots>& texts)
+{
+    for (std::size_t slot = 0; slot < texts.size(); ++slot)
+        txtMolecule.at(slot)->setText(texts.at(slot));
+}
+
+bool FormulaPage::HasText(int side) const
+{
+    const auto* const from = txtMolecule.begin() + 3 * static_cast<std::ptrdiff_t>(side);
+    return std::any_of(from, from + 3, [](const FormulaEdit* box) { return !box->text().isEmpty(); });
+}
+
+void FormulaPage::FocusFirst()
+{
+    txtMolecule[0]->setFocus();
+}
+
+bool FormulaPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        // A message or a menu over the window is no leaving of the box.
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            Q_EMIT BoxLeft(static_cast<FormulaEdit*>(watched)->text());
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace stoikal

@@ -1,0 +1,157 @@
+#pragma once
+
+#include "balancing/balancing_engine.h"
+#include "editor/equation_balancing.h"
+#include "editor/work_file.h"
+#include "forms/form.h"
+
+#include <vector>
+
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QScrollBar;
+class QTabWidget;
+class QTimer;
+
+namespace stoikal {
+
+class Clock;
+class CommentPage;
+class DataPage;
+class FormulaPage;
+class frmPreview;
+class Messages;
+class Screen;
+class Settings;
+class SettingsStore;
+class StatePage;
+
+/// The teacher's editor of equation files, one equation at a time. The equations
+/// live in the work file; what stands in the boxes follows them there within a
+/// moment, so that nothing is lost with the process.
+class frmNewFile final : public ModalForm, private BalancingObserver
+{
+    Q_OBJECT
+
+public:
+    struct Doors {
+        Clock& clock;
+        Messages& messages;
+        const Screen& screen;
+        Settings& settings;
+        SettingsStore& store;
+        QString workFile; ///< path of the work file
+        QString equationFolder;
+    };
+
+    frmNewFile(const Doors& doors, QWidget* parent);
+    ~frmNewFile() override;
+
+    /// A new file: the ready-made head and a blank equation. False, told to the
+    /// user, when there can be no work file.
+    bool StartNew();
+    /// A file of the equation folder. FatalFault when a line of it cannot be
+    /// taken in; false, told to the user, when it cannot be read.
+    bool LoadFileIntoEditor(const QString& fileName, FileType type);
+    /// What an earlier editor left behind in the work file.
+    void TakeUp(const WorkDesk& desk);
+
+protected:
+    void EscapePressed() override;
+    void TitleBarClosed() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void MakeControls();
+    void Build();
+    void Connect();
+    QGroupBox* MakeFileFrame();
+
+    bool CheckEquationEntry();
+    bool StoreEquation(int number);
+    void ShowEquation(int number);
+    void RefreshPreview(int count);
+    void RefreshMVQCaptions();
+    void InsertEquation(int number);
+    void DeleteEquation(int number);
+    bool CheckAndStore();
+    void GoTo(int number);
+    void Edited();
+    void SaveDraft();
+    WorkEquation Entered() const;
+    void ShowUse();
+    void ShowDesk(const WorkDesk& desk, bool takesComments);
+    WorkDesk DeskNow() const;
+    void SetBar();
+    void FocusFirstFormula();
+    bool Kept(bool written);
+    void CheckLeftFormula(const QString& formula);
+    FileType Type() const;
+
+    void txtNameFile_Change();
+    void hscNumEqu_Change();
+    void hscNumEqu_GotFocus();
+    void cmdInsEqu_Click();
+    void cmdSupEqu_Click();
+    void chkPreview_Click();
+    void cmdValid_Click();
+    bool NameIsFit(const QString& name);
+    bool MayWrite(const QString& fileName);
+    bool BalanceTheUntried();
+    void WriteFile(const QString& fileName);
+    void Unload(int result, bool workIsOver);
+    void UnloadPreview();
+
+    void Append(const QString& text) override;
+    bool KeepsUnknownSymbol(const QString& title, const QString& question) override;
+    void SearchBegins() override;
+    void SearchEnds() override;
+    void AttemptsBegin(int attempts) override;
+    bool AttemptsDone(int attempts) override;
+    void AttemptsEnd() override;
+
+    Doors m_doors;
+    WorkFile m_work;
+    WorkDesk m_desk;
+    WorkEquation m_stored; ///< the equation shown, as it was stored or loaded last
+    PreviewListing m_listing;
+    std::vector<int> m_failed;
+    bool m_isShowing = false; ///< the boxes are being filled by program
+    bool m_isBusy = false; ///< the engine is at work
+    bool m_focusWaits = false;
+    bool m_draftFailed = false; ///< it was told that the work file cannot be written
+    bool m_isUnloaded = false;
+    std::int64_t m_lastTurn = 0;
+
+    QLineEdit* txtNameFile = nullptr;
+    QRadioButton* optType[2]{};
+    QListWidget* flbAllFilesEQU = nullptr;
+    QTabWidget* sstEdit = nullptr;
+    FormulaPage* m_formulas = nullptr;
+    StatePage* m_states = nullptr;
+    CommentPage* m_comments = nullptr;
+    DataPage* m_data = nullptr;
+    QScrollBar* hscNumEqu = nullptr;
+    QLineEdit* txtNumEqu = nullptr;
+    QLabel* lblCount = nullptr;
+    QPushButton* cmdInsEqu = nullptr;
+    QPushButton* cmdSupEqu = nullptr;
+    QCheckBox* chkPreview = nullptr;
+    QPushButton* cmdValid = nullptr;
+    QPushButton* cmdCancel = nullptr;
+    QPushButton* cmdHelp = nullptr;
+    QLabel* imgECHEC = nullptr;
+    QLabel* lblECHEC = nullptr;
+    QProgressBar* pgbCompteur = nullptr;
+    QTimer* tmrDraft = nullptr;
+    frmPreview* m_preview = nullptr;
+};
+
+} // namespace stoikal

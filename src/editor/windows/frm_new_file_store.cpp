@@ -1,0 +1,216 @@
+#include "base/fatal_fault.h"
+#include "editor/windows/comment_page.h"
+#include "editor/windows/data_page.h"
+#include "editor/windows/formula_page.h"
+#include "editor/windows/frm_new_file.h"
+#include "editor/windows/frm_preview.h"
+#include "editor/windows/state_page.h"
+#include "forms/messages.h"
+#include "platform/doors.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+namespace stoikal {
+namespace {
+
+/// The event loop has its turn this often during a search.
+constexpr double kTurnSeconds = 0.02;
+
+/// "Réactif 1 : H2".
+QString SlotCaption(std::size_t slot, const QString& formula)
+{
+    const QString caption = slot < 3 ? QStringLiteral("Réactif %1 :").arg(slot + 1)
+                                     : QStringLiteral("Produit %1 :").arg(slot - 2);
+    return formula.isEmpty() ? caption : caption + QLatin1Char(' ') + formula;
+}
+
+} // namespace
+
+/// The equation as the boxes hold it; what no box shows is as it was stored.
+WorkEquation frmNewFile::Entered() const
+{
+    WorkEquation equation = m_stored;
+    equation.Molecule = m_formulas->Texts();
+    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
+        equation.Etat.at(slot) = m_states->State(slot, m_stored.Etat.at(slot));
+        if (Type() == FileType::Avt && equation.IsInUse(slot))
+            equation.MVQ.at(slot) = m_data->Datum(slot, m_stored.MVQ.at(slot));
+    }
+    if (m_comments->TakesComments())
+        equation.Comment = m_comments->Comment();
+    // Another equation than the one that was balanced.
+    if (equation.Molecule != m_stored.Molecule)
+        equation.ECHEC.clear();
+    return equation;
+}
+
+bool frmNewFile::CheckEquationEntry()
+{
+    const QString sides[]{QStringLiteral("réactifs"), QStringLiteral("produits")};
+    for (int side = 0; side < 2; ++side) {
+        if (m_formulas->HasText(side))
+            continue;
+        m_doors.messages.Warning(this, QStringLiteral("Stoikal"),
+                                 QStringLiteral("Il n'y a aucune formule de %1 saisie.\n"
+                                                "Veuillez en saisir au moins une.\n"
+                                                "Sinon, cliquez sur 'Supprimer une équation'")
+                                     .arg(sides[side]));
+        return false;
+    }
+    return true;
+}
+
+/// True when the work file took the change; else the teacher is told.
+bool frmNewFile::Kept(bool written)
+{
+    m_draftFailed = m_draftFailed && !written;
+    if (!written)
+        m_doors.messages.Critical(
+            this, QStringLiteral("Stoikal"),
+            QStringLiteral("Le fichier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1\n\n"
+                           "Libérez de la place sur le disque, puis recommencez.")
+                .arg(m_work.Path()));
+    return written;
+}
+
+bool frmNewFile::StoreEquation(int number)
+{
+    WorkEquation equation = Entered();
+    QString fault;
+    // What is balanced already is not asked about again.
+    if (equation.ECHEC != QLatin1String("0") || !equation.HasCoefficients()) {
+        m_isBusy = true;
+        try {
+            EnterBalancing(equation, number, m_comments->TakesComments(), *this);
+        } catch (const FatalFault& trouble) {
+            fault = trouble.OperationText();
+        }
+        // A search may end without saying so: behind a fault, or without any result.
+        SearchEnds();
+        AttemptsEnd();
+        m_isBusy = false;
+    }
+    tmrDraft->stop();
+    if (!Kept(m_work.Store(number, equation, DeskNow())))
+        return false;
+    m_stored = equation;
+    if (!fault.isEmpty())
+        m_doors.messages.OperationFault(this, fault);
+    return fault.isEmpty();
+}
+
+bool frmNewFile::CheckAndStore()
+{
+    if (m_isBusy || !CheckEquationEntry() || !StoreEquation(m_desk.number))
+        return false;
+    RefreshPreview(m_desk.count);
+    return true;
+}
+
+void frmNewFile::ShowEquation(int number)
+{
+    m_isShowing = true;
+    m_stored = m_work.Equation(number);
+    m_formulas->Show(m_stored.Molecule);
+    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
+        m_states->Show(slot, m_stored.Etat.at(slot));
+        m_data->Show(slot, m_stored.MVQ.at(slot));
+    }
+    m_comments->ShowComment(m_stored.Comment);
+    m_isShowing = false;
+    ShowUse();
+}
+
+/// A species that is there can have a datum on a progress file.
+void frmNewFile::ShowUse()
+{
+    if (m_isShowing)
+        return;
+    const auto formulas = m_formulas->Texts();
+    const bool wasShowing = std::exchange(m_isShowing, true);
+    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot)
+        m_data->Enable(slot, Type() == FileType::Avt && !formulas.at(slot).isEmpty());
+    m_isShowing = wasShowing;
+}
+
+void frmNewFile::RefreshMVQCaptions()
+{
+    const auto formulas = m_formulas->Texts();
+    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
+        const QString caption = SlotCaption(slot, formulas.at(slot));
+        m_states->SetCaption(slot, caption);
+        m_data->SetCaption(slot, caption);
+    }
+}
+
+void frmNewFile::RefreshPreview(int count)
+{
+    if (m_preview != nullptr)
+        m_preview->ShowListing(
+            m_listing.Text(m_comments->Head(), m_work.Equations(count), m_comments->TakesComments()),
+            m_desk.number);
+    m_failed = m_work.FailedEquations(count);
+    imgECHEC->setVisible(!m_failed.empty());
+    lblECHEC->setVisible(!m_failed.empty());
+    constexpr std::size_t kMostNamed = 5;
+    QStringList numbers;
+    for (std::size_t i = 0; i < std::min(m_failed.size(), kMostNamed); ++i)
+        numbers << QString::number(m_failed[i]);
+    if (m_failed.size() > kMostNamed)
+        numbers << QStringLiteral("\u2026");
+    lblECHEC->setText(QStringLiteral("Non équilibrée\u00A0: n° %1").arg(numbers.join(QStringLiteral(", "))));
+}
+
+void frmNewFile::Append(const QString& text)
+{
+    if (m_preview != nullptr)
+        m_preview->Append(text);
+}
+
+bool frmNewFile::KeepsUnknownSymbol(const QString& title, const QString& question)
+{
+    return m_doors.messages.Ask(this, title, question, QMessageBox::Warning);
+}
+
+void frmNewFile::SearchBegins()
+{
+    setCursor(Qt::WaitCursor);
+}
+
+void frmNewFile::SearchEnds()
+{
+    unsetCursor();
+}
+
+void frmNewFile::AttemptsBegin(int attempts)
+{
+    pgbCompteur->setRange(0, attempts);
+    pgbCompteur->setValue(0);
+    pgbCompteur->show();
+    m_lastTurn = m_doors.clock.Counter();
+}
+
+bool frmNewFile::AttemptsDone(int attempts)
+{
+    const auto since = static_cast<double>(m_doors.clock.Counter() - m_lastTurn);
+    if (since / static_cast<double>(m_doors.clock.CountsPerSecond()) >= kTurnSeconds
+        || attempts == pgbCompteur->maximum()) {
+        pgbCompteur->setValue(attempts);
+        // The window paints; keys and clicks wait, as the equation must not change now.
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        m_lastTurn = m_doors.clock.Counter();
+    }
+    return true;
+}
+
+void frmNewFile::AttemptsEnd()
+{
+    pgbCompteur->hide();
+}
+
+} // namespace stoikal

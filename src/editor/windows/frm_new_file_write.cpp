@@ -1,0 +1,118 @@
+#include "balancing/equation_search.h"
+#include "editor/equation_file_io.h"
+#include "editor/windows/comment_page.h"
+#include "editor/windows/frm_new_file.h"
+#include "forms/messages.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <algorithm>
+
+namespace stoikal {
+namespace {
+
+/// What no system and no share takes in a file name.
+bool HoldsForbiddenSign(const QString& name)
+{
+    return std::any_of(name.begin(), name.end(), [](QChar sign) {
+        return !sign.isPrint() || QStringLiteral("/\\:*?\"<>|").contains(sign);
+    });
+}
+
+} // namespace
+
+void frmNewFile::cmdValid_Click()
+{
+    if (m_isBusy || !CheckEquationEntry())
+        return;
+    const QString name = txtNameFile->text().trimmed();
+    if (!NameIsFit(name))
+        return;
+    const QString fileName = EquationFileName(name, Type());
+    if (!MayWrite(fileName) || !StoreEquation(m_desk.number) || !BalanceTheUntried())
+        return;
+    RefreshPreview(m_desk.count);
+    if (!m_failed.empty()) {
+        m_doors.messages.Critical(this, QStringLiteral("Erreur saisie"),
+                                  QStringLiteral("Il y a une erreur dans la saisie de votre équation.\n"
+                                                 "Cliquez sur le bouton 'Prévisualisation' pour connaître\n"
+                                                 "la nature de l'erreur."));
+        return;
+    }
+    WriteFile(fileName);
+}
+
+bool frmNewFile::NameIsFit(const QString& name)
+{
+    QString text;
+    if (name.isEmpty())
+        text = QStringLiteral("Veuillez saisir le nom du fichier.");
+    else if (HoldsForbiddenSign(name))
+        text = QStringLiteral("Le nom du fichier ne peut pas contenir les caractères / \\ : * ? \" < > |");
+    if (text.isEmpty())
+        return true;
+    m_doors.messages.Critical(this, QStringLiteral("Erreur saisie"), text);
+    txtNameFile->setFocus();
+    return false;
+}
+
+/// Whether no file of the name is there, or it may be overwritten.
+bool frmNewFile::MayWrite(const QString& fileName)
+{
+    flbAllFilesEQU->clear();
+    const auto files = EquationFilesOf(m_doors.equationFolder);
+    // A folder that is not there yet is made by the writing, or its trouble told there.
+    if (files)
+        flbAllFilesEQU->addItems(*files);
+    if (flbAllFilesEQU->findItems(fileName, Qt::MatchFixedString).isEmpty())
+        return true;
+    return m_doors.messages.Ask(this, QStringLiteral("Fichier existant"),
+                                QStringLiteral("Le fichier %1 existe déjà.\n"
+                                               "Voulez-vous écraser celui existant ?")
+                                    .arg(fileName));
+}
+
+/// Equations that were loaded without coefficients, and never shown since, get
+/// theirs. False when the work file cannot be written.
+bool frmNewFile::BalanceTheUntried()
+{
+    const std::vector<WorkEquation> equations = m_work.Equations(m_desk.count);
+    std::vector<std::pair<int, WorkEquation>> balanced;
+    pgbCompteur->setRange(0, m_desk.count);
+    for (int number = 1; number <= m_desk.count; ++number) {
+        WorkEquation equation = equations.at(static_cast<std::size_t>(number) - 1);
+        if (!equation.ECHEC.isEmpty() || equation.HasCoefficients())
+            continue;
+        m_isBusy = true;
+        pgbCompteur->setValue(number);
+        pgbCompteur->show();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        EnterBalancingSilently(equation);
+        balanced.emplace_back(number, equation);
+    }
+    m_isBusy = false;
+    pgbCompteur->hide();
+    return balanced.empty() || Kept(m_work.StoreAll(balanced));
+}
+
+void frmNewFile::WriteFile(const QString& fileName)
+{
+    const auto written
+        = WriteEquationFile(m_doors.equationFolder, fileName,
+                            EquationFileBytes(m_comments->Head(), m_work.Equations(m_desk.count), Type()));
+    if (!written) {
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+        return;
+    }
+    m_doors.messages.Information(
+        this, QStringLiteral("Création fichier"),
+        QStringLiteral("Le fichier %1 vient d'être créé."
+                       " Pour l'ouvrir aller dans le menu Fichier > Ouvrir un fichier ...")
+            .arg(fileName));
+    Unload(Accepted, true);
+}
+
+} // namespace stoikal

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "editor/windows/frm_new_file.h"
+
+#include <QObject>
+#include <optional>
+
+namespace stoikal {
+
+class frmStoikal;
+struct Session;
+
+/// Opens the editor of equation files once the password was right. Before that
+/// it offers back what an earlier editor left behind when its process was
+/// killed. It writes no equation itself.
+class EditorDesk final : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditorDesk(Session& session, frmStoikal& mainWindow);
+
+    /// The editor for a new file, modally: returns once it is closed.
+    void OpenNew();
+
+    /// Asks for an existing file and opens it in the editor, modally. A cancelled
+    /// dialog, a file outside the folder of equation files and one whose name
+    /// holds a point before its extension end it quietly.
+    void OpenExisting();
+
+Q_SIGNALS:
+    void HelpAsked(int topic);
+
+private:
+    QString EquationFolder() const;
+    frmNewFile::Doors DoorsFor(const QString& workFile);
+    bool OfferLeftWork();
+    std::optional<WorkPlace> FreePlace();
+    void Run(frmNewFile& window);
+
+    Session& m_session;
+    frmStoikal& m_mainWindow;
+};
+
+} // namespace stoikal

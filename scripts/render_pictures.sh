@@ -71,6 +71,6 @@ for size in 48 64 128 256; do
   png icon.svg "icon_$size.png" "$size" "$size"
 done
 
-for name in start pause reset bell close wait; do
+for name in start pause reset bell close wait copy hide tip back forward home find zoom_in zoom_out print; do
   png "$name.svg" "$name.png" 48 48
 done

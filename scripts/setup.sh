@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the packages that are missing; with the word bench or fuzz also
-# those of the benchmarks' peers or of the fuzz targets. Asks for sudo only when not root.
+# Installs the packages that are missing; with the word bench, fuzz or
+# package also those that only that command needs. Asks for sudo only when not root.
 set -euo pipefail
 
 build=(g++ cmake ninja-build ccache pkg-config git qt6-base-dev qt6-base-dev-tools libgtest-dev libbenchmark-dev
@@ -8,9 +8,9 @@ build=(g++ cmake ninja-build ccache pkg-config git qt6-base-dev qt6-base-dev-too
 run=(libqt6gui6 libqt6network6 qt6-translations-l10n qt6-qpa-plugins fonts-liberation fonts-dejavu-core)
 check=(clang-format clang-tidy libchm-dev xvfb openbox xdotool imagemagick x11-utils locales gcovr)
 packages=("${build[@]}" "${run[@]}" "${check[@]}")
-# What only some commands need.
 [ "${1:-}" = bench ] && packages+=(nodejs npm)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
+[ "${1:-}" = package ] && packages+=(dpkg-dev lintian debootstrap)
 
 missing=()
 for package in "${packages[@]}"; do

@@ -32,10 +32,19 @@ FileLock::FileLock(const QString& path, int waitMs)
     : m_path(QFile::encodeName(path + QStringLiteral(".lock")))
 {
     constexpr unsigned long kPauseMs = 10;
-    const QDeadlineTimer deadline(waitMs);
+    constexpr int kMostHolders = 10;
+    QDeadlineTimer deadline(waitMs);
+    const QDeadlineTimer last(qint64{waitMs} * kMostHolders);
+    std::int32_t holder = 0;
     // A folder where no lock can stand will not get one by waiting.
-    while (TryOnce() == Try::Busy && !deadline.hasExpired())
+    while (TryOnce() == Try::Busy && !deadline.hasExpired() && !last.hasExpired()) {
+        // A queue that moves on is not a program that hangs: each has its own time.
+        if (m_holder != holder) {
+            holder = m_holder;
+            deadline.setRemainingTime(waitMs);
+        }
         QThread::msleep(kPauseMs);
+    }
 }
 
 FileLock::Try FileLock::TryOnce()
@@ -47,6 +56,8 @@ FileLock::Try FileLock::TryOnce()
     (void)::fchmod(descriptor, kLockMode);
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         const bool isBusy = errno == EWOULDBLOCK || errno == EINTR;
+        if (::pread(descriptor, &m_holder, sizeof m_holder, 0) != sizeof m_holder)
+            m_holder = 0;
         ::close(descriptor);
         return isBusy ? Try::Busy : Try::Impossible;
     }
@@ -56,6 +67,9 @@ FileLock::Try FileLock::TryOnce()
         ::close(descriptor);
         return Try::Busy;
     }
+    // Told to those who wait; without it they only wait less.
+    const std::int32_t self = ::getpid();
+    (void)!::pwrite(descriptor, &self, sizeof self, 0);
     m_descriptor = descriptor;
     return Try::Held;
 }

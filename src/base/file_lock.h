@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <cstdint>
 
 namespace stoikal {
 
 /// A lock beside a file ("name.lock") against other programs, held while this
 /// lives. It is the kernel's lock on that file, so it goes with its program even
-/// if that is killed. It is asked for every 10 ms and given up after the wait.
+/// if that is killed. It is asked for every 10 ms and given up after the wait, which
+/// begins anew whenever another program has come to hold it, ten times at most.
 class FileLock
 {
 public:
@@ -24,6 +27,7 @@ private:
 
     QByteArray m_path;
     int m_descriptor = -1;
+    std::int32_t m_holder = 0; ///< the process that had it at the last try, 0 unknown
 };
 
 } // namespace stoikal

@@ -2,7 +2,9 @@
 
 #include "base/text_lines.h"
 
+#include <QSet>
 #include <algorithm>
+#include <utility>
 
 namespace stoikal {
 namespace {
@@ -147,6 +149,31 @@ void ProfileText::WriteSection(const QString& section, const QStringList& lines)
     std::transform(lines.begin(), lines.end(), std::back_inserter(parsed),
                    [](const QString& text) { return ParseLine(EncodeLine(text)); });
     m_lines.insert(m_lines.begin() + header + 1, parsed.begin(), parsed.end());
+    Reindex();
+}
+
+void ProfileText::RenameSections(const std::vector<Renaming>& renamings)
+{
+    QHash<QString, QString> names;
+    QSet<QString> taken;
+    for (const Renaming& renaming : renamings) {
+        names.insert(Folded(renaming.from), renaming.to);
+        taken.insert(Folded(renaming.to));
+    }
+    std::vector<Line> kept;
+    kept.reserve(m_lines.size());
+    bool isDeleted = false;
+    for (Line& line : m_lines) {
+        if (!line.section.isEmpty()) {
+            const auto name = names.constFind(line.section);
+            isDeleted = name == names.constEnd() && taken.contains(line.section);
+            if (name != names.constEnd())
+                line = ParseLine(EncodeLine(QLatin1Char('[') + *name + QLatin1Char(']')));
+        }
+        if (!isDeleted)
+            kept.push_back(std::move(line));
+    }
+    m_lines = std::move(kept);
     Reindex();
 }
 

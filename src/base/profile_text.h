@@ -33,6 +33,18 @@ public:
     /// Replaces the lines of a section by others ("key=value" each).
     void WriteSection(const QString& section, const QStringList& lines);
 
+    /// A section and the name it is to bear.
+    struct Renaming {
+        QString from;
+        QString to;
+    };
+
+    /// Gives sections other names, all at once, so that numbers can move along
+    /// ("1" becomes "2" while "2" becomes "3"). Afterwards a name given bears what
+    /// its old name bore, which may be no section at all: what bore the name
+    /// before and took none itself is deleted. All other lines keep their place.
+    void RenameSections(const std::vector<Renaming>& renamings);
+
     /// The whole text, lines ended by CRLF.
     QByteArray ToBytes() const;
 

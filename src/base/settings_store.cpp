@@ -9,6 +9,7 @@
 #include <QSaveFile>
 #include <optional>
 #include <sys/stat.h>
+#include <utility>
 
 namespace stoikal {
 namespace {
@@ -67,26 +68,42 @@ struct SettingsStore::Copy {
     QByteArray encodedPath;
     Stamp stamp;
     bool isSettled = true;
+    QByteArray bytes; ///< what the text was made of
     ProfileText text;
+
+    /// The text of these bytes; made anew only when they are others than before.
+    const ProfileText& Of(const QByteArray& current)
+    {
+        if (bytes != current) {
+            bytes = current;
+            text = ProfileText(current);
+        }
+        return text;
+    }
 };
 
 SettingsStore::SettingsStore() = default;
 SettingsStore::~SettingsStore() = default;
 
-const ProfileText& SettingsStore::Current(const QString& file) const
+SettingsStore::Copy& SettingsStore::CopyOf(const QString& file) const
 {
     std::shared_ptr<Copy>& copy = m_copies[file];
     if (copy == nullptr) {
         copy = std::make_shared<Copy>();
         copy->encodedPath = QFile::encodeName(file);
     }
-    const Stamp stamp = StampOf(copy->encodedPath);
-    if (!(stamp == copy->stamp) || !copy->isSettled) {
-        copy->isSettled = IsSettled(stamp);
-        copy->text = ProfileText(ReadWhole(file).value_or(QByteArray()));
-        copy->stamp = stamp;
-    }
-    return copy->text;
+    return *copy;
+}
+
+const ProfileText& SettingsStore::Current(const QString& file) const
+{
+    Copy& copy = CopyOf(file);
+    const Stamp stamp = StampOf(copy.encodedPath);
+    if (stamp == copy.stamp && copy.isSettled)
+        return copy.text;
+    copy.isSettled = IsSettled(stamp);
+    copy.stamp = stamp;
+    return copy.Of(ReadWhole(file).value_or(QByteArray()));
 }
 
 QString SettingsStore::ReadSetting(const QString& file, const QString& section, const QString& key) const
@@ -94,44 +111,50 @@ QString SettingsStore::ReadSetting(const QString& file, const QString& section, 
     return Current(file).Read(section, key);
 }
 
-template <typename Change>
-void SettingsStore::Rewrite(const QString& file, Change change)
+bool SettingsStore::Change(const QString& file, const std::function<void(ProfileText&)>& change)
 {
     if (file.isEmpty() || !QDir().mkpath(QFileInfo(file).absolutePath()))
-        return;
+        return false;
     const FileLock lock(file, kLockWaitMs);
     if (!lock.IsHeld())
-        return;
+        return false;
     const std::optional<QByteArray> old = ReadWhole(file);
     // What cannot be read would be lost with its replacement.
     if (!old)
-        return;
-    ProfileText text(*old);
+        return false;
+    Copy& copy = CopyOf(file);
+    ProfileText text = copy.Of(*old);
+    // The copy no longer stands for the reading that its stamp tells of.
+    copy.isSettled = false;
     change(text);
     // Unbuffered, since a buffered file reports a full disk too late and would be
     // put in the place of the old one cut short.
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return;
+        return false;
     const QByteArray bytes = text.ToBytes();
-    if (target.write(bytes) == bytes.size())
-        target.commit();
+    if (target.write(bytes) != bytes.size() || !target.commit())
+        return false;
+    copy.bytes = bytes;
+    copy.text = std::move(text);
+    return true;
 }
 
 void SettingsStore::WriteSetting(const QString& file, const QString& section, const QString& key,
                                  const QString& value)
 {
-    Rewrite(file, [&](ProfileText& text) { text.Write(section, key, value); });
+    // A write that fails is silent here: a reading then gives the old value.
+    (void)Change(file, [&](ProfileText& text) { text.Write(section, key, value); });
 }
 
 void SettingsStore::WriteSection(const QString& file, const QString& section, const QStringList& lines)
 {
-    Rewrite(file, [&](ProfileText& text) { text.WriteSection(section, lines); });
+    (void)Change(file, [&](ProfileText& text) { text.WriteSection(section, lines); });
 }
 
 void SettingsStore::DeleteSection(const QString& file, const QString& section)
 {
-    Rewrite(file, [&](ProfileText& text) { text.DeleteSection(section); });
+    (void)Change(file, [&](ProfileText& text) { text.DeleteSection(section); });
 }
 
 } // namespace stoikal

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace stoikal {
@@ -29,14 +30,22 @@ public:
     /// Writes a value, making file, folder and section as needed.
     void WriteSetting(const QString& file, const QString& section, const QString& key, const QString& value);
 
+    /// Many changes of a file in one write: nothing of them is in the file, or all.
+    /// The change is made on the text as it stands in the file; it must not throw.
+    /// \returns false when the file could not be written; it is then as before.
+    [[nodiscard]] bool Change(const QString& file, const std::function<void(ProfileText&)>& change);
+
+    /// All values of a file at one moment, for many readings in a row. Good until
+    /// the next call of the store.
+    const ProfileText& Contents(const QString& file) const { return Current(file); }
+
     void WriteSection(const QString& file, const QString& section, const QStringList& lines);
     void DeleteSection(const QString& file, const QString& section);
 
 private:
     struct Copy;
+    Copy& CopyOf(const QString& file) const;
     const ProfileText& Current(const QString& file) const;
-    template <typename Change>
-    void Rewrite(const QString& file, Change change);
 
     mutable QHash<QString, std::shared_ptr<Copy>> m_copies;
 };

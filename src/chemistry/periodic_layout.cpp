@@ -17,12 +17,12 @@ bool Holds(const Row& row, int index)
     return std::find(row.begin(), row.end(), index) != row.end();
 }
 
-constexpr double kLeft = 240;
-constexpr double kFrameMargins = 360;
-constexpr double kBelowHeads = 45;
-constexpr double kBelowGrid = 200;
-constexpr double kLanthanides = 7.1; ///< in cells below the first row
-constexpr double kActinides = 8.1;
+constexpr float kLeft = 240;
+constexpr float kFrameMargins = 360;
+constexpr float kBelowHeads = 45;
+constexpr float kBelowGrid = 200;
+constexpr float kLanthanides = 7.1F; ///< in cells below the first row
+constexpr float kActinides = 8.1F;
 
 } // namespace
 
@@ -46,8 +46,8 @@ ElementFamily FamilyOf(int index)
 GridLayout LayOutGrid(const GridInput& input)
 {
     GridLayout layout;
-    const double w = [&] {
-        const double byWidth = (input.innerWidth - kFrameMargins - kFrameMargins) / 18;
+    const float w = [&] {
+        const float byWidth = (input.innerWidth - kFrameMargins - kFrameMargins) / 18;
         if (input.heightLimit <= 0)
             return byWidth;
         return std::min(byWidth,
@@ -56,8 +56,8 @@ GridLayout LayOutGrid(const GridInput& input)
     layout.side = w;
     layout.top = input.headHeight + kBelowHeads;
     layout.frameWidth = 18 * w + kFrameMargins;
-    double left = kLeft;
-    double top = layout.top;
+    float left = kLeft;
+    float top = layout.top;
     for (int i = 0; i < kElementCount; ++i) {
         switch (i) {
         case 0:

@@ -19,22 +19,22 @@ ElementFamily FamilyOf(int index);
 
 /// Sizes in twips from which the grid is laid out.
 struct GridInput {
-    double innerWidth = 0; ///< of the window
-    double headHeight = 0; ///< of the column heads
+    float innerWidth = 0; ///< of the window
+    float headHeight = 0; ///< of the column heads
     /// The tallest grid that leaves room for the legend; 0 for no such limit.
-    double heightLimit = 0;
+    float heightLimit = 0;
 };
 
 /// Where the cells of the periodic table stand, in twips from the corner of the
-/// frame that holds them. Eighteen columns from the frame's width; the two rows
-/// of lanthanides and actinides stand a tenth of a cell below the grid.
+/// frame that holds them; 32-bit numbers, rounded where they are used. Eighteen columns from the frame's
+/// width; the two rows of lanthanides and actinides stand a tenth of a cell below the grid.
 struct GridLayout {
-    double side = 0; ///< of a cell
-    double top = 0; ///< of the first row
-    double frameWidth = 0;
-    double frameHeight = 0;
-    std::array<double, kElementCount> left{};
-    std::array<double, kElementCount> cellTop{};
+    float side = 0; ///< of a cell
+    float top = 0; ///< of the first row
+    float frameWidth = 0;
+    float frameHeight = 0;
+    std::array<float, kElementCount> left{};
+    std::array<float, kElementCount> cellTop{};
 };
 
 GridLayout LayOutGrid(const GridInput& input);

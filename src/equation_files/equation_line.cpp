@@ -3,6 +3,7 @@
 #include "base/checked_integer.h"
 #include "base/fatal_fault.h"
 #include "base/number_text.h"
+#include "equation_files/equation_pieces.h"
 
 #include <QStringView>
 #include <algorithm>
@@ -14,66 +15,7 @@ namespace {
 constexpr int kPointsForCoefficients = 5;
 constexpr int kPointsForData = 5;
 
-constexpr QLatin1Char kPlus('+');
 constexpr QLatin1Char kComma(',');
-
-/// The "+" of `{+}`, `{2+}` and `{+2}` says the sign of a charge.
-bool BelongsToCharge(QStringView side, qsizetype plus)
-{
-    return (plus > 0 && side[plus - 1] == QLatin1Char('{'))
-        || (plus + 1 < side.size() && side[plus + 1] == QLatin1Char('}'));
-}
-
-/// Where the next "+" between two species stands, -1 if nowhere. One "+" of a
-/// charge is passed over; the "+" behind it is taken without a look at it.
-qsizetype NextSeparator(QStringView side, qsizetype from)
-{
-    const qsizetype plus = side.indexOf(kPlus, from);
-    return plus >= 0 && BelongsToCharge(side, plus) ? side.indexOf(kPlus, plus + 1) : plus;
-}
-
-/// Cuts a side into the three slots from `first` on. The third takes all the
-/// rest, be it several species.
-///
-/// The two searches answer differently to a "+" of a charge with no other "+"
-/// behind it. The first search was only begun because the side holds a "+", so
-/// it must end on one: a charged species alone on its side (`Na{+}=...`) cannot
-/// be cut and is a fault. The second may fail: then there are two species, as
-/// in `Fe{2+}+Cu{2+}`.
-void SplitSide(QStringView side, EquationRecord& record, std::size_t first)
-{
-    if (!side.contains(kPlus)) {
-        record.Slots[first].Molecule = side.toString();
-        return;
-    }
-    const qsizetype plus = NextSeparator(side, 0);
-    if (plus < 0)
-        throw FatalFault(
-            QStringLiteral("le seul signe « + » d'un côté de l'équation appartient à une charge."));
-    record.Slots[first].Molecule = side.first(plus).toString();
-
-    const QStringView rest = side.sliced(plus + 1);
-    const qsizetype secondPlus = NextSeparator(rest, 0);
-    if (secondPlus < 0) {
-        record.Slots[first + 1].Molecule = rest.toString();
-        return;
-    }
-    record.Slots[first + 1].Molecule = rest.first(secondPlus).toString();
-    record.Slots[first + 2].Molecule = rest.sliced(secondPlus + 1).toString();
-}
-
-/// Takes `<state>` out of the species, before or behind its charge.
-void CutState(SpeciesSlot& slot)
-{
-    const qsizetype opening = slot.Molecule.indexOf(QLatin1Char('<'));
-    if (opening < 0)
-        return;
-    const qsizetype closing = slot.Molecule.indexOf(QLatin1Char('>'), opening);
-    if (closing < 0)
-        throw FatalFault(QStringLiteral("un état ouvert par « < » n'est pas fermé par « > »."));
-    slot.Etat = slot.Molecule.sliced(opening + 1, closing - opening - 1).trimmed().toLower();
-    slot.Molecule.remove(opening, closing - opening + 1);
-}
 
 /// Takes everything from "{" on out of the species and reads the charge in it.
 /// A "-" anywhere in the species flips the sign of the number read, so `{2-}`
@@ -193,44 +135,32 @@ QString MissingDataError::Text() const
 ParsedLine ParseEquationLine(QString line)
 {
     line.remove(QLatin1Char(' '));
-    const QStringView text(line);
-    const qsizetype equals = text.indexOf(QLatin1Char('='));
-    const qsizetype slash = text.indexOf(QLatin1Char('/'));
-    const qsizetype hash = text.indexOf(QLatin1Char('#'));
-    if (equals < 0)
-        throw FatalFault(QStringLiteral("la ligne n'a pas de signe « = »."));
-    if (slash >= 0 && slash < equals)
-        throw FatalFault(QStringLiteral("la barre « / » se trouve avant le signe « = »."));
+    const EquationPieces pieces = CutEquationLine(line);
 
     ParsedLine parsed;
     EquationRecord& record = parsed.record;
-    SplitSide(text.first(equals), record, 0);
-    // Without "/" the right side is all the rest, data included.
-    const qsizetype rightEnd = slash < 0 ? text.size() : slash;
-    SplitSide(text.sliced(equals + 1, rightEnd - equals - 1), record, 3);
-    for (SpeciesSlot& slot : record.Slots)
-        CutState(slot);
+    for (std::size_t slot = 0; slot < record.Slots.size(); ++slot) {
+        record.Slots[slot].Molecule = pieces.species[slot];
+        record.Slots[slot].Etat = TakeState(record.Slots[slot].Molecule);
+    }
     for (SpeciesSlot& slot : record.Slots)
         CutCharge(slot);
     parsed.chargesPresent = record.HasCharges();
 
-    if (slash < 0) {
+    if (!pieces.coefficients) {
         SetAllCoefficientsToOne(record);
-    } else if (slash + 1 == text.size() || hash == slash + 1) {
+    } else if (pieces.coefficients->isEmpty()) {
         // "/" with nothing behind it: the reading of the line stops here.
         SetAllCoefficientsToOne(record);
         return parsed;
     } else {
-        if (hash >= 0 && hash < slash)
-            throw FatalFault(QStringLiteral("le signe « # » se trouve avant la barre « / »."));
-        const qsizetype fieldsEnd = hash < 0 ? text.size() : hash;
-        ReadCoefficients(text.sliced(slash + 1, fieldsEnd - slash - 1), record);
+        ReadCoefficients(*pieces.coefficients, record);
     }
     parsed.points = kPointsForCoefficients;
 
-    if (hash >= 0) {
+    if (pieces.data) {
         parsed.points += kPointsForData;
-        ReadData(text.sliced(hash + 1), record);
+        ReadData(*pieces.data, record);
         if (HoldsNoDatum(record))
             throw MissingDataError(line);
     }

@@ -22,7 +22,8 @@ Twips SpeciesWidth(double textPixels)
 EquationLayout LayoutEquation(const EquationWidths& widths)
 {
     EquationLayout layout;
-    Twips x = widths.isProgressFile ? kProgressBandLeft : kBandLeft;
+    Twips x = widths.isProgressFile ? std::max(kProgressBandLeft, widths.titles) : kBandLeft;
+    const Twips leastColumn = widths.isProgressFile ? widths.column : 0;
     for (size_t slot = 0; slot < 6; ++slot) {
         if (slot == 3) {
             layout.arrowLeft = x;
@@ -38,9 +39,13 @@ EquationLayout LayoutEquation(const EquationWidths& widths)
         }
         layout.coefficientLeft.at(slot) = x;
         layout.speciesLeft.at(slot) = x + widths.coefficient + kSpeciesGap;
+        layout.columnWidth.at(slot) = std::max(leastColumn,
+                                               layout.speciesLeft.at(slot) + widths.species.at(slot)
+                                                   - layout.coefficientLeft.at(slot));
         if (shown)
-            x = layout.speciesLeft.at(slot) + widths.species.at(slot);
+            x = layout.coefficientLeft.at(slot) + layout.columnWidth.at(slot);
     }
+    layout.bandEnd = x;
     // A very short equation still leaves room for the score beside the button.
     layout.width = std::max(x + kBandMargin, widths.scoreRow);
     layout.height = widths.isProgressFile ? kProgressHeight : kBalancingHeight;

@@ -21,6 +21,8 @@ struct EquationWidths {
     Twips plus = 0;
     Twips arrow = 0;
     Twips scoreRow = 0; ///< what the row of the score and the button needs at least
+    Twips titles = 0; ///< what the titles of a table's rows need at the left; a progress file only
+    Twips column = 0; ///< what a table's column needs under its species; a progress file only
     bool isProgressFile = false;
 };
 
@@ -30,10 +32,12 @@ struct EquationWidths {
 struct EquationLayout {
     std::array<Twips, 6> coefficientLeft{};
     std::array<Twips, 6> speciesLeft{};
+    std::array<Twips, 6> columnWidth{}; ///< from the coefficient's left edge
     std::array<bool, 6> shown{};
     std::array<Twips, 4> plusLeft{};
     std::array<bool, 4> plusShown{};
     Twips arrowLeft = 0;
+    Twips bandEnd = 0; ///< where the last species ends
     Twips width = 0;
     Twips height = 0;
 };

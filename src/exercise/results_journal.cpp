@@ -3,6 +3,7 @@
 #include "base/text_lines.h"
 
 #include <QFileInfo>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -19,13 +20,29 @@ Outcome<QString> ResultsJournal::Open(const QString& path)
 {
     Close();
     m_file.setFileName(path);
+    m_isMeantOpen = true;
+    if (!OpenFile())
+        return Failure{u"%1 : %2"_s.arg(path, m_file.errorString())};
+    return path;
+}
+
+bool ResultsJournal::OpenFile()
+{
+    m_file.close();
     const bool isNew = !m_file.exists();
     // Unbuffered: a write that the disk takes only in part must be seen here.
     if (!m_file.open(QIODevice::Append | QIODevice::Unbuffered))
-        return Failure{u"%1 : %2"_s.arg(path, m_file.errorString())};
+        return false;
     if (isNew)
-        ShareWithFolder(m_file, QFileInfo(path).absolutePath());
-    return path;
+        ShareWithFolder(m_file, QFileInfo(m_file).absolutePath());
+    return true;
+}
+
+bool ResultsJournal::WasTakenAway() const
+{
+    struct stat status {
+    };
+    return ::fstat(m_file.handle(), &status) == 0 && status.st_nlink == 0;
 }
 
 bool ResultsJournal::WriteLines(const QStringList& lines)
@@ -38,6 +55,7 @@ bool ResultsJournal::WriteLines(const QStringList& lines)
 bool ResultsJournal::Close()
 {
     const bool isWhole = WritePending();
+    m_isMeantOpen = false;
     m_file.close();
     return isWhole;
 }
@@ -46,9 +64,15 @@ bool ResultsJournal::WritePending()
 {
     if (m_pending.isEmpty())
         return true;
+    // Lines written to a file that has lost its name would be seen by nobody.
+    if (m_isMeantOpen && (!IsOpen() || WasTakenAway()))
+        OpenFile();
     if (!IsOpen())
         return false;
-    const qint64 written = WriteBytes(m_pending.constData(), m_pending.size());
+    qint64 written = WriteBytes(m_pending.constData(), m_pending.size());
+    // A share that was away and is back does not know the open file any more.
+    if (written < 0 && m_file.error() == QFileDevice::WriteError && OpenFile())
+        written = WriteBytes(m_pending.constData(), m_pending.size());
     if (written > 0)
         m_pending.remove(0, written);
     return m_pending.isEmpty();

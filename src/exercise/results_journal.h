@@ -12,8 +12,9 @@ namespace stoikal {
 /// The text file that records the work of the pupils, open for appending as
 /// long as the program runs. What is written stands in the file at once. When
 /// the disk is full the unwritten rest is kept in memory and goes first at the
-/// next opportunity, so that nothing is lost or written twice. Does not know
-/// what the lines say.
+/// next opportunity, so that nothing is lost or written twice. Where the file was
+/// taken away (a teacher emptied it from another machine, a share was gone for a
+/// while) it is made or opened anew. Does not know what the lines say.
 class ResultsJournal
 {
 public:
@@ -25,7 +26,8 @@ public:
 
     /// Opens a file for appending and returns its path. The file is made when
     /// missing, its folder is not. A journal open before is closed first. Fails
-    /// with the system's reason behind the path; the journal is then closed.
+    /// with the system's reason behind the path; the journal is then closed, and
+    /// each write tries once more to open it.
     Outcome<QString> Open(const QString& path);
 
     bool IsOpen() const { return m_file.isOpen(); }
@@ -50,9 +52,12 @@ protected:
     virtual qint64 WriteBytes(const char* bytes, qint64 count);
 
 private:
+    bool OpenFile();
+    bool WasTakenAway() const;
     bool WritePending();
 
     QFile m_file;
+    bool m_isMeantOpen = false; ///< between Open, even one that failed, and Close
     QByteArray m_pending;
 };
 

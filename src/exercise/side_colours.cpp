@@ -7,16 +7,36 @@
 
 namespace stoikal {
 
+namespace {
+
+QString Section()
+{
+    return QStringLiteral("Options");
+}
+
+QString Key(Side side)
+{
+    return side == Side::Reactants ? QStringLiteral("BackGround Color Reactifs")
+                                   : QStringLiteral("BackGround Color Produits");
+}
+
+} // namespace
+
+std::uint32_t DefaultSideColour(Side side)
+{
+    return side == Side::Reactants ? 0xC0FFC0 : 0xFFFF80;
+}
+
+void SetSideColour(Settings& settings, Side side, std::uint32_t colour)
+{
+    settings.Write(Section(), Key(side), QString::number(colour));
+}
+
 std::uint32_t SideColour(const Settings& settings, Side side)
 {
-    constexpr std::uint32_t kReactants = 0xC0FFC0;
-    constexpr std::uint32_t kProducts = 0xFFFF80;
-    const bool isReactants = side == Side::Reactants;
-    const QString stored = settings.Read(QStringLiteral("Options"),
-                                         isReactants ? QStringLiteral("BackGround Color Reactifs")
-                                                     : QStringLiteral("BackGround Color Produits"));
+    const QString stored = settings.Read(Section(), Key(side));
     if (stored.isEmpty())
-        return isReactants ? kReactants : kProducts;
+        return DefaultSideColour(side);
     return static_cast<std::uint32_t>(std::clamp(ReadFileNumber(stored), 0.0, 16777215.0));
 }
 

@@ -8,6 +8,13 @@ class Settings;
 
 enum class Side { Reactants, Products };
 
+/// The colour of a side that nobody has changed, as a 24-bit number with red in
+/// the low byte: pale green for reactants, pale blue for products.
+std::uint32_t DefaultSideColour(Side side);
+
+/// Keeps the colour of a side in the settings, as a plain decimal number.
+void SetSideColour(Settings& settings, Side side, std::uint32_t colour);
+
 /// The background colour of a side, as a 24-bit number with red in the low
 /// byte: the user's, else pale green for reactants and pale blue for products.
 std::uint32_t SideColour(const Settings& settings, Side side);

@@ -29,9 +29,23 @@ bool Messages::Ask(QWidget* parent, const QString& title, const QString& text, Q
     return Show(parent, {title, text, icon, QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes;
 }
 
+bool Messages::AskPresetNo(QWidget* parent, const QString& title, const QString& text, QMessageBox::Icon icon)
+{
+    return Show(parent, {title, text, icon, QMessageBox::Yes | QMessageBox::No, QMessageBox::No})
+        == QMessageBox::Yes;
+}
+
 void Messages::OperationFault(QWidget* parent, const QString& text)
 {
     Critical(parent, QStringLiteral("Stoikal"), text);
+}
+
+QMessageBox::StandardButton AttendedMessages::Show(QWidget* parent, const Message& message)
+{
+    m_before();
+    const auto answer = PassOn(m_door, parent, message);
+    m_behind();
+    return answer;
 }
 
 QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message& message)
@@ -58,6 +72,8 @@ QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message
     // Closing a question by the title bar says no.
     if (message.buttons.testFlag(QMessageBox::No))
         box.setEscapeButton(QMessageBox::No);
+    if (message.preset != QMessageBox::NoButton)
+        box.setDefaultButton(message.preset);
     box.show();
     box.raise();
     box.activateWindow();

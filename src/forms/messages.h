@@ -2,6 +2,8 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <functional>
+#include <utility>
 
 class QWidget;
 
@@ -12,6 +14,7 @@ struct Message {
     QString text;
     QMessageBox::Icon icon = QMessageBox::Information;
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    QMessageBox::StandardButton preset = QMessageBox::NoButton; ///< the one that has the focus
 };
 
 /// The only door to message boxes. Windows speak in kinds; how a kind looks is
@@ -29,11 +32,41 @@ public:
     /// A question with "Oui" and "Non"; true for "Oui".
     bool Ask(QWidget* parent, const QString& title, const QString& text,
              QMessageBox::Icon icon = QMessageBox::Question);
+    /// The same with "Non" preset, so that a key pressed in haste says no.
+    bool AskPresetNo(QWidget* parent, const QString& title, const QString& text,
+                     QMessageBox::Icon icon = QMessageBox::Question);
     /// A fault that ends the operation of a tool window and nothing else.
     void OperationFault(QWidget* parent, const QString& text);
 
+protected:
+    /// For a door that stands before another one.
+    static QMessageBox::StandardButton PassOn(Messages& door, QWidget* parent, const Message& message)
+    {
+        return door.Show(parent, message);
+    }
+
 private:
     virtual QMessageBox::StandardButton Show(QWidget* parent, const Message& message) = 0;
+};
+
+/// The boxes of another door, with something to be done before each of them opens
+/// and behind it, such as taking a window out of its way.
+class AttendedMessages final : public Messages
+{
+public:
+    AttendedMessages(Messages& door, std::function<void()> before, std::function<void()> behind)
+        : m_door(door)
+        , m_before(std::move(before))
+        , m_behind(std::move(behind))
+    {
+    }
+
+private:
+    QMessageBox::StandardButton Show(QWidget* parent, const Message& message) override;
+
+    Messages& m_door;
+    std::function<void()> m_before;
+    std::function<void()> m_behind;
 };
 
 /// The boxes of the desktop.

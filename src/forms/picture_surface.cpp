@@ -16,41 +16,93 @@ PictureSurface::PictureSurface(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+namespace {
+
+/// The next whole pixel of a screen that has so many of them in a logical one.
+double Whole(double position, double ratio)
+{
+    return std::round(position * ratio) / ratio;
+}
+
+QRectF OnWholePixels(const QRectF& box, double ratio)
+{
+    return {QPointF(Whole(box.left(), ratio), Whole(box.top(), ratio)),
+            QPointF(Whole(box.right(), ratio), Whole(box.bottom(), ratio))};
+}
+
+/// How much of a length lies before the place of a text.
+double Share(Qt::Alignment side, Qt::Alignment middle, Qt::Alignment end)
+{
+    if (side & middle)
+        return 0.5;
+    return side & end ? 1 : 0;
+}
+
+} // namespace
+
 void PictureSurface::SetScale(const QPointF& upperLeft, const QPointF& lowerRight)
 {
     m_hasScale = true;
     m_upperLeft = upperLeft;
     m_lowerRight = lowerRight;
-    m_twin = QImage();
+    ForgetPixels();
     update();
 }
 
 void PictureSurface::ResetScale()
 {
     m_hasScale = false;
-    m_twin = QImage();
+    ForgetPixels();
     update();
 }
 
 void PictureSurface::SetBackColour(const QColor& colour)
 {
     m_backColour = colour;
-    m_twin = QImage();
+    ForgetPixels();
     update();
 }
 
 void PictureSurface::Clear()
 {
     m_items.clear();
-    m_twin = QImage();
+    ForgetPixels();
+    AskForPaint();
+}
+
+void PictureSurface::ForgetPixels()
+{
+    m_shown = {};
+    m_twin = {};
+}
+
+void PictureSurface::AskForPaint()
+{
+    // A thousand discs ask once.
+    if (m_paintIsAsked)
+        return;
+    m_paintIsAsked = true;
     update();
 }
 
 void PictureSurface::Add(Item item)
 {
+    const auto* const line = std::get_if<Line>(&item);
+    if (m_keepsPicture && line != nullptr)
+        update(RoomOf(*line));
+    else
+        AskForPaint();
     m_items.push_back(std::move(item));
-    m_twin = QImage();
-    update();
+}
+
+QRect PictureSurface::RoomOf(const Line& line) const
+{
+    const double rim = line.width + 2;
+    return QRectF(ToPixel(line.from), ToPixel(line.to))
+        .normalized()
+        .adjusted(-rim, -rim, rim, rim)
+        .intersected(rect())
+        .toAlignedRect();
 }
 
 void PictureSurface::DrawLine(const QPointF& from, const QPointF& to, const QColor& colour,
@@ -61,7 +113,12 @@ void PictureSurface::DrawLine(const QPointF& from, const QPointF& to, const QCol
 
 void PictureSurface::FillBox(const QRectF& box, const QColor& colour)
 {
-    Add(Box{box, colour});
+    Add(Box{box, colour, 0});
+}
+
+void PictureSurface::DrawOpenBox(const QRectF& box, const QColor& colour, double rimPixels)
+{
+    Add(Box{box, colour, rimPixels});
 }
 
 void PictureSurface::DrawDisc(const QPointF& centre, double radius, const QColor& colour,
@@ -70,10 +127,16 @@ void PictureSurface::DrawDisc(const QPointF& centre, double radius, const QColor
     Add(Disc{centre, radius, colour.rgb(), symbol});
 }
 
-void PictureSurface::DrawText(const QPointF& upperLeft, const QString& text, const QColor& colour,
-                              const QFont& font)
+void PictureSurface::DrawText(const QPointF& place, const QString& text, const QColor& colour,
+                              const QFont& font, Qt::Alignment side)
 {
-    Add(Text{upperLeft, text, colour, font});
+    Add(Text{place, text, colour, font, side, 0});
+}
+
+void PictureSurface::DrawTurnedText(const QPointF& start, const QString& text, const QColor& colour,
+                                    const QFont& font, int degrees)
+{
+    Add(Text{start, text, colour, font, Qt::AlignLeft | Qt::AlignTop, degrees});
 }
 
 QPointF PictureSurface::Scale() const
@@ -110,23 +173,49 @@ double PictureSurface::TextHeight(const QFont& font) const
 
 void PictureSurface::RenderItem(QPainter& painter, const Line& line, bool smooth) const
 {
-    painter.setRenderHint(QPainter::Antialiasing, smooth);
-    painter.setPen(QPen(line.colour, line.width, line.style));
     QPointF from = ToPixel(line.from);
     QPointF to = ToPixel(line.to);
+    double width = line.width;
     // Upright and level lines lie on whole pixels, else they would be two grey ones.
-    if (from.x() == to.x() || from.y() == to.y()) {
-        from = QPointF(std::floor(from.x()) + 0.5, std::floor(from.y()) + 0.5);
-        to = QPointF(std::floor(to.x()) + 0.5, std::floor(to.y()) + 0.5);
+    const bool isSlanted = from.x() != to.x() && from.y() != to.y();
+    if (!isSlanted) {
+        const double ratio = painter.device()->devicePixelRatioF();
+        const double pixels = std::max(1.0, std::floor(width * ratio));
+        const bool isOdd = std::fmod(pixels, 2) == 1;
+        const auto onPixels = [ratio, isOdd](double position) {
+            return isOdd ? (std::floor(position * ratio) + 0.5) / ratio : Whole(position, ratio);
+        };
+        from = QPointF(onPixels(from.x()), onPixels(from.y()));
+        to = QPointF(onPixels(to.x()), onPixels(to.y()));
+        width = pixels / ratio;
     }
+    painter.setRenderHint(QPainter::Antialiasing, smooth && isSlanted);
+    QPen pen(line.colour, width, line.style);
+    if (line.style == Qt::DotLine) {
+        // Square ends would close the gaps between the dots.
+        pen.setCapStyle(Qt::FlatCap);
+        pen.setDashPattern({1, 2});
+    }
+    painter.setPen(pen);
     painter.drawLine(from, to);
 }
 
-void PictureSurface::RenderItem(QPainter& painter, const Box& box, bool smooth) const
+void PictureSurface::RenderItem(QPainter& painter, const Box& box, bool /*smooth*/) const
 {
-    painter.setRenderHint(QPainter::Antialiasing, smooth);
-    painter.fillRect(QRectF(ToPixel(box.box.topLeft()), ToPixel(box.box.bottomRight())).normalized(),
-                     box.colour);
+    const double ratio = painter.device()->devicePixelRatioF();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    const QRectF outer = OnWholePixels(
+        QRectF(ToPixel(box.box.topLeft()), ToPixel(box.box.bottomRight())).normalized(), ratio);
+    if (box.rim <= 0) {
+        painter.fillRect(outer, box.colour);
+        return;
+    }
+    // A box without a height is its level alone: one line.
+    const double rim = std::max(1.0, std::round(box.rim * ratio)) / ratio;
+    painter.fillRect(QRectF(outer.left(), outer.top(), outer.width(), rim), box.colour);
+    painter.fillRect(QRectF(outer.left(), outer.bottom() - rim, outer.width(), rim), box.colour);
+    painter.fillRect(QRectF(outer.left(), outer.top(), rim, outer.height()), box.colour);
+    painter.fillRect(QRectF(outer.right() - rim, outer.top(), rim, outer.height()), box.colour);
 }
 
 void PictureSurface::RenderItem(QPainter& painter, const Disc& disc, bool smooth) const
@@ -153,27 +242,64 @@ void PictureSurface::RenderItem(QPainter& painter, const Text& text, bool smooth
         font.setStyleStrategy(QFont::NoAntialias);
     painter.setFont(font);
     painter.setPen(text.colour);
-    const QPointF corner = ToPixel(text.upperLeft);
-    painter.drawText(QPointF(corner.x(), corner.y() + QFontMetricsF(font).ascent()), text.text);
+    const QFontMetricsF metrics(font);
+    const QPointF place = ToPixel(text.place);
+    if (text.degrees == 0) {
+        const double before
+            = metrics.horizontalAdvance(text.text) * Share(text.side, Qt::AlignHCenter, Qt::AlignRight);
+        const double above = metrics.height() * Share(text.side, Qt::AlignVCenter, Qt::AlignBottom);
+        painter.drawText(QPointF(place.x() - before, place.y() - above + metrics.ascent()), text.text);
+        return;
+    }
+    painter.save();
+    painter.translate(place);
+    painter.rotate(-text.degrees);
+    painter.drawText(QPointF(0, metrics.ascent()), text.text);
+    painter.restore();
 }
 
-void PictureSurface::Render(QPainter& painter, bool smooth) const
+void PictureSurface::Render(QPainter& painter, bool smooth, std::size_t firstItem) const
 {
-    painter.fillRect(rect(), m_backColour);
-    for (const Item& item : m_items)
-        std::visit([&](const auto& drawn) { RenderItem(painter, drawn, smooth); }, item);
+    if (firstItem == 0)
+        painter.fillRect(rect(), m_backColour);
+    for (std::size_t i = firstItem; i < m_items.size(); ++i)
+        std::visit([&](const auto& drawn) { RenderItem(painter, drawn, smooth); }, m_items[i]);
+}
+
+void PictureSurface::BringUpToDate(Pixels& pixels, double devicePixelRatio, bool smooth) const
+{
+    // A hidden surface hears of its new size only when it is shown.
+    const QSize wanted = size() * devicePixelRatio;
+    const bool isNew = pixels.picture.size() != wanted;
+    if (isNew) {
+        pixels.picture = QImage(wanted, QImage::Format_RGB32);
+        pixels.picture.setDevicePixelRatio(devicePixelRatio);
+        pixels.items = 0;
+    }
+    if (!isNew && pixels.items == m_items.size())
+        return;
+    QPainter painter(&pixels.picture);
+    painter.setRenderHint(QPainter::TextAntialiasing, smooth);
+    Render(painter, smooth, pixels.items);
+    pixels.items = m_items.size();
 }
 
 void PictureSurface::paintEvent(QPaintEvent* event)
 {
+    m_paintIsAsked = false;
     QPainter painter(this);
     painter.setClipRegion(event->region());
-    Render(painter, true);
+    if (!m_keepsPicture) {
+        Render(painter, true);
+        return;
+    }
+    BringUpToDate(m_shown, devicePixelRatioF(), true);
+    painter.drawImage(QPointF(0, 0), m_shown.picture);
 }
 
 void PictureSurface::resizeEvent(QResizeEvent* event)
 {
-    m_twin = QImage();
+    ForgetPixels();
     QWidget::resizeEvent(event);
 }
 
@@ -181,14 +307,8 @@ QColor PictureSurface::ColourAt(const QPoint& pixel) const
 {
     if (!rect().contains(pixel))
         return {};
-    // A hidden surface hears of its new size only when it is shown.
-    if (m_twin.size() != size()) {
-        m_twin = QImage(size(), QImage::Format_RGB32);
-        QPainter painter(&m_twin);
-        painter.setRenderHint(QPainter::TextAntialiasing, false);
-        Render(painter, false);
-    }
-    return m_twin.pixelColor(pixel);
+    BringUpToDate(m_twin, 1, false);
+    return m_twin.picture.pixelColor(pixel);
 }
 
 QImage PictureSurface::Picture(double devicePixelRatio) const

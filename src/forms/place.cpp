@@ -4,6 +4,7 @@
 #include "base/settings_store.h"
 #include "platform/doors.h"
 
+#include <QLayout>
 #include <QWidget>
 #include <algorithm>
 
@@ -42,6 +43,19 @@ void RestorePlace(QWidget& window, const Screen& screen, const Settings& setting
                               : static_cast<int>(std::clamp(ReadFileNumber(text), -farthest, farthest));
     };
     PlaceWindow(window, screen, read(left, otherwise.x()), read(top, otherwise.y()));
+}
+
+void CentreOver(QWidget& window, const Screen& screen, const QWidget& other)
+{
+    const QRect area = screen.WorkArea();
+    // A window whose layout fixes its size has it only now.
+    window.ensurePolished();
+    if (window.layout() != nullptr)
+        window.layout()->activate();
+    window.resize(window.size().boundedTo(area.size()));
+    QRect rectangle(QPoint(), window.size());
+    rectangle.moveCenter(other.frameGeometry().center());
+    window.move(MovedInto(rectangle, area).topLeft());
 }
 
 void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section)

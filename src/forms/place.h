@@ -25,6 +25,10 @@ QPoint PlaceOf(const QWidget& window, const Screen& screen);
 void RestorePlace(QWidget& window, const Screen& screen, const Settings& settings, const QString& section,
                   QPoint otherwise);
 
+/// Puts a window over the middle of another, inside the work area, and no larger
+/// than that.
+void CentreOver(QWidget& window, const Screen& screen, const QWidget& other);
+
 /// Keeps the place of a window in a section of the settings.
 void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section);
 

@@ -10,7 +10,8 @@
 namespace stoikal {
 namespace {
 
-/// Fusion, with buttons that carry words alone.
+/// Fusion, with buttons that carry words alone and a star for each character of
+/// a password.
 class HouseStyle final : public QProxyStyle
 {
 public:
@@ -24,6 +25,8 @@ public:
     {
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
             return 0;
+        if (hint == SH_LineEdit_PasswordCharacter)
+            return '*';
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
 };

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QColor>
 #include <QDateTime>
+#include <QList>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -98,6 +100,21 @@ public:
     /// A file to add to, existing or new; it is never asked whether to overwrite,
     /// since nothing is. Nothing when the user cancels.
     virtual std::optional<Choice> AppendToFile(QWidget* parent, const Request& request) = 0;
+    /// A colour, beginning with the one given and with colours of one's own to
+    /// start from (16 at most). Nothing when the user cancels.
+    virtual std::optional<QColor> ChooseColour(QWidget* parent, const QColor& initial,
+                                               const QList<QColor>& ownColours)
+        = 0;
+};
+
+/// The desktop's trash.
+class Trash
+{
+public:
+    virtual ~Trash() = default;
+    /// Moves a file to where the desktop can restore it from. False when that
+    /// cannot be done, as on a volume without a trash: the file then stays.
+    virtual bool Move(const QString& path) = 0;
 };
 
 /// Outside programs.
@@ -108,6 +125,9 @@ public:
     virtual bool StartCalculator() = 0;
     virtual bool CalculatorRuns() const = 0;
     virtual void CloseCalculator() = 0;
+    /// Hands a text file to the desktop's editor and does not wait for it. False
+    /// when no editor could be started.
+    virtual bool EditText(const QString& path) = 0;
 };
 
 class Browser
@@ -134,6 +154,8 @@ class Clipboard
 public:
     virtual ~Clipboard() = default;
     virtual void SetText(const QString& text) = 0;
+    /// Takes the place of what was there.
+    virtual void SetImage(const QImage& image) = 0;
 };
 
 /// Uniform random numbers.
@@ -158,6 +180,7 @@ struct Platform {
     WebFetch& web;
     Clipboard& clipboard;
     Randomness& randomness;
+    Trash& trash;
 };
 
 } // namespace stoikal

@@ -23,19 +23,37 @@ QString Place(const char* variable, const QString& ofMachine, QStandardPaths::St
     return QStandardPaths::writableLocation(ofUser);
 }
 
-bool IsNetworkFileSystem(const QByteArray& type)
-{
-    static const QList<QByteArray> kTypes{"nfs", "nfs4", "cifs",  "smb3",       "smbfs", "smb2",
-                                          "9p",  "afs",  "ncpfs", "fuse.sshfs", "davfs", "fuse.davfs2"};
-    return kTypes.contains(type);
-}
-
 QString SeedFolder(const QString& program)
 {
     return program + QStringLiteral("/exercises");
 }
 
 } // namespace
+
+bool IsNetworkFileSystem(const QByteArray& type)
+{
+    static const QList<QByteArray> kTypes{"nfs",
+                                          "nfs4",
+                                          "cifs",
+                                          "smb3",
+                                          "smbfs",
+                                          "smb2",
+                                          "9p",
+                                          "afs",
+                                          "ncpfs",
+                                          "ceph",
+                                          "fuse.ceph",
+                                          "fuse.glusterfs",
+                                          "lustre",
+                                          "fuse.sshfs",
+                                          "fuse.gvfsd-fuse",
+                                          "fuse.smbnetfs",
+                                          "fuse.rclone",
+                                          "davfs",
+                                          "gfs2",
+                                          "fuse.davfs2"};
+    return kTypes.contains(type);
+}
 
 QString QtFolders::CommonAppData() const
 {

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QNetworkAccessManager>
@@ -92,6 +94,21 @@ std::optional<Dialogs::Choice> QtDialogs::AppendToFile(QWidget* parent, const Re
     return RunFileDialog(dialog, request);
 }
 
+std::optional<QColor> QtDialogs::ChooseColour(QWidget* parent, const QColor& initial,
+                                              const QList<QColor>& ownColours)
+{
+    for (int i = 0; i < ownColours.size() && i < QColorDialog::customCount(); ++i)
+        QColorDialog::setCustomColor(i, ownColours.at(i));
+    QColorDialog dialog(initial, parent);
+    dialog.setObjectName(QStringLiteral("cdgColor"));
+    dialog.setWindowTitle(QStringLiteral("Palette de couleurs"));
+    // A dialog of the desktop's own would not offer the colours given.
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedColor();
+}
+
 bool QtPrograms::StartCalculator()
 {
     QStringList commands;
@@ -108,6 +125,29 @@ bool QtPrograms::StartCalculator()
             continue;
         const QString program = words.takeFirst();
         if (QProcess::startDetached(program, words, QString(), &m_calculator))
+            return true;
+    }
+    return false;
+}
+
+bool QtPrograms::EditText(const QString& path)
+{
+    // What the desktop opens texts with; without its opener, an editor that is there.
+    QStringList commands{QStringLiteral("xdg-open"),  QStringLiteral("gnome-text-editor"),
+                         QStringLiteral("gedit"),     QStringLiteral("kate"),
+                         QStringLiteral("kwrite"),    QStringLiteral("mousepad"),
+                         QStringLiteral("pluma"),     QStringLiteral("xed"),
+                         QStringLiteral("featherpad")};
+    if (const QString said = qEnvironmentVariable("STOIKAL_EDITOR"); !said.isEmpty())
+        commands = QStringList{said};
+    for (const QString& command : std::as_const(commands)) {
+        QStringList words = QProcess::splitCommand(command);
+        if (words.isEmpty() || QStandardPaths::findExecutable(words.first()).isEmpty())
+            continue;
+        const QString program = words.takeFirst();
+        // A path never begins with a hyphen that a program would take for an option.
+        words << QFileInfo(path).absoluteFilePath();
+        if (QProcess::startDetached(program, words))
             return true;
     }
     return false;
@@ -175,6 +215,11 @@ void QtWebFetch::Get(const QString& address, std::function<void(const QByteArray
 void QtClipboard::SetText(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);
+}
+
+void QtClipboard::SetImage(const QImage& image)
+{
+    QGuiApplication::clipboard()->setImage(image);
 }
 
 } // namespace stoikal

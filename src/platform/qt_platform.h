@@ -26,6 +26,9 @@ private:
     QElapsedTimer m_timer;
 };
 
+/// Whether a file system of this type ("nfs4", "ext4") lies on another machine.
+bool IsNetworkFileSystem(const QByteArray& type);
+
 class QtFolders final : public Folders
 {
 public:
@@ -68,6 +71,14 @@ class QtDialogs final : public Dialogs
 public:
     std::optional<Choice> OpenFile(QWidget* parent, const Request& request) override;
     std::optional<Choice> AppendToFile(QWidget* parent, const Request& request) override;
+    std::optional<QColor> ChooseColour(QWidget* parent, const QColor& initial,
+                                       const QList<QColor>& ownColours) override;
+};
+
+class QtTrash final : public Trash
+{
+public:
+    bool Move(const QString& path) override;
 };
 
 class QtPrograms final : public Programs
@@ -76,6 +87,7 @@ public:
     bool StartCalculator() override;
     bool CalculatorRuns() const override;
     void CloseCalculator() override;
+    bool EditText(const QString& path) override;
 
 private:
     /// Not owned by this program's life: the calculator may outlive it.
@@ -105,6 +117,7 @@ class QtClipboard final : public Clipboard
 {
 public:
     void SetText(const QString& text) override;
+    void SetImage(const QImage& image) override;
 };
 
 class QtRandomness final : public Randomness
@@ -130,11 +143,12 @@ struct QtDesktop {
     QtWebFetch web;
     QtClipboard clipboard;
     QtRandomness randomness;
+    QtTrash trash;
 
     Platform Doors()
     {
-        return {clock,   folders,  user,    regional, screen,    sound,
-                dialogs, programs, browser, web,      clipboard, randomness};
+        return {clock,    folders, user, regional,  screen,     sound, dialogs,
+                programs, browser, web,  clipboard, randomness, trash};
     }
 };
 

@@ -54,6 +54,12 @@ QString WithSeparator(const QString& folder)
     return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
 }
 
+QString DepositFolder(const SessionState& session)
+{
+    const QString name = session.DossierDepot.trimmed();
+    return name.isEmpty() ? session.DossierResultats : WithSeparator(session.DossierResultats) + name;
+}
+
 void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent)
 {
     QString user = desktop.user.LoginName();

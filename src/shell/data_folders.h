@@ -34,6 +34,11 @@ ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop,
 /// already is never overwritten.
 void SeedEquationFolder(const QString& folder, const Platform& desktop);
 
+/// The folder of a network share that takes the journals, the high scores and
+/// the one password; without a separator at its end. Its name is trimmed: one of
+/// blanks means the share itself.
+QString DepositFolder(const SessionState& session);
+
 /// A folder's path with the separator at its end.
 QString WithSeparator(const QString& folder);
 

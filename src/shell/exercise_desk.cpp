@@ -7,6 +7,7 @@
 #include "exercise/windows/frm_equation.h"
 #include "forms/messages.h"
 #include "shell/help_topics.h"
+#include "shell/mass_mol_desk.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
 #include "tools/windows/frm_chrono.h"
@@ -36,8 +37,20 @@ void Unload(QWidget* window)
 ExerciseDesk::ExerciseDesk(Session& session, frmStoikal& mainWindow)
     : m_session(session)
     , m_mainWindow(mainWindow)
+    , m_progress(session, mainWindow)
+    , m_massMol(new MassMolDesk(session, mainWindow, this))
 {
     connect(&mainWindow, &frmStoikal::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
+    connect(&m_progress, &ProgressDesk::EquationEnded, this, &ExerciseDesk::BankSeconds);
+    connect(&m_progress, &ProgressDesk::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
+    connect(&m_progress, &ProgressDesk::HelpAsked, this, &ExerciseDesk::HelpAsked);
+    connect(&m_progress, &ProgressDesk::MassMolAsked, this, &ExerciseDesk::ShowMassMol);
+    connect(this, &ExerciseDesk::MassMolShown, &m_progress, &ProgressDesk::NoteMassMolShown);
+    connect(this, &ExerciseDesk::GasDataChanged, &m_progress, &ProgressDesk::FollowMolarVolume);
+    connect(m_massMol, &MassMolDesk::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
+    connect(m_massMol, &MassMolDesk::Shown, this, &ExerciseDesk::MassMolShown);
+    connect(m_massMol, &MassMolDesk::GasDataChanged, this, &ExerciseDesk::GasDataChanged);
+    connect(m_massMol, &MassMolDesk::HelpAsked, this, &ExerciseDesk::HelpAsked);
 }
 
 ExerciseDesk::~ExerciseDesk() = default;
@@ -75,6 +88,8 @@ void ExerciseDesk::ConnectExercise()
 {
     connect(m_equation, &frmEquation::EquationRead, this, &ExerciseDesk::TakeEquation);
     connect(m_equation, &frmEquation::Recomposed, this, &ExerciseDesk::ShowCounts);
+    connect(m_equation, &frmEquation::EquationShown, m_massMol, &MassMolDesk::Refresh);
+    connect(m_equation, &frmEquation::EquationShown, this, &ExerciseDesk::RestartSeriesClock);
     connect(m_equation, &frmEquation::EndOfFileReached, this, &ExerciseDesk::EndOfFileReached);
     connect(m_equation, &frmEquation::MouseMovedOver, this, &ExerciseDesk::HideBubbles);
     connect(m_equation, &Form::CloseAsked, this, &ExerciseDesk::CloseAsked);
@@ -88,6 +103,7 @@ void ExerciseDesk::Open()
                                   m_session.desktop.screen, m_session.desktop.sound},
                                  &m_mainWindow);
     ConnectExercise();
+    m_progress.Attach(*m_equation);
     m_reactif = OpenAtomWindow(m_reactif);
     m_produit = OpenAtomWindow(m_produit);
     ArrangeAtomWindows();
@@ -108,6 +124,7 @@ void ExerciseDesk::Open()
 
 void ExerciseDesk::CloseExercise()
 {
+    m_progress.Detach();
     Unload(m_equation);
     m_equation = nullptr;
     UnloadCharge();
@@ -148,6 +165,7 @@ void ExerciseDesk::ShowExercise()
         return;
     m_equation->show();
     m_equation->activateWindow();
+    m_progress.NoteExerciseShown();
 }
 
 void ExerciseDesk::HideWindowsOfRun()
@@ -173,6 +191,20 @@ void ExerciseDesk::TakeEquation()
         m_session.menu.SetVisible(kSlotEntries[slot], !record.Slots.at(slot).Molecule.isEmpty());
     }
     ClearAtoms();
+    m_progress.TakeEquation();
+}
+
+void ExerciseDesk::RestartSeriesClock()
+{
+    if (m_session.state.FichierAvancement && m_session.state.SerieExercices)
+        Chrono().StartRun();
+}
+
+void ExerciseDesk::BankSeconds()
+{
+    // The time spent on the drawings of an equation that is done does not count.
+    StopChrono();
+    m_session.state.BankedSeconds = m_session.state.ElapsedSeconds;
 }
 
 void ExerciseDesk::ShowCounts()
@@ -239,6 +271,23 @@ void ExerciseDesk::ArrangeAtomWindows()
                                      : QRect(width / 2, 0, width / 2, height);
     m_reactif->parentWidget()->setGeometry(reactants);
     m_produit->parentWidget()->setGeometry(products);
+}
+
+void ExerciseDesk::ShowArrangement()
+{
+    ArrangeAtomWindows();
+    if (m_equation != nullptr && m_session.menu.IsChecked("Mnu_Atome"))
+        DrawAtoms();
+}
+
+void ExerciseDesk::RefreshColours()
+{
+    if (m_reactif != nullptr)
+        m_reactif->RefreshColour();
+    if (m_produit != nullptr)
+        m_produit->RefreshColour();
+    if (m_charge != nullptr)
+        m_charge->RefreshColours();
 }
 
 void ExerciseDesk::RaiseWorkingWindows()
@@ -397,6 +446,18 @@ void ExerciseDesk::Mnu_Del_Click()
     if (m_equation != nullptr)
         m_equation->EmptyCoefficients();
     ReturnToExercise();
+}
+
+void ExerciseDesk::Mnu_MassMol_Click()
+{
+    ShowMassMol(!m_massMol->IsShown());
+    if (!m_massMol->IsShown())
+        ReturnToExercise();
+}
+
+void ExerciseDesk::ShowMassMol(bool shown)
+{
+    m_massMol->Show(shown);
 }
 
 void ExerciseDesk::CheckCalculatorClosed()

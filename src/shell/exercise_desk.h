@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exercise/side_colours.h"
+#include "shell/progress_desk.h"
 
 #include <QObject>
 #include <QPointer>
@@ -16,10 +17,11 @@ class frmEquation;
 class frmProduit;
 class frmReactif;
 class frmStoikal;
+class MassMolDesk;
 struct Session;
 
-/// The windows of a run and what the menu does with them: the exercise, the
-/// atoms of both sides, the charges, the stopwatch. It opens and closes them and
+/// The windows of a run and what the menu does with them: the exercise with its
+/// table of progress, the atoms of both sides, the charges, the stopwatch. It opens and closes them and
 /// passes on what one has to tell another; opening and ending files is not its
 /// matter.
 class ExerciseDesk final : public QObject
@@ -61,14 +63,29 @@ public:
     void Mnu_Copy_Click();
     void Mnu_Del_Click();
 
+    void Mnu_MassMol_Click();
+
+    /// Opens the window of the molar masses or takes it away.
+    void ShowMassMol(bool shown);
+
     /// Clears the calculator's mark once the calculator is gone.
     void CheckCalculatorClosed();
     /// Places the two atom windows as the preferences say; only in a run.
     void ArrangeAtomWindows();
+    /// The same behind a change of the preferences, with the atoms drawn again.
+    void ShowArrangement();
+    /// Paints the sides of the open windows in the colours of the preferences.
+    void RefreshColours();
+    /// Gives the keyboard back to the exercise, if one is shown.
+    void ReturnToExercise();
 
 Q_SIGNALS:
     void EndOfFileReached();
     void CloseAsked();
+    /// The window of the molar masses came or went, whoever wanted it so.
+    void MassMolShown(bool shown);
+    /// The molar volume of the settings was computed again.
+    void GasDataChanged();
     void HelpAsked(int topic);
 
 private:
@@ -77,6 +94,8 @@ private:
     void ConnectAtomWindow(AtomWindow& window);
     void ConnectExercise();
     void TakeEquation();
+    void RestartSeriesClock();
+    void BankSeconds();
     void ShowCounts();
     void DrawAtoms();
     void ClearAtoms();
@@ -84,17 +103,18 @@ private:
     void OpenCharge();
     void UnloadCharge();
     void RaiseWorkingWindows();
-    void ReturnToExercise();
     void CloseChrono();
     int AtomScale() const;
 
     Session& m_session;
     frmStoikal& m_mainWindow;
+    ProgressDesk m_progress;
     QPointer<frmEquation> m_equation;
     QPointer<frmReactif> m_reactif;
     QPointer<frmProduit> m_produit;
     QPointer<frmCharge> m_charge;
     QPointer<frmChrono> m_chrono;
+    MassMolDesk* m_massMol;
     bool m_chronoIsLocked = false;
 };
 

@@ -51,6 +51,7 @@ FileSession::FileSession(Session& session, frmStoikal& mainWindow, ExerciseDesk&
 
 void FileSession::Mnu_Open_Click(int index)
 {
+    Q_EMIT OpenConsidered();
     if (m_session.state.NomEleve.isEmpty() && !Identify())
         return;
     m_session.settings.Write(Options(), FilesByDefault(),
@@ -93,6 +94,7 @@ bool FileSession::ChooseFile()
     if (!IsFilterSetting(byDefault)) {
         m_session.settings.Write(Options(), FilesByDefault(), QStringLiteral("EQU"));
         frmEtude window(&m_mainWindow);
+        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         m_session.settings.Write(Options(), FilesByDefault(),
                                  window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
@@ -148,6 +150,7 @@ bool FileSession::ReadChosenFile()
     if (state.FichierAvancement) {
         state.ChoixSimulAffiche = true;
         frmChoixSimul window(&m_mainWindow);
+        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         state.SerieExercices = window.Chosen() == 0;
     }
@@ -245,9 +248,7 @@ void FileSession::EndOfFile()
                        {MarkLine(own.mark, own.seconds, separator)});
     LeaveRun();
     if (isScored) {
-        const QString folder = state.ModeReseau
-            ? WithSeparator(state.DossierResultats) + state.DossierDepot.trimmed()
-            : state.DossierResultats;
+        const QString folder = state.ModeReseau ? DepositFolder(state) : state.DossierResultats;
         const auto section = HighScoreFile(folder).Record(state.TitreFichier, own, separator);
         if (section)
             window.ShowHighScores(*section, own);

@@ -40,6 +40,8 @@ public:
 
 Q_SIGNALS:
     void EndAsked();
+    /// The user is about to choose a file: the preferences go.
+    void OpenConsidered();
     /// A run starts or ends: the open tools are to be hidden.
     void ToolsToHide();
     /// The user was asked for the end of a run: the data of an element go first.

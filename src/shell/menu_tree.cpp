@@ -154,15 +154,4 @@ void SetFileSessionMenus(MenuState& state, bool open)
     state.SetChecked("Mnu_Atome", open);
 }
 
-const QStringList& EntriesWithoutWindow()
-{
-    static const QStringList kNames{u"Mnu_Open(1)"_s,   u"Mnu_Create"_s,        u"Mnu_Modify"_s,
-                                    u"Mnu_Kill"_s,      u"Mnu_Answer"_s,        u"Mnu_Clean"_s,
-                                    u"Mnu_MassMol"_s,   u"Mnu_Pref"_s,          u"Mnu_CalMol"_s,
-                                    u"Mnu_SimulAnim"_s, u"Mnu_Help_Contents"_s, u"Mnu_Help_Index"_s,
-                                    u"Mnu_Glossaire"_s, u"Mnu_Gloss_sc"_s,      u"Mnu_Tip"_s,
-                                    u"Mnu_MoreTip"_s,   u"Mnu_Solution"_s,      u"Mnu_Password"_s};
-    return kNames;
-}
-
 } // namespace stoikal

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 #include <vector>
 
 namespace stoikal {
@@ -27,9 +26,5 @@ void FillMenuState(MenuState& state);
 
 /// Moves the entries that depend on an open equation file.
 void SetFileSessionMenus(MenuState& state, bool open);
-
-/// The entries whose window does not exist yet: they are shown and cannot be
-/// chosen. The list empties as the windows come.
-const QStringList& EntriesWithoutWindow();
 
 } // namespace stoikal

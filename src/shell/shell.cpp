@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 #include "forms/messages.h"
+#include "shell/help_topics.h"
 #include "shell/menu_tree.h"
 #include "shell/windows/frm_about.h"
 
@@ -13,6 +14,10 @@ Shell::Shell(const Platform& desktop, Messages& messages)
     , m_desk(m_session, m_mainWindow)
     , m_files(m_session, m_mainWindow, m_desk)
     , m_tools(m_session, m_mainWindow, m_desk, m_files)
+    , m_editor(m_session, m_mainWindow)
+    , m_teacher(m_session, {m_mainWindow, m_desk, m_files, m_tools, m_editor})
+    , m_home(m_session, m_mainWindow, m_desk, m_files)
+    , m_help(m_session, m_mainWindow)
     , m_startUp(m_session, m_mainWindow)
 {
     using namespace Qt::StringLiterals;
@@ -24,12 +29,29 @@ Shell::Shell(const Platform& desktop, Messages& messages)
         {u"Mnu_Copy"_s, [this] { m_desk.Mnu_Copy_Click(); }},
         {u"Mnu_Del"_s, [this] { m_desk.Mnu_Del_Click(); }},
         {u"Mnu_Atome"_s, [this] { m_desk.Mnu_Atome_Click(); }},
+        {u"Mnu_MassMol"_s, [this] { m_desk.Mnu_MassMol_Click(); }},
         {u"Mnu_Charge"_s, [this] { m_desk.Mnu_Charge_Click(); }},
         {u"Mnu_Chrono"_s, [this] { m_desk.Mnu_Chrono_Click(); }},
-        {u"Mnu_Balance"_s, [this] { m_tools.Mnu_Balance_Click(); }},
+        {u"Mnu_Create"_s, [this] { m_teacher.Ask(TeacherAction::CreateFile); }},
+        {u"Mnu_Modify"_s, [this] { m_teacher.Ask(TeacherAction::ModifyFile); }},
+        {u"Mnu_Kill"_s, [this] { m_teacher.Ask(TeacherAction::KillFile); }},
+        {u"Mnu_Answer"_s, [this] { m_teacher.Ask(TeacherAction::ShowAnswers); }},
+        {u"Mnu_MoreTip"_s, [this] { m_teacher.Ask(TeacherAction::AddTip); }},
+        {u"Mnu_Clean"_s, [this] { m_teacher.Ask(TeacherAction::CleanAnswers); }},
+        {u"Mnu_Solution"_s, [this] { m_teacher.Ask(TeacherAction::ShowSolution); }},
+        {u"Mnu_Password"_s, [this] { m_teacher.Mnu_Password_Click(); }},
+        {u"Mnu_Pref"_s, [this] { m_home.Mnu_Pref_Click(); }},
+        {u"Mnu_Tip"_s, [this] { m_home.Mnu_Tip_Click(); }},
+        {u"Mnu_Balance"_s, [this] { m_teacher.Mnu_Balance_Click(); }},
         {u"Mnu_Tableau"_s, [this] { m_tools.Mnu_Tableau_Click(); }},
-        {u"Mnu_Search"_s, [this] { m_tools.Mnu_Search_Click(); }},
+        {u"Mnu_CalMol"_s, [this] { m_teacher.Mnu_CalMol_Click(); }},
+        {u"Mnu_Search"_s, [this] { m_teacher.Mnu_Search_Click(); }},
+        {u"Mnu_SimulAnim"_s, [this] { m_tools.Mnu_SimulAnim_Click(); }},
         {u"Mnu_Calc"_s, [this] { Mnu_Calc_Click(); }},
+        {u"Mnu_Help_Contents"_s, [this] { m_help.Mnu_Help_Contents_Click(); }},
+        {u"Mnu_Help_Index"_s, [this] { m_help.Mnu_Help_Index_Click(); }},
+        {u"Mnu_Glossaire"_s, [this] { m_help.Mnu_Glossaire_Click(); }},
+        {u"Mnu_Gloss_sc"_s, [this] { m_help.Mnu_Gloss_sc_Click(); }},
         {u"Mnu_Web"_s, [this] { Mnu_Web_Click(); }},
         {u"Mnu_About"_s, [this] { Mnu_About_Click(); }},
     };
@@ -43,6 +65,20 @@ Shell::Shell(const Platform& desktop, Messages& messages)
     connect(&m_mainWindow, &frmStoikal::EntryChosen, this, &Shell::Choose);
     connect(&m_mainWindow, &frmStoikal::CloseAsked, this, &Shell::EndProgram);
     connect(&m_files, &FileSession::EndAsked, this, &Shell::EndProgram);
+    connect(&m_startUp, &StartUp::TipAsked, &m_home, &HomeDesk::Mnu_Tip_Click);
+    ConnectHelp();
+}
+
+/// F1 of every window comes here with the number of its page.
+void Shell::ConnectHelp()
+{
+    connect(&m_desk, &ExerciseDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_files, &FileSession::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_tools, &ToolDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_editor, &EditorDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_teacher, &TeacherDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_home, &HomeDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_startUp, &StartUp::HelpAsked, &m_help, &HelpDesk::ShowTopic);
 }
 
 void Shell::Start()
@@ -61,7 +97,9 @@ void Shell::EndProgram()
 {
     if (m_hasEnded)
         return;
+    m_teacher.SaveTexts();
     m_tools.StopTools();
+    m_help.Close();
     m_session.run.Close();
     bool isWritten = m_session.journal.Close();
     while (!isWritten) {
@@ -125,6 +163,7 @@ void Shell::Mnu_About_Click()
 {
     frmAbout window(m_session.desktop.folders.Program(), m_session.messages, &m_mainWindow);
     connect(&window, &frmAbout::WebAsked, this, &Shell::Mnu_Web_Click);
+    connect(&window, &ModalForm::HelpAsked, this, [this] { m_help.ShowTopic(help_topics::kAbout); });
     window.exec();
 }
 

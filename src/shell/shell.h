@@ -1,9 +1,13 @@
 #pragma once
 
+#include "shell/editor_desk.h"
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
+#include "shell/help_desk.h"
+#include "shell/home_desk.h"
 #include "shell/session.h"
 #include "shell/start_up.h"
+#include "shell/teacher_desk.h"
 #include "shell/tool_desk.h"
 #include "shell/windows/frm_stoikal.h"
 
@@ -37,6 +41,10 @@ public:
     ExerciseDesk& Desk() { return m_desk; }
     FileSession& Files() { return m_files; }
     ToolDesk& Tools() { return m_tools; }
+    EditorDesk& Editor() { return m_editor; }
+    TeacherDesk& Teacher() { return m_teacher; }
+    HomeDesk& Home() { return m_home; }
+    HelpDesk& Help() { return m_help; }
     StartUp& Starter() { return m_startUp; }
 
 Q_SIGNALS:
@@ -45,6 +53,7 @@ Q_SIGNALS:
 
 private:
     void Choose(const QString& entry);
+    void ConnectHelp();
     void Mnu_Calc_Click();
     void Mnu_Web_Click();
     void Mnu_About_Click();
@@ -54,6 +63,10 @@ private:
     ExerciseDesk m_desk;
     FileSession m_files;
     ToolDesk m_tools;
+    EditorDesk m_editor;
+    TeacherDesk m_teacher;
+    HomeDesk m_home;
+    HelpDesk m_help;
     StartUp m_startUp;
     QHash<QString, std::function<void()>> m_commands;
     bool m_hasEnded = false;

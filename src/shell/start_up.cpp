@@ -3,7 +3,9 @@
 #include "base/fatal_fault.h"
 #include "forms/messages.h"
 #include "shell/data_folders.h"
+#include "shell/help_topics.h"
 #include "shell/menu_tree.h"
+#include "shell/password_store.h"
 #include "shell/product.h"
 #include "shell/session.h"
 #include "shell/version_check.h"
@@ -15,7 +17,6 @@
 #include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QFile>
 #include <QMenuBar>
 #include <QPixmap>
 #include <QSaveFile>
@@ -150,6 +151,7 @@ QString StartUp::NetworkJournal()
     state.DossierDepot = m_session.settings.Read(section, key);
     while (state.DossierDepot.isEmpty()) {
         frmDepot window(m_session.messages, nullptr);
+        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         state.DossierDepot = window.FolderName();
         m_session.settings.Write(section, key, state.DossierDepot);
@@ -157,20 +159,20 @@ QString StartUp::NetworkJournal()
     QString user = m_session.desktop.user.LoginName();
     if (user.isEmpty())
         user = QStringLiteral("Inconnu");
-    const QString deposit = WithSeparator(state.DossierResultats) + state.DossierDepot.trimmed();
     // One password for all pupils: an empty file until a teacher sets one.
-    QFile password(deposit + QStringLiteral("/MotDePasse.txt"));
-    if (!password.open(QIODevice::Append)) {
+    const PasswordStore password(state, m_session.settings);
+    const auto made = password.MakeCommonFile();
+    if (!made) {
         throw FatalFault(
             QStringLiteral(
                 "le fichier du mot de passe ne peut pas être ouvert dans le dossier de dépôt (%1).\n"
                 "Vérifiez ce dossier, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» (section "
                 "«\u00A0Réseau\u00A0») du "
                 "fichier %2")
-                .arg(password.errorString(), state.IniUtilisateur),
-            password.fileName(), 0, {});
+                .arg(made.Reason(), state.IniUtilisateur),
+            password.CommonFile(), 0, {});
     }
-    return deposit + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
+    return DepositFolder(state) + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
 }
 
 QString NetworkJournalName(const QString& user, const QDateTime& now)

@@ -26,6 +26,7 @@ public:
 Q_SIGNALS:
     /// The tip of the day is due.
     void TipAsked();
+    void HelpAsked(int topic);
 
 private:
     void CheckForNewVersion();

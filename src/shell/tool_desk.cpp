@@ -2,6 +2,7 @@
 
 #include "balancing/windows/frm_expert.h"
 #include "balancing/windows/frm_search.h"
+#include "chemistry/windows/frm_cal_mol.h"
 #include "chemistry/windows/frm_data_atomes.h"
 #include "chemistry/windows/frm_tableau_periodique.h"
 #include "forms/messages.h"
@@ -12,6 +13,7 @@
 #include "shell/help_topics.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
+#include "simulation/windows/frm_simul_anim.h"
 
 #include <QFileInfo>
 #include <QMdiSubWindow>
@@ -24,6 +26,11 @@ QString DataAtomesSection()
     return QStringLiteral("DataAtomes Window");
 }
 
+QString CalMolSection()
+{
+    return QStringLiteral("CalMol Window");
+}
+
 } // namespace
 
 ToolDesk::ToolDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk, FileSession& files)
@@ -31,6 +38,14 @@ ToolDesk::ToolDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk,
     , m_mainWindow(mainWindow)
     , m_desk(desk)
     , m_files(files)
+    , m_calMolMessages(
+          session.messages, [&desk] { desk.HideExercise(); },
+          [this] {
+              m_desk.ShowExercise();
+              // The keyboard goes on where the formula is typed.
+              if (m_calMol != nullptr)
+                  m_calMol->activateWindow();
+          })
 {
     connect(&files, &FileSession::ToolsToHide, this, &ToolDesk::HideTools);
     connect(&files, &FileSession::CloseConsidered, this, &ToolDesk::UnloadDataAtomes);
@@ -101,6 +116,23 @@ void ToolDesk::Mnu_Tableau_Click()
     m_mainWindow.AddTool(m_tableau);
 }
 
+void ToolDesk::Mnu_SimulAnim_Click()
+{
+    if (m_simulAnim != nullptr) {
+        Unload(m_simulAnim, "Mnu_SimulAnim");
+        return;
+    }
+    const Platform& desktop = m_session.desktop;
+    m_simulAnim = new frmSimulAnim({desktop.clock, m_session.messages, desktop.sound, desktop.clipboard,
+                                    desktop.randomness, desktop.regional.DecimalSeparator()},
+                                   nullptr);
+    connect(m_simulAnim, &Form::CloseAsked, this, [this] { Unload(m_simulAnim, "Mnu_SimulAnim"); });
+    connect(m_simulAnim, &frmSimulAnim::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    connect(m_simulAnim, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kSimulAnim); });
+    m_session.menu.SetChecked("Mnu_SimulAnim", true);
+    m_mainWindow.AddTool(m_simulAnim);
+}
+
 void ToolDesk::ShowElement(int index)
 {
     UnloadDataAtomes();
@@ -117,18 +149,51 @@ void ToolDesk::ShowElement(int index)
     m_dataAtomes->activateWindow();
 }
 
+template <typename Window>
+void ToolDesk::UnloadFloating(QPointer<Window>& window, const QString& section)
+{
+    if (window == nullptr)
+        return;
+    KeepPlace(*window, m_session.desktop.screen, m_session.settings, section);
+    window->hide();
+    window->deleteLater();
+    window = nullptr;
+}
+
 void ToolDesk::UnloadDataAtomes()
 {
-    if (m_dataAtomes == nullptr)
+    UnloadFloating(m_dataAtomes, DataAtomesSection());
+}
+
+void ToolDesk::Mnu_CalMol_Click()
+{
+    if (m_calMol != nullptr) {
+        UnloadCalMol();
         return;
-    KeepPlace(*m_dataAtomes, m_session.desktop.screen, m_session.settings, DataAtomesSection());
-    m_dataAtomes->hide();
-    m_dataAtomes->deleteLater();
-    m_dataAtomes = nullptr;
+    }
+    const Platform& desktop = m_session.desktop;
+    m_calMol = new frmCalMol(m_calMolMessages, desktop.regional.DecimalSeparator(), &m_mainWindow);
+    connect(m_calMol, &Form::CloseAsked, this, &ToolDesk::UnloadCalMol);
+    connect(m_calMol, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kCalMol); });
+    connect(m_calMol, &frmCalMol::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    m_session.menu.SetChecked("Mnu_CalMol", true);
+    m_calMol->adjustSize();
+    const QPoint centre((m_session.state.LargeurUtile - FromPixels(m_calMol->width())) / 2, FromPixels(120));
+    RestorePlace(*m_calMol, desktop.screen, m_session.settings, CalMolSection(), centre);
+    m_calMol->show();
+    m_calMol->activateWindow();
+    m_calMol->setFocus();
+}
+
+void ToolDesk::UnloadCalMol()
+{
+    UnloadFloating(m_calMol, CalMolSection());
+    m_session.menu.SetChecked("Mnu_CalMol", false);
 }
 
 void ToolDesk::HideTools()
 {
+    m_desk.ShowMassMol(false);
     if (m_tableau != nullptr)
         m_tableau->parentWidget()->hide();
     if (m_expert != nullptr)

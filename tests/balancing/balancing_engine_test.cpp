@@ -439,4 +439,21 @@ TEST(ScaleToIntegers, ChecksTheCommonDenominatorBehindTheDivision)
     EXPECT_THROW(ScaleToIntegers(5, values), FatalFault);
 }
 
+TEST(BalanceEquation, SaysWhenNothingWasFoundAndNothingFailed)
+{
+    // Six molecules of one atom: an excess of 5, one free position. The one row
+    // gives one value, the other four stay 0: no attempt holds, and no next choice.
+    BalancingTask task;
+    task.mode = BalancingTask::Mode::Editor;
+    task.molecules = {QStringLiteral("C"),  QStringLiteral("C2"), QStringLiteral("C3"),
+                      QStringLiteral("C4"), QStringLiteral("C5"), QStringLiteral("C6")};
+    RecordingObserver observer;
+
+    const BalancingResult result = BalanceEquation(task, observer);
+
+    EXPECT_TRUE(result.foundNothing);
+    EXPECT_FALSE(result.failed);
+    EXPECT_FALSE(result.stopped);
+}
+
 } // namespace stoikal

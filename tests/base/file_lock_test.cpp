@@ -6,9 +6,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
+#include <chrono>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
+#include <sys/file.h>
 #include <thread>
+#include <unistd.h>
 
 namespace stoikal {
 
@@ -86,6 +90,30 @@ TEST(FileLock, FreedWhileWaitingIsTaken)
     holder.join();
     EXPECT_TRUE(lock.IsHeld());
     EXPECT_TRUE(QFile::exists(path + u".lock"_s));
+}
+
+TEST(FileLock, QueueThatMovesOnIsWaitedFor)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"shared.txt"_s);
+    // Sixteen holders of 50 ms each, one behind the other: 800 ms in all.
+    const int descriptor = ::open(QFile::encodeName(path + u".lock"_s).constData(), O_RDWR | O_CREAT, 0666);
+    ASSERT_EQ(::flock(descriptor, LOCK_EX), 0);
+    std::int32_t holder = 1;
+    ASSERT_EQ(::pwrite(descriptor, &holder, sizeof holder, 0), ssize_t{sizeof holder});
+    std::thread others([&] {
+        for (; holder <= 16; ++holder) {
+            if (::pwrite(descriptor, &holder, sizeof holder, 0) != ssize_t{sizeof holder})
+                std::abort();
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+        ::close(descriptor);
+    });
+
+    const FileLock lock(path, 500);
+    others.join();
+
+    EXPECT_TRUE(lock.IsHeld());
 }
 
 TEST(FileLock, TwoFilesHaveTwoLocks)

@@ -253,4 +253,47 @@ TEST(ProfileText, WritingASectionMakesIt)
     EXPECT_EQ(text.Read(u"B"_s, u"b"_s), u"2"_s);
 }
 
+TEST(ProfileText, RenamingMovesNumbersAlongAllAtOnce)
+{
+    ProfileText text("[1]\r\na=one\r\n[2]\r\na=two\r\n[3]\r\na=three\r\n");
+
+    text.RenameSections({{u"2"_s, u"3"_s}, {u"3"_s, u"4"_s}});
+
+    EXPECT_EQ(text.Read(u"1"_s, u"a"_s), u"one"_s);
+    EXPECT_TRUE(text.Read(u"2"_s, u"a"_s).isEmpty());
+    EXPECT_EQ(text.Read(u"3"_s, u"a"_s), u"two"_s);
+    EXPECT_EQ(text.Read(u"4"_s, u"a"_s), u"three"_s);
+    EXPECT_EQ(text.ToBytes(), QByteArray("[1]\r\na=one\r\n[3]\r\na=two\r\n[4]\r\na=three\r\n"));
+}
+
+TEST(ProfileText, RenamingPutsASectionInThePlaceOfAnother)
+{
+    ProfileText text("[1]\r\na=one\r\nb=b\r\n[2]\r\na=two\r\n");
+
+    text.RenameSections({{u"2"_s, u"1"_s}});
+
+    EXPECT_EQ(text.ToBytes(), QByteArray("[1]\r\na=two\r\n"));
+    EXPECT_EQ(text.Read(u"1"_s, u"a"_s), u"two"_s);
+    EXPECT_TRUE(text.Read(u"1"_s, u"b"_s).isEmpty());
+}
+
+TEST(ProfileText, RenamingASectionThatIsNotThereLeavesNoneOfTheNewName)
+{
+    ProfileText text("[1]\r\na=one\r\n");
+
+    text.RenameSections({{u"2"_s, u"1"_s}});
+
+    EXPECT_TRUE(text.ToBytes().isEmpty());
+}
+
+TEST(ProfileText, RenamingLeavesOtherLinesByteForByte)
+{
+    ProfileText text("; head\r\n[ Autre ]\r\nx = 1\r\n\r\n[Numero]\r\n;;\r\na= 1 \r\n[Fin]\r\n");
+
+    text.RenameSections({{u"NUMERO"_s, u"7"_s}});
+
+    EXPECT_EQ(text.ToBytes(),
+              QByteArray("; head\r\n[ Autre ]\r\nx = 1\r\n\r\n[7]\r\n;;\r\na= 1 \r\n[Fin]\r\n"));
+}
+
 } // namespace stoikal

@@ -421,4 +421,35 @@ TEST_F(SettingsPrograms, TwentyThatWriteDifferentKeysAtOnceLoseNone)
     EXPECT_EQ(m_place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
 }
 
+TEST(SettingsStore, ManyChangesAreOneWrite)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[1]\r\na=one\r\n"));
+
+    const bool changed = place.store.Change(place.path, [](ProfileText& text) {
+        text.Write(u"1"_s, u"b"_s, u"two"_s);
+        text.RenameSections({{u"1"_s, u"2"_s}});
+    });
+
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(place.Bytes(), QByteArray("[2]\r\na=one\r\nb=two\r\n"));
+    EXPECT_EQ(place.store.Contents(place.path).Read(u"2"_s, u"b"_s), u"two"_s);
+}
+
+TEST(SettingsStore, ChangesThatCannotBeWrittenAreReportedAndNoneIsMade)
+{
+    SettingsFolder place;
+    const QByteArray bytes = "[Options]\r\n" + QByteArray("; 345678\r\n").repeated(600);
+    ASSERT_TRUE(place.Put(bytes));
+
+    LimitFileSize(4096);
+    const bool changed
+        = place.store.Change(place.path, [](ProfileText& text) { text.Write(u"Options"_s, u"a"_s, u"1"_s); });
+    LimitFileSize(RLIM_INFINITY);
+
+    EXPECT_FALSE(changed);
+    EXPECT_EQ(place.Bytes(), bytes);
+    EXPECT_TRUE(place.Read(u"Options"_s, u"a"_s).isEmpty());
+}
+
 } // namespace stoikal

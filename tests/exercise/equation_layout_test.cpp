@@ -110,6 +110,45 @@ TEST(EquationLayout, IsHighForAProgressFileAndLeavesRoomForTheTitlesOfTheTable)
     EXPECT_EQ(layout.width, 4220); // 2330 + 720 + 470 + 600 + 100
 }
 
+TEST(EquationLayout, BeginsTheBandBehindTitlesThatNeedMore)
+{
+    EquationWidths widths = Widths(kOneByOne);
+    widths.titles = 1800;
+    EXPECT_EQ(LayoutEquation(widths).coefficientLeft[0], 100);
+
+    widths.isProgressFile = true;
+    EXPECT_EQ(LayoutEquation(widths).coefficientLeft[0], 1800);
+    widths.titles = 1000;
+    EXPECT_EQ(LayoutEquation(widths).coefficientLeft[0], 1560);
+}
+
+TEST(EquationLayout, GivesEachColumnOfATableItsLeastWidth)
+{
+    EquationWidths widths = Widths(kTwoByTwo);
+    widths.isProgressFile = true;
+    widths.column = 1100;
+
+    const EquationLayout layout = LayoutEquation(widths);
+
+    // 450 + 20 + 300 and 450 + 20 + 400 are less than 1100, 450 + 20 + 700 is more.
+    EXPECT_EQ(layout.columnWidth[0], 1100);
+    EXPECT_EQ(layout.columnWidth[1], 1100);
+    EXPECT_EQ(layout.columnWidth[4], 1170);
+    EXPECT_EQ(layout.plusLeft[0], 2660); // 1560 + 1100
+    EXPECT_EQ(layout.coefficientLeft[1], 2990); // 2660 + 330
+    // 2990 + 1100 + 720 for the arrow + 1100 + 330 + 1170
+    EXPECT_EQ(layout.bandEnd, 7410);
+    EXPECT_EQ(layout.width, 7510);
+}
+
+TEST(EquationLayout, KnowsNoColumnsInABalancingFile)
+{
+    EquationWidths widths = Widths(kAll);
+    widths.column = 5000;
+
+    EXPECT_EQ(LayoutEquation(widths).coefficientLeft[1], 1200);
+}
+
 TEST(EquationLayout, LeavesRoomForTheScoreBesideTheButton)
 {
     EquationWidths widths = Widths(kOneByOne);

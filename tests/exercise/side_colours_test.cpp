@@ -61,6 +61,19 @@ TEST(SideColours, TakeAStoredZeroForBlack)
     EXPECT_EQ(SideColour(bench.settings, Side::Reactants), 0U);
 }
 
+TEST(SideColours, AreWrittenAsPlainDecimalNumbers)
+{
+    Bench bench;
+
+    SetSideColour(bench.settings, Side::Reactants, 0xC0FFC0);
+    SetSideColour(bench.settings, Side::Products, 0x0000FF);
+
+    EXPECT_EQ(bench.settings.Read(u"Options"_s, u"BackGround Color Reactifs"_s), u"12648384"_s);
+    EXPECT_EQ(bench.settings.Read(u"Options"_s, u"BackGround Color Produits"_s), u"255"_s);
+    EXPECT_EQ(SideColour(bench.settings, Side::Products), 255U);
+    EXPECT_EQ(DefaultSideColour(Side::Products), 16777088U);
+}
+
 TEST(SideColours, StayWithinTwentyFourBits)
 {
     Bench bench;

@@ -221,6 +221,29 @@ TEST(Messages, TitleBarOnAQuestionSaysNo)
     EXPECT_FALSE(messages.Ask(nullptr, u"Enregistrement"_s, u"Remplacer ?"_s));
 }
 
+TEST(Messages, QuestionCanHaveNonPreset)
+{
+    DesktopMessages messages;
+    QString preset;
+    const Reader reader([&preset](QMessageBox& box) {
+        preset = box.defaultButton() == nullptr ? u"-"_s : box.defaultButton()->text();
+        ClickCaption(box, "Oui");
+    });
+
+    EXPECT_TRUE(messages.AskPresetNo(nullptr, u"Stoikal"_s, u"Recommencer ?"_s));
+
+    EXPECT_EQ(preset, u"Non"_s);
+    EXPECT_EQ(reader.icon, QMessageBox::Question);
+}
+
+TEST(Messages, EnterOnAQuestionWithNonPresetSaysNo)
+{
+    DesktopMessages messages;
+    const Reader reader([](QMessageBox& box) { Press(box, Qt::Key_Return); });
+
+    EXPECT_FALSE(messages.AskPresetNo(nullptr, u"Stoikal"_s, u"Recommencer ?"_s));
+}
+
 TEST(Messages, EscapeClosesAnInformation)
 {
     DesktopMessages messages;

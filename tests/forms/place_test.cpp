@@ -81,6 +81,37 @@ TEST(PlaceWindow, BringsALostWindowBack)
     EXPECT_EQ(window.pos(), QPoint(600, 50)); // 900 - 300; the upper edge.
 }
 
+TEST(CentreOver, PutsAWindowOverTheMiddleOfAnother)
+{
+    FakeScreen screen;
+    screen.area = kArea;
+    QWidget other;
+    other.setGeometry(300, 150, 400, 300);
+    QWidget window;
+    window.resize(100, 80);
+
+    CentreOver(window, screen, other);
+
+    // The middle of the other is 500, 300: half of 100 and of 80 less.
+    EXPECT_NEAR(window.pos().x(), 450, 1);
+    EXPECT_NEAR(window.pos().y(), 260, 1);
+}
+
+TEST(CentreOver, KeepsAWindowInsideTheWorkAreaAndNoLarger)
+{
+    FakeScreen screen;
+    screen.area = kArea;
+    QWidget other;
+    other.setGeometry(850, 60, 400, 40);
+    QWidget window;
+    window.resize(1000, 100);
+
+    CentreOver(window, screen, other);
+
+    EXPECT_EQ(window.size(), QSize(800, 100));
+    EXPECT_EQ(window.pos(), QPoint(100, 50));
+}
+
 TEST(PlaceOf, IsWhatPlaceWindowTakes)
 {
     FakeScreen screen;

@@ -112,6 +112,16 @@ TEST(Style, PaperStaysLightOnADarkDesktop)
     EXPECT_EQ(box.palette().color(QPalette::Text), QColor(u"#1C2430"_s));
 }
 
+TEST(Style, PasswordShowsAStarForEachCharacter)
+{
+    QLineEdit box;
+    box.setEchoMode(QLineEdit::Password);
+
+    box.setText(u"Élève"_s);
+
+    EXPECT_EQ(box.displayText(), u"*****"_s);
+}
+
 TEST(Colours, AreReadWithRedInTheLowByte)
 {
     EXPECT_EQ(FromBgr(0x0000FF), QColor(255, 0, 0));

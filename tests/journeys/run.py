@@ -5,6 +5,7 @@ and a home of its own. A name as argument plays only that journey."""
 import re
 import signal
 import sys
+import threading
 import time
 
 from stage import JourneyError, Stage, coefficients_of, equations_of, wait_for
@@ -113,7 +114,163 @@ def network_class(stage):
     expect("the end without a fault", stage.wait_end() == 0)
 
 
-JOURNEYS = [whole_run, solution_shown, damaged_line, killed_in_a_run, network_class]
+def change_password(stage, old, new):
+    """A teacher at this program sets another password."""
+    stage.window("Stoikal v")
+    stage.key("alt+question", "m")
+    stage.window("Changer le mot de passe")
+    stage.type(old)
+    stage.key("Tab")
+    stage.type(new)
+    stage.key("Tab", "space")
+
+
+def network_pupil(share, number, all_here, is_changed, ended):
+    """One program of the class: once all are here and the password was changed, the
+    old one is refused and the new one holds; then its pupil answers one equation."""
+    with Stage(patience=50) as stage:
+        stage.env["STOIKAL_USER"] = f"eleve{number}"
+        stage.env["STOIKAL_NETWORK_ROOT"] = str(share)
+        stage.settings("[Options]", "Show Tips at Startup=0", "[Réseau]", "Dossier Dépôt=Dépôt")
+        stage.start()
+        all_here.wait(50)
+        is_changed.wait(50)
+        stage.key("alt+f", "v")
+        stage.window("Mot de passe")
+        stage.type("vieux")
+        stage.key("Tab", "space")
+        stage.window("Erreur sur mot de passe")
+        stage.key("Return")
+        stage.window("Mot de passe")
+        stage.type("sesame")
+        stage.key("Tab", "space")
+        stage.window("Visualiser")
+        stage.key("Escape")
+        stage.open_file(share / f"Classe{number % 3}.Equ", identify=f"ELEVE{number}")
+        window = stage.window("Equation n°1")
+        # Empty boxes count as 1: the answer is right as it stands.
+        stage.click(window, stage.width(window) // 2, 68)
+        stage.window("Stoikal", "$")
+        stage.key("Tab", "Tab", "space")
+        ended[number] = stage.wait_end()
+
+
+def network_class_of_thirty(stage):
+    """Thirty programs run from one share at once: each journal is whole, each mark
+    stands in the table, and a password changed meanwhile is changed for all."""
+    share = stage.home / "share"
+    deposit = share / "Dépôt"
+    deposit.mkdir(parents=True)
+    for number in range(3):
+        (share / f"Classe{number}.Equ").write_bytes(b"C+O2=CO2/1,1,1\r\n")
+    (deposit / "MotDePasse.txt").write_bytes(b"vieux\r\n")
+    stage.env["STOIKAL_NETWORK_ROOT"] = str(share)
+    stage.settings("[Options]", "Show Tips at Startup=0", "[Réseau]", "Dossier Dépôt=Dépôt")
+    stage.start()
+
+    pupils = range(30)
+    all_here = threading.Barrier(len(pupils) + 1)
+    is_changed = threading.Event()
+    ended = {}
+    faults = []
+
+    def play(number):
+        try:
+            network_pupil(share, number, all_here, is_changed, ended)
+        except Exception as error:  # told below, whatever it is
+            faults.append(f"pupil {number}: {error!r}")
+            all_here.abort()
+
+    threads = [threading.Thread(target=play, args=(number,)) for number in pupils]
+    for thread in threads:
+        thread.start()
+    try:
+        all_here.wait(60)
+        change_password(stage, "vieux", "sesame")
+        wait_for("the new password", lambda: (deposit / "MotDePasse.txt").read_bytes() == b"sesame\r\n")
+    except threading.BrokenBarrierError:
+        faults.append("not all programs started")
+    is_changed.set()
+    for thread in threads:
+        thread.join()
+    expect(f"no fault of a pupil ({'; '.join(faults[:3])})", not faults)
+    expect("thirty ends without a fault", ended == {number: 0 for number in pupils})
+
+    for number in pupils:
+        journals = list(deposit.glob(f"EQU_eleve{number}_*.txt"))
+        expect(f"one journal of pupil {number}", len(journals) == 1)
+        lines = journals[0].read_bytes().decode("cp1252").split("\r\n")
+        expect(f"the whole journal of pupil {number}", lines[:3] == ["", "*" * 38, f"Nom élève :ELEVE{number}"]
+               and lines[6] == f"Nom du fichier : Classe{number % 3}.Equ - 1 équations"
+               and lines[9:11] == ["  N°1 : ", "1 C + 1 O2 ---> 1 CO2 : CORRECT - Score : 5"]
+               and lines[11].startswith(" -------> Note : 20.00/20 - ") and lines[12:] == [""])
+    table = (deposit / "HighScore.txt").read_bytes().decode("cp1252")
+    expect("every mark in the table", sorted(re.findall(r"^ELEVE(\d+)©20©", table, re.M)) == sorted(map(str, pupils)))
+    expect("ten marks a file", [len(part.split("\r\n")) for part in table.split("#")[1:]] == [12, 12, 12])
+    expect("the password as the teacher set it", (deposit / "MotDePasse.txt").read_bytes() == b"sesame\r\n")
+
+
+ATOMS = {"H": 1.008, "C": 12.011, "N": 14.007, "O": 15.999, "Al": 26.982, "S": 32.06, "Cl": 35.45, "Ca": 40.078, "Fe": 55.845}
+
+
+def worked_reaction(line):
+    """A line whose data are amounts of reactants, worked by hand's rules: the molar
+    masses, then what stands open in the table, row by row."""
+    sides, rest = line.split("/")
+    coefficients, data = ([part.strip() for part in field.split(",")] for field in rest.split("#"))
+    left, right = (side.split("+") for side in sides.split("="))
+    names = [re.sub("<.*>", "", name) for name in left + right]
+    gases = ["<g>" in name for name in left + right]
+    n = [int(c) for c in coefficients]
+    mass = [sum(ATOMS[symbol] * int(count or 1) for symbol, count in re.findall(r"([A-Z][a-z]?)(\d*)", name)) for name in names]
+    given = [float(datum[1:]) for datum in data]
+    reactants = range(len(left))
+    xmax = min(given[i] / n[i] for i in reactants if given[i])
+    start = [given[i] or n[i] * xmax for i in reactants]
+    end = [start[i] - n[i] * xmax for i in reactants] + [n[i] * xmax for i in range(len(left), len(n))]
+    amount = start + end[len(left):]
+    show = "{:.4g}".format
+    table = [show(amount[i] * mass[i]) for i in range(len(n))]
+    table += [show(amount[i] * 22.4) for i in range(len(n)) if gases[i]]
+    table += [show(start[i]) for i in reactants if not given[i]]
+    table += [show(abs(round(x, 9))) for x in end]
+    return [show(m) for m in mass], table
+
+
+def progress_series(stage):
+    """A pupil works a whole file of progress by keyboard, once wrong in the molar
+    masses, and finds his mark."""
+    stage.start()
+    file = stage.folder / "Avancement_1_Premiers_pas.Avt"
+    stage.window("Stoikal v")
+    stage.key("alt+f", "Down", "Return")
+    stage.identify()
+    stage.choose_file(file)
+    stage.window("Stoikal - Avancement")
+    stage.key("Tab", "space")
+    for number, line in enumerate(equations_of(file), 1):
+        masses, table = worked_reaction(line)
+        stage.window(f"Equation n°{number}")
+        if number == 2:
+            stage.fill(["1"] * len(masses))
+            stage.key("Tab", "Tab", "space", *["shift+Tab"] * (len(masses) + 1))
+        stage.fill(masses)
+        stage.key("Tab", "Tab", "space")
+        stage.fill(table)
+        stage.picture("table")
+        stage.key("Tab", "space")
+        stage.picture("judged")
+        stage.key("space")
+    stage.window("Stoikal")
+    # 8 reactions of 10 points, 2 lost: 78 of 80, that is 19.5 out of 20.
+    journal = wait_for("the mark", lambda: "Note :" in stage.text("Resultat.txt") and stage.text("Resultat.txt"))
+    expect("19.5 out of 20", "Note : 19.50/20" in journal)
+    expect("no line per answer", "N°1" not in journal)
+    stage.key("Tab", "Tab", "space")
+    expect("the end without a fault", stage.wait_end() == 0)
+
+
+JOURNEYS = [whole_run, progress_series, solution_shown, damaged_line, killed_in_a_run, network_class, network_class_of_thirty]
 
 
 def main():

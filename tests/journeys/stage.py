@@ -8,6 +8,7 @@ import shutil
 import signal
 import subprocess
 import tempfile
+import threading
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -48,8 +49,11 @@ def equations_of(path):
 
 
 class Stage:
-    def __init__(self, size="1024x768", pictures=None, locale="C.UTF-8"):
+    one_server_at_a_time = threading.Lock()
+
+    def __init__(self, size="1024x768", pictures=None, locale="C.UTF-8", patience=15):
         self.size = size
+        self.patience = patience  # seconds to wait for what is to come
         self.pictures = pathlib.Path(pictures) if pictures else None
         self.locale = locale
         self.picture_number = 0
@@ -58,14 +62,9 @@ class Stage:
 
     def __enter__(self):
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="stoikal-journey-"))
-        read_end, write_end = os.pipe()
-        self.processes.append(
-            subprocess.Popen(
-                ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp"],
-                pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
-        os.close(write_end)
-        with os.fdopen(read_end) as answer:
-            number = answer.readline().strip()
+        # Two servers that look for a free number at once may find the same one.
+        with Stage.one_server_at_a_time:
+            number = self._start_server()
         if not number:
             raise JourneyError("no X server")
         self.env = {
@@ -78,8 +77,18 @@ class Stage:
         self.processes.append(
             subprocess.Popen(["openbox"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         wait_for("the window manager", lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in
-                 run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK", env=self.env, check=False))
+                 run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK", env=self.env, check=False), self.patience)
         return self
+
+    def _start_server(self):
+        read_end, write_end = os.pipe()
+        self.processes.append(
+            subprocess.Popen(
+                ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp"],
+                pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
+        os.close(write_end)
+        with os.fdopen(read_end) as answer:
+            return answer.readline().strip()
 
     def __exit__(self, kind, value, trace):
         if kind is not None and self.pictures is None:
@@ -104,20 +113,35 @@ class Stage:
     def text(self, name):
         return (self.folder / name).read_bytes().decode("cp1252")
 
+    @property
+    def settings_file(self):
+        return self.home / "app" / "Tovik_MARLEN" / "Stoikal" / f"ConfEQU_{self.env['STOIKAL_USER']}.ini"
+
+    def settings(self, *lines):
+        """The settings of the user as an earlier start left them, unless there are some."""
+        path = self.settings_file
+        if not path.exists():
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes("".join(line + "\r\n" for line in lines).encode("cp1252"))
+
     # The program
 
-    def start_only(self):
+    def start_only(self, tip=False):
+        if not tip:
+            self.settings("[Options]", "Show Tips at Startup=0")
         self.output = open(self.home / "output.log", "wb")
         self.program = subprocess.Popen([str(PROGRAM)], env=self.env, stdout=self.output, stderr=self.output)
 
     def start(self):
         self.start_only()
         self.window("Stoikal v")
-        wait_for("the end of the splash", lambda: not self._find("^Stoikal$"), 20)
+        # The last step of the start leaves its mark in the settings.
+        wait_for("the end of the start", lambda: b"Show info-bulles" in self.settings_file.read_bytes(), self.patience)
+        wait_for("the end of the splash", lambda: not self._find("^Stoikal$"), self.patience + 5)
         self.picture("start")
 
-    def wait_end(self, seconds=10):
-        return self.program.wait(seconds)
+    def wait_end(self):
+        return self.program.wait(self.patience)
 
     # Windows, keys, mouse
 
@@ -126,9 +150,10 @@ class Stage:
         found = run("xdotool", "search", "--onlyvisible", "--name", pattern, env=self.env, check=False).split()
         return found[-1] if found else None
 
-    def window(self, title, seconds=15):
-        """The window whose title begins so, with the keyboard."""
-        found = wait_for(f"the window {title!r}", lambda: self._find("^" + re.escape(title).replace("\\ ", " ")), seconds)
+    def window(self, title, end=""):
+        """The window whose title begins so ("$": and ends so), with the keyboard."""
+        pattern = "^" + re.escape(title).replace("\\ ", " ") + end
+        found = wait_for(f"the window {title!r}", lambda: self._find(pattern), self.patience)
         run("xdotool", "windowactivate", "--sync", found, env=self.env, check=False)
         return found
 
@@ -188,8 +213,15 @@ class Stage:
         self.window("Stoikal v")
         self.key("alt+f", "o")
         if identify:
-            self.identify()
+            self.identify(identify if isinstance(identify, str) else "DUPONT")
         self.choose_file(path)
+
+    def fill(self, texts):
+        """Types texts into boxes, from the one with the keyboard on."""
+        for place, text in enumerate(texts):
+            if place:
+                self.key("Tab")
+            self.type(text)
 
     def answer(self, number, coefficients, picture=None):
         """Types the coefficients of an equation and validates with the mouse."""

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -104,6 +105,25 @@ TEST(QtFolders, NetworkRootIsWhatItsVariableSays)
     environment.Set("STOIKAL_NETWORK_ROOT", u"/mnt/classe"_s);
 
     EXPECT_EQ(QtFolders().NetworkRoot(), u"/mnt/classe"_s);
+}
+
+TEST(QtFolders, SharesAreKnownByTheTypeOfTheirFileSystem)
+{
+    for (const char* const type : {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "9p", "afs"})
+        EXPECT_TRUE(IsNetworkFileSystem(type)) << type;
+    for (const char* const type : {"ext4", "btrfs", "xfs", "tmpfs", "overlay", "vfat", "fuseblk", "nfsd", ""})
+        EXPECT_FALSE(IsNetworkFileSystem(type)) << type;
+}
+
+TEST(QtFolders, WithoutAVariableALocalProgramHasNoNetworkRoot)
+{
+    const QStorageInfo here(QCoreApplication::applicationDirPath());
+    if (IsNetworkFileSystem(here.fileSystemType()))
+        GTEST_SKIP() << "these tests run from a share";
+    Environment environment;
+    environment.Unset("STOIKAL_NETWORK_ROOT");
+
+    EXPECT_EQ(QtFolders().NetworkRoot(), QString());
 }
 
 TEST(QtFolders, NoFolderEndsInASeparator)

@@ -51,6 +51,11 @@ struct ScriptedDialogs final : Dialogs {
     {
         return std::nullopt;
     }
+    std::optional<QColor> ChooseColour(QWidget* /*parent*/, const QColor& /*initial*/,
+                                       const QList<QColor>& /*ownColours*/) override
+    {
+        return std::nullopt;
+    }
 };
 
 /// What a person sees while a message box is open.
@@ -86,7 +91,7 @@ void ServeModalWindow(Shell& shell)
     if (const auto* const box = qobject_cast<QMessageBox*>(modal)) {
         Say(LookAround(*box, shell));
         box->button(QMessageBox::Ok)->click();
-    } else if (modal->objectName() == u"frmSplash"_s) {
+    } else if (modal->objectName() == u"frmSplash"_s || modal->objectName() == u"frmTip"_s) {
         static_cast<QDialog*>(modal)->done(QDialog::Accepted);
     } else if (auto* const choose = modal->findChild<QAbstractButton*>(u"cmdChoix"_s)) {
         choose->click();
@@ -135,9 +140,9 @@ int Run(int argc, char** argv)
     ScriptedDialogs dialogs;
     dialogs.path = folder + u"/documents/Tovik_MARLEN/Stoikal/Serie1.Equ"_s;
     dialogs.vanishes = name == u"vanish"_s;
-    const Platform doors{fakes.clock,   fakes.folders, fakes.user,      fakes.regional,
-                         fakes.screen,  fakes.sound,   dialogs,         fakes.programs,
-                         fakes.browser, fakes.web,     fakes.clipboard, fakes.randomness};
+    const Platform doors{fakes.clock,     fakes.folders,    fakes.user,     fakes.regional, fakes.screen,
+                         fakes.sound,     dialogs,          fakes.programs, fakes.browser,  fakes.web,
+                         fakes.clipboard, fakes.randomness, fakes.trash};
 
     DesktopMessages messages;
     Shell shell(doors, messages);

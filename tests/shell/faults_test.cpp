@@ -112,6 +112,24 @@ TEST_F(ProgramWithAFault, NamesTheLineThatCannotBeRead)
     EXPECT_TRUE(Text().contains(u"Ligne 4\u00A0: H2 + O2\n"_s));
 }
 
+TEST_F(ProgramWithAFault, NamesTheLineWhoseDataCannotBeComputed)
+{
+    Run({u"'Un avancement"_s, u"C+O2=CO2/1,0,1#Q1"_s}, u"open"_s);
+
+    ExpectOneBoxAndTheEnd();
+    EXPECT_TRUE(Text().contains(u"le coefficient de O2 est nul."_s));
+    EXPECT_TRUE(Text().contains(u"Ligne 2\u00A0: C+O2=CO2/1,0,1#Q1\n"_s));
+}
+
+TEST_F(ProgramWithAFault, NamesTheLineWhoseAdvancementIsNothing)
+{
+    Run({u"C+O2=CO2/1,1,1#Q0.0000000001"_s}, u"open"_s);
+
+    ExpectOneBoxAndTheEnd();
+    EXPECT_TRUE(Text().contains(u"l'avancement maximal est nul ou trop petit."_s));
+    EXPECT_TRUE(Text().contains(u"Ligne 1\u00A0: C+O2"_s));
+}
+
 TEST_F(ProgramWithAFault, TakesTheExerciseOutOfTheWayOfItsBox)
 {
     Run({u"H2+O2=H2O/2,1,2"_s, u"H2+O2"_s}, u"open"_s, u"2,1,,2"_s);

@@ -533,15 +533,23 @@ TEST_F(Tools, AskNothingAboutAFileWhenTheProgramEndsDuringTheSearch)
     } running;
     shell.reset();
     Platform doors = desktop.Doors();
-    const Platform withClock{running,       doors.folders, doors.user,      doors.regional,
-                             doors.screen,  doors.sound,   doors.dialogs,   doors.programs,
-                             doors.browser, doors.web,     doors.clipboard, doors.randomness};
+    const Platform withClock{running,         doors.folders,    doors.user,     doors.regional, doors.screen,
+                             doors.sound,     doors.dialogs,    doors.programs, doors.browser,  doors.web,
+                             doors.clipboard, doors.randomness, doors.trash};
     shell = std::make_unique<Shell>(withClock, messages);
     QObject::connect(shell.get(), &Shell::EndAsked, [this] { ++ends; });
     LeaveTheSplash();
     shell->Start();
     WriteEquations({u"H2+O2=H2O/2,1,2"_s}, u"A.Equ"_s);
-    QTimer::singleShot(0, shell.get(), [this] { Choose("Mnu_End"); });
+    // The first turn that the search leaves to others.
+    QTimer turn;
+    QObject::connect(&turn, &QTimer::timeout, shell.get(), [this, &turn] {
+        if (QApplication::activeModalWidget() != nullptr || FindWindow("frmSearch") == nullptr)
+            return;
+        turn.stop();
+        Choose("Mnu_End");
+    });
+    turn.start(0);
 
     Gather();
 

@@ -2,6 +2,8 @@
 
 #include "platform/doors.h"
 
+#include <QFile>
+#include <QImage>
 #include <QStringList>
 #include <deque>
 #include <gtest/gtest.h>
@@ -60,9 +62,32 @@ struct FakeSound final : Sound {
 struct FakeDialogs final : Dialogs {
     std::vector<Request> asked;
     std::deque<std::optional<Choice>> answers;
-    ~FakeDialogs() override { EXPECT_TRUE(answers.empty()) << "a file was never asked for"; }
+    ~FakeDialogs() override
+    {
+        EXPECT_TRUE(answers.empty()) << "a file was never asked for";
+        EXPECT_TRUE(colourAnswers.empty()) << "a colour was never asked for";
+    }
     std::optional<Choice> OpenFile(QWidget*, const Request& request) override { return Next(request); }
     std::optional<Choice> AppendToFile(QWidget*, const Request& request) override { return Next(request); }
+
+    struct ColourRequest {
+        QColor initial;
+        QList<QColor> ownColours;
+    };
+    std::vector<ColourRequest> coloursAsked;
+    std::deque<std::optional<QColor>> colourAnswers;
+    std::optional<QColor> ChooseColour(QWidget*, const QColor& initial,
+                                       const QList<QColor>& ownColours) override
+    {
+        coloursAsked.push_back({initial, ownColours});
+        if (colourAnswers.empty()) {
+            ADD_FAILURE() << "unexpected colour dialog";
+            return std::nullopt;
+        }
+        const auto answer = colourAnswers.front();
+        colourAnswers.pop_front();
+        return answer;
+    }
 
 private:
     std::optional<Choice> Next(const Request& request)
@@ -93,6 +118,26 @@ struct FakePrograms final : Programs {
         ++closed;
         runs = false;
     }
+    bool canEdit = true;
+    QStringList edited; ///< the texts handed to the desktop's editor
+    bool EditText(const QString& path) override
+    {
+        edited << path;
+        return canEdit;
+    }
+};
+
+/// Takes the files away, as the desktop does, unless the volume has no trash.
+struct FakeTrash final : Trash {
+    QStringList moved;
+    QStringList withoutTrash; ///< paths that it does not take
+    bool Move(const QString& path) override
+    {
+        if (withoutTrash.contains(path))
+            return false;
+        moved << path;
+        return QFile::remove(path);
+    }
 };
 
 struct FakeBrowser final : Browser {
@@ -122,7 +167,17 @@ struct FakeWebFetch final : WebFetch {
 
 struct FakeClipboard final : Clipboard {
     QString text;
-    void SetText(const QString& newText) override { text = newText; }
+    QImage image;
+    void SetText(const QString& newText) override
+    {
+        text = newText;
+        image = QImage();
+    }
+    void SetImage(const QImage& newImage) override
+    {
+        text.clear();
+        image = newImage;
+    }
 };
 
 struct FakeRandomness final : Randomness {
@@ -144,11 +199,12 @@ struct FakePlatform {
     FakeWebFetch web;
     FakeClipboard clipboard;
     FakeRandomness randomness;
+    FakeTrash trash;
 
     Platform Doors()
     {
-        return {clock,   folders,  user,    regional, screen,    sound,
-                dialogs, programs, browser, web,      clipboard, randomness};
+        return {clock,    folders, user, regional,  screen,     sound, dialogs,
+                programs, browser, web,  clipboard, randomness, trash};
     }
 };
 

@@ -32,8 +32,12 @@ T& Control(QObject& window, const char* name)
 /// cannot, so a test may not.
 inline void ExpectReachable(const QWidget& widget)
 {
-    const QWidget* modal = QApplication::activeModalWidget();
-    const bool isBehind = modal != nullptr && modal != widget.window() && !modal->isAncestorOf(&widget);
+    const QWidget* const modal = QApplication::activeModalWidget();
+    // A modal window leaves its own child windows free.
+    const QWidget* own = &widget;
+    while (own != nullptr && own != modal)
+        own = own->parentWidget();
+    const bool isBehind = modal != nullptr && own == nullptr;
     if (!widget.isVisible() || !widget.isEnabled() || isBehind)
         throw std::runtime_error("not reachable: " + widget.objectName().toStdString());
 }

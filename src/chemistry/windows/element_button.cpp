@@ -4,8 +4,25 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace stoikal {
+namespace {
+
+/// Logical pixels from which a cell has room for more than its symbol.
+constexpr int kHeightWithNumber = 40;
+constexpr int kHeightWithName = 76;
+
+QFont SmallFace(QFont face)
+{
+    face.setPointSizeF(7.5);
+    face.setBold(false);
+    face.setItalic(false);
+    face.setUnderline(false);
+    return face;
+}
+
+} // namespace
 
 QColor StateColour(ElementState state)
 {
@@ -43,7 +60,7 @@ QString StateName(ElementState state)
     case ElementState::Solid:
         return QStringLiteral("solide");
     case ElementState::Liquid:
-        return QStringLiteral("liquide à 30 °C");
+        return QStringLiteral("liquide à 30\u00A0°C");
     case ElementState::Gas:
         return QStringLiteral("gazeux");
     case ElementState::Synthetic:
@@ -96,6 +113,12 @@ void ElementButton::SetNumber(int number)
     update();
 }
 
+void ElementButton::SetElementName(const QString& name)
+{
+    m_name = name;
+    update();
+}
+
 void ElementButton::SetSize(double points)
 {
     QFont face = font();
@@ -109,32 +132,87 @@ void ElementButton::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF cell = QRectF(rect()).adjusted(1, 1, -1, -1);
-    painter.setPen(hasFocus() ? QPen(colours::kAccent, 2)
-                              : QPen(underMouse() ? colours::kSecondInk : colours::kLine, 1));
-    painter.setBrush(isDown() ? m_ground.darker(108) : m_ground);
-    painter.drawRoundedRect(cell, 3, 3);
+    PaintGround(painter, cell);
+    QRectF place = cell;
+    if (m_number > 0 && height() >= kHeightWithNumber) {
+        PaintNumber(painter, cell);
+        place.adjust(0, 8, 0, 0);
+    }
+    if (height() >= kHeightWithName && PaintName(painter, cell))
+        place.adjust(0, 0, 0, -14);
+    PaintCaption(painter, place);
+    PaintMark(painter, cell);
+}
 
-    painter.setPen(palette().color(QPalette::ButtonText));
-    painter.setFont(font());
-    const bool showsNumber = m_number > 0 && height() >= 40;
-    painter.drawText(showsNumber ? cell.adjusted(0, 8, 0, 0) : cell, Qt::AlignCenter, text());
-    if (showsNumber) {
-        QFont small = font();
-        small.setPointSizeF(7.5);
-        small.setBold(false);
-        small.setItalic(false);
-        small.setUnderline(false);
-        painter.setFont(small);
-        painter.setPen(colours::kSecondInk);
-        painter.drawText(cell.adjusted(4, 2, -4, 0), Qt::AlignLeft | Qt::AlignTop, QString::number(m_number));
+void ElementButton::PaintGround(QPainter& painter, const QRectF& cell) const
+{
+    QColor ground = m_ground;
+    QPen edge(m_ground.darker(115), 1);
+    if (isDown())
+        ground = m_ground.darker(112);
+    else if (underMouse() && isEnabled())
+        ground = m_ground.darker(105);
+    if (underMouse())
+        edge = QPen(colours::kSecondInk, 1.5);
+    if (hasFocus())
+        edge = QPen(colours::kAccent, 2.5);
+    painter.setPen(edge);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(cell, 3, 3);
+}
+
+void ElementButton::PaintCaption(QPainter& painter, const QRectF& place) const
+{
+    QFont face = font();
+    const double wide = QFontMetricsF(face).horizontalAdvance(text());
+    const double room = place.width() - 4;
+    if (wide > room)
+        face.setPointSizeF(face.pointSizeF() * room / wide);
+    const QColor ink = palette().color(QPalette::ButtonText);
+    if (m_state != ElementState::Synthetic) {
+        painter.setFont(face);
+        painter.setPen(ink);
+        painter.drawText(place, Qt::AlignCenter, text());
+        return;
     }
-    if (m_state == ElementState::Synthetic || m_state == ElementState::NotYetSynthesised) {
-        constexpr double kMark = 2.6;
-        const QPointF corner(cell.right() - 5, cell.top() + 5);
-        painter.setPen(QPen(colours::kInk, 1));
-        painter.setBrush(m_state == ElementState::Synthetic ? QBrush(colours::kInk) : QBrush(Qt::NoBrush));
-        painter.drawEllipse(corner, kMark, kMark);
-    }
+    // This light colour is hard to read on a light ground: a dark edge carries it.
+    const QFontMetricsF metrics(face);
+    QPainterPath outline;
+    outline.addText(place.center().x() - metrics.horizontalAdvance(text()) / 2,
+                    place.center().y() + (metrics.ascent() - metrics.descent()) / 2, face, text());
+    painter.strokePath(
+        outline, QPen(ink.darker(280), face.pointSizeF() / 9, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.fillPath(outline, ink);
+}
+
+void ElementButton::PaintNumber(QPainter& painter, const QRectF& cell) const
+{
+    painter.setFont(SmallFace(font()));
+    painter.setPen(colours::kSecondInk);
+    painter.drawText(cell.adjusted(4, 2, -4, 0), Qt::AlignLeft | Qt::AlignTop, QString::number(m_number));
+}
+
+bool ElementButton::PaintName(QPainter& painter, const QRectF& cell) const
+{
+    const QFont face = SmallFace(font());
+    if (m_name.isEmpty() || QFontMetricsF(face).horizontalAdvance(m_name) > cell.width() - 4)
+        return false;
+    painter.setFont(face);
+    painter.setPen(colours::kInk);
+    painter.drawText(cell.adjusted(2, 0, -2, -7), Qt::AlignHCenter | Qt::AlignBottom, m_name);
+    return true;
+}
+
+void ElementButton::PaintMark(QPainter& painter, const QRectF& cell) const
+{
+    if (m_state != ElementState::Synthetic && m_state != ElementState::NotYetSynthesised)
+        return;
+    const bool isSmall = height() < kHeightWithNumber;
+    const double radius = isSmall ? 1.6 : 2.6;
+    const double inset = radius + (isSmall ? 1.4 : 2.4);
+    painter.setPen(QPen(colours::kInk, 1));
+    painter.setBrush(m_state == ElementState::Synthetic ? QBrush(colours::kInk) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(QPointF(cell.right() - inset, cell.top() + inset), radius, radius);
 }
 
 void ElementButton::keyPressEvent(QKeyEvent* event)

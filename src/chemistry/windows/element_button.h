@@ -25,12 +25,13 @@ class ElementButton final : public QPushButton
 public:
     explicit ElementButton(QWidget* parent);
 
-    /// A family's ground, or none with nothing.
     void SetGround(const QColor& colour);
     void SetState(ElementState state);
-    /// The number in the corner; 0 for none.
+    /// The number in the corner; 0 for none. It is left out of a small cell.
     void SetNumber(int number);
-    /// The caption's size in points.
+    /// The name below the caption of a large cell.
+    void SetElementName(const QString& name);
+    /// The caption's size in points; a caption that is too wide is shown smaller.
     void SetSize(double points);
 
 Q_SIGNALS:
@@ -43,9 +44,16 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    void PaintGround(QPainter& painter, const QRectF& cell) const;
+    void PaintCaption(QPainter& painter, const QRectF& place) const;
+    void PaintNumber(QPainter& painter, const QRectF& cell) const;
+    bool PaintName(QPainter& painter, const QRectF& cell) const;
+    void PaintMark(QPainter& painter, const QRectF& cell) const;
+
     QColor m_ground;
     ElementState m_state = ElementState::Solid;
     int m_number = 0;
+    QString m_name;
 };
 
 } // namespace stoikal

@@ -2,19 +2,44 @@
 
 #include "chemistry/element_table.h"
 #include "forms/colours.h"
+#include "forms/disc_pictures.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 namespace stoikal {
+namespace {
+
+constexpr int kBallSide = 56;
+
+/// The element's disc, as the windows of atoms draw it.
+class AtomShape final : public QWidget
+{
+public:
+    explicit AtomShape(QWidget* parent)
+        : QWidget(parent)
+    {
+        setFixedSize(kBallSide, kBallSide);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        QPainter painter(this);
+        const DiscLook look{kBallSide / 2.0 - 2, palette().color(QPalette::Window).rgb(), {}};
+        PaintDisc(painter, QRectF(rect()).center(), look, true);
+    }
+};
+
+} // namespace
 
 frmDataAtomes::frmDataAtomes(QChar separator, QWidget* parent)
     : Form(QStringLiteral("frmDataAtomes"), QStringLiteral("Données de l'élément"), Kind::Tool, parent)
     , m_separator(separator)
-    , shpAtome(Named(new QFrame(this), QStringLiteral("shpAtome"), QStringLiteral("Couleur de l'atome")))
+    , shpAtome(Named(new AtomShape(this), QStringLiteral("shpAtome"), QStringLiteral("Couleur de l'atome")))
     , cmdPrevious(Named(new QPushButton(QStringLiteral("Précédent"), this), QStringLiteral("cmdPrevious"),
                         QStringLiteral("Elément précédent")))
     , cmdNext(Named(new QPushButton(QStringLiteral("Suivant"), this), QStringLiteral("cmdNext"),
@@ -39,13 +64,13 @@ frmDataAtomes::frmDataAtomes(QChar separator, QWidget* parent)
     grid->setContentsMargins(16, 12, 16, 12);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(6);
-    shpAtome->setAutoFillBackground(true);
-    shpAtome->setFrameShape(QFrame::Box);
-    shpAtome->setFixedHeight(28);
-    grid->addWidget(shpAtome, 0, 0, 1, 2);
+    grid->addWidget(shpAtome, 0, 0, 1, 2, Qt::AlignCenter);
     for (int i = 0; i < 13; ++i) {
         const auto place = static_cast<size_t>(i);
         auto* const label = Named(new QLabel(labels[i], this), ArrayName("lblLabel", i));
+        // The colons stand below one another.
+        if (!labels[i].endsWith(QLatin1Char(' ')))
+            label->setContentsMargins(0, 0, label->fontMetrics().horizontalAdvance(QLatin1Char(' ')), 0);
         lblData.at(place) = Named(new QLabel(this), ArrayName("lblData", i),
                                   QString(labels[i]).remove(QLatin1Char(':')).trimmed());
         lblData.at(place)->setTextInteractionFlags(Qt::TextSelectableByMouse);

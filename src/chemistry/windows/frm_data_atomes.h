@@ -4,7 +4,6 @@
 
 #include <array>
 
-class QFrame;
 class QLabel;
 class QPushButton;
 
@@ -26,7 +25,7 @@ private:
     QChar m_separator;
     int m_currentElement = 0;
 
-    QFrame* shpAtome;
+    QWidget* shpAtome;
     std::array<QLabel*, 13> lblData{};
     QPushButton* cmdPrevious;
     QPushButton* cmdNext;

@@ -14,7 +14,8 @@ namespace stoikal {
 class ElementButton;
 
 /// The periodic table: a grid of 118 cells with its heads and its legend. A
-/// click, or Enter, asks for the data of an element.
+/// click, or Enter, asks for the data of an element; the arrows lead from cell to
+/// cell. It has two sizes: maximised, and one small one.
 class frmTableauPeriodique final : public Form
 {
     Q_OBJECT
@@ -35,12 +36,17 @@ private:
     void BuildGrid();
     void BuildLegend();
     void LayOut();
+    double CaptionPoints() const;
     void PlaceHeads(const GridLayout& layout);
-    void PlaceLegend(int top);
+    struct LegendGrid;
+    LegendGrid Legend();
+    void PlaceLegend(const LegendGrid& grid, int top);
     void MoveFocus(int from, int dx, int dy);
+    void KeepSmallSize();
     bool IsLarge() const;
 
     static constexpr int kSamples = 8;
+    static constexpr int kFamilies = 3; ///< the first samples; the states follow
 
     ButtonColours m_colours;
     GridLayout m_layout;

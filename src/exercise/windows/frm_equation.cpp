@@ -1,13 +1,13 @@
 #include "exercise/windows/frm_equation.h"
 
 #include "base/number_text.h"
-#include "exercise/equation_layout.h"
-#include "exercise/journal_lines.h"
+#include "exercise/equation_text.h"
 #include "exercise/species_text.h"
 #include "exercise/windows/journal_messages.h"
 #include "exercise/windows/reaction_arrow.h"
 #include "forms/colours.h"
 #include "forms/filter_edit.h"
+#include "forms/lower_pane.h"
 #include "forms/menu_state.h"
 #include "forms/messages.h"
 #include "forms/place.h"
@@ -15,7 +15,7 @@
 #include "forms/style.h"
 #include "platform/doors.h"
 
-#include <QFontMetricsF>
+#include <QFontMetrics>
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
@@ -28,8 +28,7 @@ constexpr int kMostDigits = 2;
 constexpr Twips kBandTop = 180;
 constexpr int kVerdictGap = 6; ///< pixels between the button and the words about an answer
 constexpr int kButtonPadding = 16; ///< pixels beside a button's words
-constexpr Twips kPlusWidth = 330;
-constexpr Twips kArrowWidth = 720;
+constexpr int kPaneGap = 4; ///< pixels between the row of the score and what stands below
 
 } // namespace
 
@@ -37,56 +36,27 @@ frmEquation::frmEquation(ExerciseRun& run, const Doors& doors, QWidget* parent)
     : Form(QStringLiteral("frmEquation"), QStringLiteral("Equation n°"), Kind::Tool, parent)
     , m_run(run)
     , m_doors(doors)
+    , m_band(MakeBand(*this))
     , Timer1(Named(new QTimer(this), QStringLiteral("Timer1")))
 {
     StayOnPaper(*this);
     setAutoFillBackground(true);
     setMouseTracking(true);
-    BuildBand();
+    ConnectBand();
     BuildScoreRow();
-    SetBandColour(colours::kInfoTip);
+    PaintBand(m_band, *this, colours::kInfoTip);
     Timer1->setInterval(kFlashMs);
     connect(Timer1, &QTimer::timeout, this, &frmEquation::Timer1_Timer);
 }
 
-void frmEquation::BuildBand()
+void frmEquation::ConnectBand()
 {
-    QFont formulaFont = font();
-    formulaFont.setPointSizeF(font().pointSizeF() + 2);
     for (int slot = 0; slot < 6; ++slot) {
-        const auto place = static_cast<size_t>(slot);
-        const QString side = slot < 3 ? QStringLiteral("réactif %1").arg(slot + 1)
-                                      : QStringLiteral("produit %1").arg(slot - 2);
-        auto* const box = Named(new FilterEdit(this), ArrayName("txtCoef", slot),
-                                QStringLiteral("Coefficient du %1").arg(side));
-        box->setToolTip(
-            QStringLiteral("Saisir les coefficients corrects afin d'équilibrer l'équation chimique"));
-        box->setMaxLength(kMostDigits);
-        box->setAlignment(Qt::AlignCenter);
-        box->setFont(formulaFont);
-        // Given coefficients and a shown solution are there to be read.
-        QPalette palette = box->palette();
-        palette.setColor(QPalette::Disabled, QPalette::Text, colours::kInk);
-        box->setPalette(palette);
+        FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(slot));
         connect(box, &FilterEdit::KeyPressed, this, [this, slot](QChar key) { txtCoef_KeyPress(slot, key); });
         connect(box, &QLineEdit::textChanged, this, [this, slot] { txtCoef_Change(slot); });
         connect(box, &FilterEdit::FocusGained, box, &QLineEdit::selectAll);
-        txtCoef.at(place) = box;
-
-        rtbCorp.at(place) = Named(new SpeciesLabel(this), ArrayName("rtbCorp", slot));
-        rtbCorp.at(place)->setFont(formulaFont);
     }
-    for (int i = 0; i < 4; ++i) {
-        const auto place = static_cast<size_t>(i);
-        picPlus.at(place) = Named(new QFrame(this), ArrayName("picPlus", i));
-        picPlus.at(place)->setAutoFillBackground(true);
-        lblPlus.at(place) = Named(new QLabel(QStringLiteral("+"), picPlus.at(place)), ArrayName("lblPlus", i),
-                                  QStringLiteral("plus"));
-        lblPlus.at(place)->setAutoFillBackground(true);
-        lblPlus.at(place)->setAlignment(Qt::AlignCenter);
-        lblPlus.at(place)->setFont(formulaFont);
-    }
-    imgFleche = Named(new ReactionArrow(this), QStringLiteral("imgFleche"), QStringLiteral("donne"));
 }
 
 void frmEquation::BuildScoreRow()
@@ -116,7 +86,7 @@ void frmEquation::BuildScoreRow()
 ExerciseRun::Texts frmEquation::Coefficients() const
 {
     ExerciseRun::Texts texts;
-    std::transform(txtCoef.begin(), txtCoef.end(), texts.begin(),
+    std::transform(m_band.txtCoef.begin(), m_band.txtCoef.end(), texts.begin(),
                    [](const FilterEdit* box) { return box->text(); });
     return texts;
 }
@@ -150,6 +120,9 @@ void frmEquation::ReadNextEquation()
     ShowRecord();
     Recompose();
     PlaceInWorkArea();
+    // A series begins its next equation without the button that led on to it.
+    if (isVisible() && m_doors.session.FichierAvancement && m_doors.session.SerieExercices)
+        FocusFirstBox();
     Q_EMIT EquationShown();
 }
 
@@ -159,8 +132,8 @@ void frmEquation::ShowRecord()
     for (size_t slot = 0; slot < 6; ++slot) {
         const SpeciesText species
             = FormatSpecies(m_run.Record().Slots.at(slot), showsCharges, m_doors.session.FichierAvancement);
-        rtbCorp.at(slot)->SetSpecies(species.text, species.heights);
-        rtbCorp.at(slot)->setAccessibleName(species.text);
+        m_band.rtbCorp.at(slot)->SetSpecies(species.text, species.heights);
+        m_band.rtbCorp.at(slot)->setAccessibleName(species.text);
     }
     FillBoxes();
     PlaceControls();
@@ -172,12 +145,12 @@ void frmEquation::FillBoxes()
     for (size_t slot = 0; slot < 6; ++slot) {
         const SpeciesSlot& species = m_run.Record().Slots.at(slot);
         // The boxes are emptied one after the other: the atoms are counted once, at the end.
-        const QSignalBlocker quiet(txtCoef.at(slot));
-        txtCoef.at(slot)->clear();
-        txtCoef.at(slot)->setEnabled(true);
+        const QSignalBlocker quiet(m_band.txtCoef.at(slot));
+        m_band.txtCoef.at(slot)->clear();
+        m_band.txtCoef.at(slot)->setEnabled(true);
         if (isGiven && !species.Molecule.isEmpty()) {
-            txtCoef.at(slot)->setText(QString::number(species.Coeff));
-            txtCoef.at(slot)->setEnabled(false);
+            m_band.txtCoef.at(slot)->setText(QString::number(species.Coeff));
+            m_band.txtCoef.at(slot)->setEnabled(false);
         }
     }
     if (isGiven) {
@@ -189,43 +162,56 @@ void frmEquation::FillBoxes()
 
 void frmEquation::PlaceControls()
 {
+    const bool isProgress = m_doors.session.FichierAvancement;
+    const LowerPane::Needs needs
+        = isProgress && m_lowerPane != nullptr ? m_lowerPane->LeastSizes(*cmdNext) : LowerPane::Needs{};
     EquationWidths widths;
-    widths.isProgressFile = m_doors.session.FichierAvancement;
-    widths.coefficient
-        = FromPixels(QFontMetrics(txtCoef[0]->font()).horizontalAdvance(QStringLiteral("00")) + 18);
-    widths.plus = kPlusWidth;
-    widths.arrow = kArrowWidth;
+    widths.isProgressFile = isProgress;
+    widths.titles = FromPixels(needs.titles);
+    widths.column = FromPixels(needs.column);
     const int scoreWidth = lblNomScore->sizeHint().width()
         + QFontMetrics(lblScore->font()).horizontalAdvance(QStringLiteral("0000"));
-    widths.scoreRow
-        = 2 * FromPixels(scoreWidth + 16) + FromPixels(cmdOther->sizeHint().width() + kButtonPadding);
-    for (size_t slot = 0; slot < 6; ++slot) {
+    widths.scoreRow = std::max(2 * FromPixels(scoreWidth + 16)
+                                   + FromPixels(cmdOther->sizeHint().width() + kButtonPadding),
+                               FromPixels(needs.width));
+    for (size_t slot = 0; slot < 6; ++slot)
         widths.present.at(slot) = !m_run.Record().Slots.at(slot).Molecule.isEmpty();
-        widths.species.at(slot) = SpeciesWidth(
-            QFontMetricsF(rtbCorp.at(slot)->font()).horizontalAdvance(rtbCorp.at(slot)->text()));
-    }
-    const EquationLayout layout = LayoutEquation(widths);
+    const EquationLayout layout = FitBand(m_band, widths, m_doors.session.LargeurUtile);
 
     const int top = ToPixels(kBandTop);
-    const int height = txtCoef[0]->sizeHint().height();
-    for (size_t slot = 0; slot < 6; ++slot) {
-        txtCoef.at(slot)->setGeometry(ToPixels(layout.coefficientLeft.at(slot)), top,
-                                      ToPixels(widths.coefficient), height);
-        rtbCorp.at(slot)->setGeometry(ToPixels(layout.speciesLeft.at(slot)), top,
-                                      ToPixels(widths.species.at(slot)), height);
-        txtCoef.at(slot)->setVisible(layout.shown.at(slot));
-        rtbCorp.at(slot)->setVisible(layout.shown.at(slot));
-    }
-    for (size_t i = 0; i < 4; ++i) {
-        picPlus.at(i)->setGeometry(ToPixels(layout.plusLeft.at(i)), top, ToPixels(widths.plus), height);
-        lblPlus.at(i)->setGeometry(0, 0, ToPixels(widths.plus), height);
-        picPlus.at(i)->setVisible(layout.plusShown.at(i));
-    }
-    imgFleche->setGeometry(ToPixels(layout.arrowLeft), top, ToPixels(widths.arrow), height);
+    const int height = m_band.txtCoef[0]->sizeHint().height();
+    PlaceBand(m_band, layout, widths, top, height);
     // Small letters of a larger type may need more than the height told.
-    const int least = RowTop(top + height) + ButtonHeight() + kVerdictGap + VerdictHeight() + 2;
+    const int rowBottom = RowTop(top + height) + ButtonHeight();
+    const int below = kVerdictGap + VerdictHeight() + 2;
+    const int least = rowBottom + below + (isProgress ? kPaneGap + needs.height : 0);
     setFixedSize(ToPixels(layout.width), std::max(ToPixels(layout.height), least));
     PlaceScoreRow(top + height);
+    PlaceLowerPane(layout, rowBottom + kPaneGap, needs.height);
+}
+
+void frmEquation::PlaceLowerPane(const EquationLayout& layout, int top, int leastHeight)
+{
+    if (m_lowerPane == nullptr)
+        return;
+    m_lowerPane->setVisible(m_doors.session.FichierAvancement);
+    if (!m_doors.session.FichierAvancement)
+        return;
+    LowerPane::Columns columns;
+    for (size_t slot = 0; slot < 6; ++slot) {
+        columns.left.at(slot) = ToPixels(layout.coefficientLeft.at(slot));
+        columns.width.at(slot) = ToPixels(layout.columnWidth.at(slot));
+        columns.shown.at(slot) = !m_run.Record().Slots.at(slot).Molecule.isEmpty();
+    }
+    columns.firstLeft = columns.left.front();
+    columns.arrowMiddle = m_band.imgFleche->geometry().center().x();
+    columns.bandEnd = ToPixels(layout.bandEnd);
+    columns.buttonsTop = std::max(ToPixels(kTableButtonsTop), top + leastHeight - ButtonHeight());
+    m_lowerPane->setGeometry(0, top, width(), columns.buttonsTop + ButtonHeight() - top);
+    m_lowerPane->PlaceUnder(columns, *cmdNext);
+    const int verdictTop = columns.buttonsTop + ButtonHeight() + kVerdictGap;
+    lblVerdict->setGeometry(ToPixels(kBandMargin), verdictTop, width() - 2 * ToPixels(kBandMargin),
+                            VerdictHeight());
 }
 
 int frmEquation::RowTop(int bandBottom)
@@ -260,7 +246,8 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     const int free = scoreLeft + scoreWidth;
     lblInstruction->setVisible(isProgress);
     lblInstruction->setGeometry(free, rowTop, width() - free - margin, rowHeight);
-    // In free simulation the button leads on; a balancing file goes on by its answers.
+    // In free simulation the button leads on, in a series once the equation is
+    // done; a balancing file goes on by its answers.
     cmdNext->setVisible(isProgress && !m_doors.session.SerieExercices);
     cmdNext->setGeometry((width() - cmdNext->sizeHint().width()) / 2, ToPixels(kTableButtonsTop),
                          cmdNext->sizeHint().width(), rowHeight);
@@ -277,15 +264,17 @@ void frmEquation::PlaceInWorkArea()
 
 void frmEquation::FocusFirstBox()
 {
-    if (txtCoef[0]->isEnabled())
-        txtCoef[0]->setFocus();
+    if (m_band.txtCoef[0]->isEnabled())
+        m_band.txtCoef[0]->setFocus();
+    else if (m_lowerPane != nullptr && m_lowerPane->isVisible())
+        m_lowerPane->FocusFirstBox();
     else if (cmdOther->isVisible() && cmdOther->isEnabled())
         cmdOther->setFocus();
 }
 
 void frmEquation::txtCoef_KeyPress(int index, QChar key)
 {
-    FilterEdit* const box = txtCoef.at(static_cast<size_t>(index));
+    FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(index));
     if (box->LengthBeforeKey() == kMostDigits) {
         // The box's own limit keeps the key out.
         m_doors.sound.Beep();
@@ -306,13 +295,13 @@ void frmEquation::txtCoef_KeyPress(int index, QChar key)
 
 void frmEquation::RemoveLastCharacter(int index)
 {
-    FilterEdit* const box = txtCoef.at(static_cast<size_t>(index));
+    FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(index));
     box->setText(box->text().chopped(1));
 }
 
 void frmEquation::txtCoef_Change(int index)
 {
-    const FilterEdit* const box = txtCoef.at(static_cast<size_t>(index));
+    const FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(index));
     const QString text = box->text();
     if (m_run.State().BadKey && !text.isEmpty()) {
         m_run.State().BadKey = false;
@@ -343,13 +332,13 @@ void frmEquation::Recompose()
 void frmEquation::cmdOther_Click()
 {
     cmdOther->setEnabled(false);
-    for (FilterEdit* const box : txtCoef)
+    for (FilterEdit* const box : m_band.txtCoef)
         box->setEnabled(true);
     switch (m_run.Judge(Coefficients())) {
     case ExerciseRun::Verdict::SolutionWasShown:
         lblVerdict->clear();
         cmdOther->setEnabled(true);
-        txtCoef[0]->setFocus();
+        m_band.txtCoef[0]->setFocus();
         break;
     case ExerciseRun::Verdict::Wrong:
         ShowWrong(false);
@@ -364,7 +353,7 @@ void frmEquation::cmdOther_Click()
             QStringLiteral("Votre résultat est correct,\n mais il y a plus simple !"));
         WriteResultLine();
         cmdOther->setEnabled(true);
-        txtCoef[0]->setFocus();
+        m_band.txtCoef[0]->setFocus();
         return;
     case ExerciseRun::Verdict::Right:
         FillEmptyBoxes();
@@ -378,7 +367,7 @@ void frmEquation::cmdOther_Click()
 
 void frmEquation::FillEmptyBoxes()
 {
-    for (FilterEdit* const box : txtCoef) {
+    for (FilterEdit* const box : m_band.txtCoef) {
         if (box->text().isEmpty())
             box->setText(QStringLiteral("1"));
     }
@@ -403,7 +392,7 @@ void frmEquation::ShowWrong(bool solutionIsShown)
         return;
     }
     ShowSolution();
-    for (FilterEdit* const box : txtCoef)
+    for (FilterEdit* const box : m_band.txtCoef)
         box->setEnabled(false);
 }
 
@@ -413,81 +402,90 @@ void frmEquation::ShowRight()
     StartFlash(colours::kFlashRight, QStringLiteral("Bonne réponse\u00A0: 5 points de plus."));
 }
 
+void frmEquation::PassStep()
+{
+    m_run.State().Score = AfterRight(m_run.State().Score);
+    ShowRight();
+}
+
+bool frmEquation::FailStep()
+{
+    m_run.State().Score = AfterWrong(m_run.State().Score);
+    const bool isExhausted = m_run.State().Score == 0;
+    ShowScore();
+    StartFlash(colours::kFlashWrong,
+               isExhausted ? QStringLiteral("Réponse fausse. Voici les valeurs justes.")
+                           : QStringLiteral("Réponse fausse\u00A0: 2 points de moins."));
+    return isExhausted;
+}
+
+void frmEquation::SetInstruction(const QString& words)
+{
+    lblInstruction->setText(words);
+}
+
+void frmEquation::ShowNext()
+{
+    cmdNext->show();
+    cmdNext->setFocus();
+}
+
+void frmEquation::SetLowerPane(LowerPane* pane)
+{
+    m_lowerPane = pane;
+    pane->setParent(this);
+    pane->lower();
+}
+
 void frmEquation::StartFlash(const QColor& colour, const QString& words)
 {
-    SetBandColour(colour);
+    PaintBand(m_band, *this, colour);
     lblVerdict->setText(words);
     Timer1->start();
 }
 
-void frmEquation::SetBandColour(const QColor& colour)
-{
-    const auto paint = [&colour](QWidget* widget) {
-        QPalette palette = widget->palette();
-        palette.setColor(QPalette::Window, colour);
-        widget->setPalette(palette);
-    };
-    paint(this);
-    for (SpeciesLabel* const species : rtbCorp)
-        paint(species);
-    for (QFrame* const plus : picPlus)
-        paint(plus);
-    for (QLabel* const plus : lblPlus)
-        paint(plus);
-}
-
 void frmEquation::Timer1_Timer()
 {
-    SetBandColour(colours::kInfoTip);
+    PaintBand(m_band, *this, colours::kInfoTip);
     Timer1->stop();
     cmdOther->setEnabled(true);
     // The words about a shown solution stay until the pupil goes on.
     if (m_run.State().AnswerOpen)
         lblVerdict->clear();
-    FocusFirstBox();
+    if (m_band.txtCoef[0]->isEnabled() || cmdOther->isVisible())
+        FocusFirstBox();
 }
 
 void frmEquation::EmptyCoefficients()
 {
-    for (FilterEdit* const box : txtCoef)
+    for (FilterEdit* const box : m_band.txtCoef)
         box->clear();
 }
 
 void frmEquation::ShowSolution()
 {
     for (size_t slot = 0; slot < 6; ++slot)
-        txtCoef.at(slot)->setText(QString::number(m_run.Record().Slots.at(slot).Coeff));
+        m_band.txtCoef.at(slot)->setText(QString::number(m_run.Record().Slots.at(slot).Coeff));
 }
 
-QString frmEquation::Term(int slot) const
+std::array<JournalTerm, 6> frmEquation::Terms() const
 {
-    const auto place = static_cast<size_t>(slot);
-    return txtCoef.at(place)->text() + rtbCorp.at(place)->text();
+    std::array<JournalTerm, 6> terms;
+    for (size_t slot = 0; slot < 6; ++slot)
+        terms.at(slot) = {m_band.txtCoef.at(slot)->text(), m_band.rtbCorp.at(slot)->text(),
+                          m_run.Record().Slots.at(slot).Coeff};
+    return terms;
 }
 
 QString frmEquation::EquationText() const
 {
-    const auto inUse = [this](size_t slot) { return !m_run.Record().Slots.at(slot).Molecule.isEmpty(); };
-    const QString plus = QStringLiteral(" + ");
-    QString text = Term(0) + plus + Term(1);
-    if (inUse(2))
-        text += plus + Term(2);
-    text += QStringLiteral("---->") + Term(3);
-    if (inUse(4))
-        text += plus + Term(4);
-    if (inUse(5))
-        text += plus + Term(5);
-    return text;
+    return stoikal::EquationText(m_run.Record(), Terms());
 }
 
 void frmEquation::WriteResultLine()
 {
-    std::array<JournalTerm, 6> terms;
-    for (size_t slot = 0; slot < 6; ++slot)
-        terms.at(slot)
-            = {txtCoef.at(slot)->text(), rtbCorp.at(slot)->text(), m_run.Record().Slots.at(slot).Coeff};
     WriteToJournal(m_doors.journal, m_doors.messages, this,
-                   AnswerLines(m_doors.session.NumEquation, terms, m_run.State().Score));
+                   AnswerLines(m_doors.session.NumEquation, Terms(), m_run.State().Score));
 }
 
 void frmEquation::mouseMoveEvent(QMouseEvent* event)

@@ -1,29 +1,27 @@
 #pragma once
 
 #include "exercise/exercise_run.h"
+#include "exercise/windows/band_controls.h"
 #include "forms/form.h"
 
-#include <array>
-
-class QFrame;
 class QLabel;
 class QPushButton;
 class QTimer;
 
 namespace stoikal {
 
-class FilterEdit;
+struct JournalTerm;
+class LowerPane;
 class MenuState;
 class Messages;
-class ReactionArrow;
 class ResultsJournal;
 class Screen;
 class Sound;
-class SpeciesLabel;
 
 /// The window in which the pupil works: the band of the current equation, the
 /// score, the button that validates. It shows the run and hands each answer to
-/// it; the atom windows, the charge window and the end of the run are others'.
+/// it; what stands below the band in a progress file, the atom windows, the charge
+/// window and the end of the run are others'.
 class frmEquation final : public Form
 {
     Q_OBJECT
@@ -57,6 +55,17 @@ public:
     /// Counts the atoms and charges again and tells who draws them.
     void Recompose();
 
+    /// What stands below the band in a progress file; the window takes it over.
+    void SetLowerPane(LowerPane* pane);
+    /// A step of what stands below was passed: points and the green flash.
+    void PassStep();
+    /// A try at such a step was wrong: points lost and the red flash.
+    /// \returns whether the score is 0 now, which shows the solution.
+    bool FailStep();
+    void SetInstruction(const QString& words);
+    /// The equation is done: the button that leads on comes, with the keyboard.
+    void ShowNext();
+
 Q_SIGNALS:
     /// A new equation is in the run's record; nothing of it is shown yet.
     void EquationRead();
@@ -71,7 +80,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    void BuildBand();
+    void ConnectBand();
     void BuildScoreRow();
     void txtCoef_KeyPress(int index, QChar key);
     void txtCoef_Change(int index);
@@ -82,6 +91,7 @@ private:
     void FillBoxes();
     void PlaceControls();
     void PlaceScoreRow(int bandBottom);
+    void PlaceLowerPane(const EquationLayout& layout, int top, int leastHeight);
     static int RowTop(int bandBottom);
     int ButtonHeight() const;
     int VerdictHeight() const;
@@ -92,18 +102,14 @@ private:
     void ShowRight();
     void FillEmptyBoxes();
     void StartFlash(const QColor& colour, const QString& words);
-    void SetBandColour(const QColor& colour);
     void WriteResultLine();
-    QString Term(int slot) const;
+    std::array<JournalTerm, 6> Terms() const;
 
     ExerciseRun& m_run;
     Doors m_doors;
 
-    std::array<FilterEdit*, 6> txtCoef{};
-    std::array<SpeciesLabel*, 6> rtbCorp{};
-    std::array<QFrame*, 4> picPlus{};
-    std::array<QLabel*, 4> lblPlus{};
-    ReactionArrow* imgFleche;
+    BandControls m_band;
+    LowerPane* m_lowerPane = nullptr;
     QLabel* lblNomScore;
     QLabel* lblScore;
     QPushButton* cmdOther;

@@ -62,6 +62,8 @@ frmStoikal::frmStoikal(MenuState& state)
     setWindowTitle(product::Caption());
     m_area->setObjectName(QStringLiteral("mdiArea"));
     m_area->setAccessibleName(QStringLiteral("Espace de travail"));
+    // A window that comes over a maximised tool keeps its own size.
+    m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     m_area->setBackground(palette().window());
     menuBar()->setObjectName(QStringLiteral("menuBar"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -124,7 +126,7 @@ void frmStoikal::ShowEntry(const QString& name)
     if (action == nullptr)
         return;
     const MenuState::Entry entry = m_state.All().value(name);
-    action->setEnabled(entry.enabled && !EntriesWithoutWindow().contains(name));
+    action->setEnabled(entry.enabled);
     action->setVisible(entry.visible);
     action->setText(entry.caption);
     if (action->isCheckable())
@@ -179,6 +181,14 @@ void frmStoikal::closeEvent(QCloseEvent* event)
 {
     event->ignore();
     Q_EMIT CloseAsked();
+}
+
+void frmStoikal::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F1)
+        Q_EMIT HelpAsked();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 bool frmStoikal::eventFilter(QObject* watched, QEvent* event)

@@ -39,10 +39,13 @@ public:
 Q_SIGNALS:
     void EntryChosen(const QString& name);
     void CloseAsked();
+    /// F1 while no child window took it.
+    void HelpAsked();
     void MouseMovedOver();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "base/outcome.h"
+
+#include <QString>
+
+namespace stoikal {
+
+class Settings;
+struct SessionState;
+
+/// Where the teacher's password stands: in the settings of the user, or, when
+/// the program runs from a network folder, as the first line of one file of the
+/// deposit folder, so that one password serves all. It is kept as it was typed;
+/// until one is set it is the empty text. Asks nobody and shows nothing.
+class PasswordStore
+{
+public:
+    PasswordStore(const SessionState& state, Settings& settings)
+        : m_state(state)
+        , m_settings(settings)
+    {
+    }
+
+    /// The password as it stands now, read anew each time: another program may
+    /// have changed it. Fails with a French sentence when the common file cannot
+    /// be read; nothing may then be opened, least of all with an empty text.
+    Outcome<QString> Read() const;
+
+    /// Sets the password and returns it. The common file is replaced whole or not
+    /// at all, and a failure is told; a failed write of the settings is silent.
+    Outcome<QString> Write(const QString& password);
+
+    /// Makes the common file, empty, when it is missing, and returns its path.
+    /// One that can only be read is as good. Fails with the system's reason.
+    Outcome<QString> MakeCommonFile() const;
+
+    /// The path of the common file; only for a program on a network folder.
+    QString CommonFile() const;
+
+private:
+    Outcome<QString> ReadCommonFile() const;
+    Outcome<QString> WriteCommonFile(const QString& password) const;
+
+    const SessionState& m_state;
+    Settings& m_settings;
+};
+
+} // namespace stoikal

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "shell/password_store.h"
+#include "tools/windows/text_window.h"
+
+#include <QObject>
+#include <QPointer>
+#include <optional>
+#include <vector>
+
+namespace stoikal {
+
+class EditorDesk;
+class ExerciseDesk;
+class FileSession;
+class frmStoikal;
+class ToolDesk;
+struct Session;
+
+/// What stands behind the teacher's password; the numbers are those that wait in
+/// the session record.
+enum class TeacherAction {
+    CreateFile = 1,
+    ModifyFile = 2,
+    KillFile = 3,
+    ShowAnswers = 4,
+    AddTip = 5,
+    CleanAnswers = 6,
+    ShowSolution = 7,
+    OpenBalance = 8,
+    OpenSearch = 9,
+    OpenCalMol = 10
+};
+
+/// The teacher's side: it asks for the password and carries out what it protects.
+/// There is no other way to one of these actions than through here.
+class TeacherDesk final : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Others {
+        frmStoikal& mainWindow;
+        ExerciseDesk& desk;
+        FileSession& files;
+        ToolDesk& tools;
+        EditorDesk& editor;
+    };
+
+    TeacherDesk(Session& session, const Others& others);
+    ~TeacherDesk() override;
+
+    /// Asks for the password; once it is right the action is carried out.
+    void Ask(TeacherAction action);
+
+    /// A tool behind the password: one that is open, shown or hidden, goes without
+    /// a question; the password is asked for each time that it is to come.
+    void Mnu_Balance_Click();
+    void Mnu_Search_Click();
+    void Mnu_CalMol_Click();
+
+    void Mnu_Password_Click();
+
+    /// Offers to save what is unsaved, at the end of the program.
+    void SaveTexts();
+
+Q_SIGNALS:
+    void HelpAsked(int topic);
+
+private:
+    void CarryOut(TeacherAction action);
+    void KillFile();
+    void ShowAnswers();
+    void AddTip();
+    void CleanAnswers();
+    void ShowSolution();
+
+    std::optional<QString> ChooseResults(const QString& title);
+    bool IsPasswordFile(const QString& path) const;
+    void ReopenJournal();
+    QString EquationFolder() const;
+
+    void ShowText(const QString& path, const QString& caption, TextWindow::Use use);
+    TextWindow* OpenText(const QString& path) const;
+    void CloseText(TextWindow* window);
+    void CloseTextsForRun();
+
+    Session& m_session;
+    Others m_others;
+    PasswordStore m_store;
+    std::vector<QPointer<TextWindow>> m_texts;
+};
+
+} // namespace stoikal

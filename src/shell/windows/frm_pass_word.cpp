@@ -1,0 +1,104 @@
+#include "shell/windows/frm_pass_word.h"
+
+#include "forms/messages.h"
+#include "shell/password_store.h"
+#include "shell/windows/password_box.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace stoikal {
+
+frmPassWord::frmPassWord(PasswordStore& store, Messages& messages, QWidget* parent)
+    : ModalForm(QStringLiteral("frmPassWord"), QStringLiteral("Changer le mot de passe"), parent)
+    , m_store(store)
+    , m_messages(messages)
+    , txtOldPassWord(
+          MakePasswordBox(this, QStringLiteral("txtOldPassWord"), QStringLiteral("Ancien mot de passe")))
+    , txtNewPassWord(
+          MakePasswordBox(this, QStringLiteral("txtNewPassWord"), QStringLiteral("Nouveau mot de passe")))
+{
+    txtNewPassWord->setToolTip(QStringLiteral("8 caractères au maximum"));
+    auto* const lblOld
+        = Named(new QLabel(QStringLiteral("Ancien mot de passe :"), this), QStringLiteral("Label1"));
+    auto* const lblNew
+        = Named(new QLabel(QStringLiteral("Nouveau mot de passe :"), this), QStringLiteral("Label2"));
+    lblOld->setBuddy(txtOldPassWord);
+    lblNew->setBuddy(txtNewPassWord);
+    auto* const cmdOK
+        = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdOK"), QStringLiteral("OK"));
+    auto* const cmdCancel = Named(new QPushButton(QStringLiteral("Annuler"), this),
+                                  QStringLiteral("cmdCancel"), QStringLiteral("Annuler"));
+    auto* const buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
+    buttons->addStretch();
+    for (QPushButton* const button : {cmdOK, cmdCancel}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    auto* const grid = new QGridLayout(this);
+    grid->setContentsMargins(16, 16, 16, 12);
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(8);
+    grid->addWidget(lblOld, 0, 0);
+    grid->addWidget(txtOldPassWord, 0, 1);
+    grid->addWidget(lblNew, 1, 0);
+    grid->addWidget(txtNewPassWord, 1, 1);
+    grid->addItem(new QSpacerItem(0, 8), 2, 0);
+    grid->addLayout(buttons, 3, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+    setTabOrder(txtOldPassWord, txtNewPassWord);
+    setTabOrder(txtNewPassWord, cmdOK);
+    setTabOrder(cmdOK, cmdCancel);
+    connect(cmdOK, &QPushButton::clicked, this, &frmPassWord::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, [this] { done(Rejected); });
+}
+
+bool frmPassWord::event(QEvent* event)
+{
+    // Nobody shall find here what another began to type and left.
+    if (event->type() == QEvent::WindowActivate)
+        EmptyBoxes();
+    return ModalForm::event(event);
+}
+
+void frmPassWord::EmptyBoxes()
+{
+    txtOldPassWord->clear();
+    txtNewPassWord->clear();
+    txtOldPassWord->setFocus();
+}
+
+void frmPassWord::cmdOK_Click()
+{
+    const auto password = m_store.Read();
+    if (!password) {
+        m_messages.Critical(this, QStringLiteral("Stoikal"), password.Reason());
+        return;
+    }
+    if (txtOldPassWord->text() == *password) {
+        TakeNewPassword();
+        return;
+    }
+    if (m_messages.AskPresetNo(this, QStringLiteral("Stoikal"),
+                               QStringLiteral("L'ancien mot de passe est faux !\n\n"
+                                              "Voulez-vous recommencer ?")))
+        EmptyBoxes();
+    else
+        done(Rejected);
+}
+
+void frmPassWord::TakeNewPassword()
+{
+    const auto written = m_store.Write(txtNewPassWord->text());
+    if (written)
+        done(Accepted);
+    else
+        m_messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+}
+
+} // namespace stoikal

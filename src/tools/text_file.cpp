@@ -1,0 +1,56 @@
+#include "tools/text_file.h"
+
+#include "base/text_lines.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace stoikal {
+
+TextFile::State TextFile::Now() const
+{
+    const QFileInfo info(m_path);
+    return {info.exists(), info.exists() ? info.size() : 0,
+            info.exists() ? info.lastModified() : QDateTime()};
+}
+
+Outcome<QStringList> TextFile::Load()
+{
+    const State found = Now();
+    if (!found.exists) {
+        m_state = found;
+        return QStringList();
+    }
+    if (QFileInfo(m_path).isDir())
+        return Failure{QStringLiteral("c'est un dossier")};
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure{file.errorString()};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return Failure{file.errorString()};
+    m_state = found;
+    return DecodeLines(NormaliseTextBytes(bytes));
+}
+
+Outcome<QString> TextFile::Save(const QStringList& lines)
+{
+    QByteArray bytes;
+    for (const QString& line : lines)
+        bytes += EncodeLine(line) + "\r\n";
+    QSaveFile file(m_path);
+    // Unbuffered: a write that the disk takes only in part must be seen here.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size()
+        || !file.commit())
+        return Failure{file.errorString()};
+    m_state = Now();
+    return m_path;
+}
+
+bool TextFile::HasChangedOutside() const
+{
+    return !(Now() == m_state);
+}
+
+} // namespace stoikal

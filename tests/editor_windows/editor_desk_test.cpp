@@ -1,0 +1,270 @@
+#include "shell/shell_fixture.h"
+
+#include "editor/work_file.h"
+#include "shell/editor_desk.h"
+#include "shell/help_topics.h"
+
+#include <QScrollBar>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Actions 1 and 2, from the right password on.
+class EditorDeskTest : public StartedShellTest
+{
+protected:
+    EditorDesk& Desk() { return shell->Editor(); }
+
+    /// Looks at the editor once it is open, and leaves it by its button.
+    void InTheEditor(const ModalScript::Step& look)
+    {
+        script.On("frmNewFile", [look](QWidget& editor) {
+            look(editor);
+            Click(Control<QAbstractButton>(editor, "cmdCancel"));
+        });
+    }
+
+    static QString Formula(QWidget& editor, int slot)
+    {
+        return Control<QLineEdit>(editor, qPrintable(ArrayName("txtMolecule", slot))).text();
+    }
+
+    QString WorkPath() const { return desktop.folders.cache + u"/FileTemp.txt"_s; }
+
+    /// The work file as an editor leaves it that is killed over two equations.
+    void LeaveWorkBehind(const QString& name = u"Soir"_s)
+    {
+        QDir().mkpath(desktop.folders.cache);
+        WorkFile work(shell->State().store, WorkPath());
+        WorkEquation first;
+        first.Molecule = {u"H2"_s, u"O2"_s, {}, u"H2O"_s, {}, {}};
+        WorkEquation second;
+        second.Molecule[0] = u"C"_s;
+        ASSERT_TRUE(work.BeginWith({name, FileType::Equ, u"Tête"_s, 2, 2, false, true}, {first, second}));
+    }
+
+    void Answer(bool yes) { messages.answers.push_back(yes ? QMessageBox::Yes : QMessageBox::No); }
+};
+
+} // namespace
+
+TEST_F(EditorDeskTest, ActionOneOpensABlankEditorModally)
+{
+    InTheEditor([](QWidget& editor) {
+        EXPECT_TRUE(editor.isModal());
+        EXPECT_EQ(Control<QAbstractButton>(editor, "cmdValid").text(), u"Création"_s);
+        EXPECT_EQ(Formula(editor, 0), QString());
+    });
+
+    Desk().OpenNew();
+
+    EXPECT_EQ(State().FichierTemporaire, WorkPath());
+}
+
+TEST_F(EditorDeskTest, ActionTwoAsksForAFileAndOpensIt)
+{
+    AnswerDialog(WriteEquations({u"' Tête"_s, u"H2+O2=H2O/2,1,2"_s}));
+    InTheEditor([](QWidget& editor) {
+        EXPECT_EQ(Control<QAbstractButton>(editor, "cmdValid").text(), u"Enregistrement"_s);
+        EXPECT_EQ(Control<QLineEdit>(editor, "txtNameFile").text(), u"Serie1"_s);
+        EXPECT_TRUE(Control<QAbstractButton>(editor, "optType(0)").isChecked());
+        EXPECT_EQ(Formula(editor, 3), u"H2O"_s);
+    });
+
+    Desk().OpenExisting();
+
+    const Dialogs::Request& request = desktop.dialogs.asked.at(0);
+    EXPECT_EQ(request.folder, EquationFolder());
+    EXPECT_EQ(request.filters,
+              QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));
+    EXPECT_EQ(request.fileName, QString());
+    EXPECT_EQ(Setting("Options", "Files by default"), u"EQU"_s);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(EditorDeskTest, SecondFilterOpensAProgressFileAndIsRemembered)
+{
+    AnswerDialog(WriteEquations({u"H2+O2=H2O/2,1,2#Q1,Q2,Q0"_s}, u"Main.Avt"_s), 1);
+    InTheEditor([](QWidget& editor) {
+        EXPECT_TRUE(Control<QAbstractButton>(editor, "optType(1)").isChecked());
+        EXPECT_EQ(Control<QLineEdit>(editor, "txtData(1)").text(), u"2"_s);
+    });
+
+    Desk().OpenExisting();
+
+    EXPECT_EQ(Setting("Options", "Files by default"), u"AVT"_s);
+    AnswerDialog(WriteEquations({u"A=A/1,1"_s}), 0);
+    InTheEditor([](QWidget&) {});
+    Desk().OpenExisting();
+    EXPECT_EQ(desktop.dialogs.asked.at(1).filter, 1) << "the filter used last is shown first";
+}
+
+TEST_F(EditorDeskTest, ExtensionInAnyCaseIsTaken)
+{
+    AnswerDialog(WriteEquations({u"H2+O2=H2O/2,1,2"_s}, u"petit.equ"_s));
+    InTheEditor([](QWidget& editor) { EXPECT_EQ(Formula(editor, 0), u"H2"_s); });
+
+    Desk().OpenExisting();
+}
+
+TEST_F(EditorDeskTest, CancelledDialogEndsQuietly)
+{
+    desktop.dialogs.answers.push_back(std::nullopt);
+
+    Desk().OpenExisting();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorDeskTest, FileOutsideTheFolderEndsQuietly)
+{
+    const QString path = folder.filePath(u"Ailleurs.Equ"_s);
+    WriteTextFile(path, {u"H2+O2=H2O/2,1,2"_s});
+    AnswerDialog(path);
+
+    Desk().OpenExisting();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorDeskTest, NameCutAtAPointEndsQuietly)
+{
+    WriteEquations({u"H2+O2=H2O/2,1,2"_s}, u"a.Equ"_s);
+    AnswerDialog(WriteEquations({u"C+O2=CO2/1,1,1"_s}, u"a.b.Equ"_s));
+
+    Desk().OpenExisting();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorDeskTest, FileOfTheOtherKindEndsQuietly)
+{
+    WriteEquations({u"H2+O2=H2O/2,1,2"_s}, u"a.Equ"_s);
+    AnswerDialog(WriteEquations({u"C+O2=CO2/1,1,1"_s}, u"a.Avt"_s), 0);
+
+    Desk().OpenExisting();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorDeskTest, LineThatCannotBeTakenInIsToldWithItsPlace)
+{
+    const QString path = WriteEquations({u"' Tête"_s, u"H2+O2"_s});
+    AnswerDialog(path);
+
+    Desk().OpenExisting();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(u"Erreur d'exécution"_s));
+    EXPECT_TRUE(messages.shown[0].text.contains(u"Ligne 2"_s));
+    EXPECT_TRUE(messages.shown[0].text.contains(u"H2+O2"_s));
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(EditorDeskTest, LeftWorkIsOfferedAndTakenUpAsItWas)
+{
+    LeaveWorkBehind();
+    Answer(true);
+    InTheEditor([](QWidget& editor) {
+        EXPECT_EQ(Control<QLineEdit>(editor, "txtNameFile").text(), u"Soir"_s);
+        EXPECT_EQ(Control<QLineEdit>(editor, "txtNumEqu").text(), u"2"_s);
+        EXPECT_EQ(Control<QScrollBar>(editor, "hscNumEqu").maximum(), 2);
+        EXPECT_EQ(Formula(editor, 0), u"C"_s);
+        Type(Control<QLineEdit>(editor, "txtMolecule(3)"), u"C"_s);
+        Control<QScrollBar>(editor, "hscNumEqu").setValue(1);
+        EXPECT_EQ(Formula(editor, 3), u"H2O"_s);
+    });
+
+    Desk().OpenNew();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
+    EXPECT_TRUE(messages.shown[0].text.contains(u"«\u00A0Soir\u00A0» (2 équations)"_s));
+}
+
+TEST_F(EditorDeskTest, RefusedWorkIsDeletedAndTheEditorOpensBlank)
+{
+    LeaveWorkBehind({});
+    Answer(false);
+    InTheEditor([](QWidget& editor) {
+        EXPECT_EQ(Formula(editor, 0), QString());
+        EXPECT_EQ(Control<QScrollBar>(editor, "hscNumEqu").maximum(), 1);
+    });
+
+    Desk().OpenNew();
+
+    EXPECT_TRUE(messages.shown.at(0).text.contains(u"un fichier sans nom (2 équations)"_s));
+}
+
+TEST_F(EditorDeskTest, LeftWorkIsOfferedBeforeAFileIsAskedFor)
+{
+    LeaveWorkBehind();
+    Answer(true);
+    InTheEditor([](QWidget&) {});
+
+    Desk().OpenExisting();
+
+    EXPECT_TRUE(desktop.dialogs.asked.empty());
+}
+
+TEST_F(EditorDeskTest, CancelledWorkIsNotOfferedAgain)
+{
+    InTheEditor([](QWidget& editor) { Type(Control<QLineEdit>(editor, "txtMolecule(0)"), u"H2"_s); });
+    Desk().OpenNew();
+    InTheEditor([](QWidget& editor) { EXPECT_EQ(Formula(editor, 0), QString()); });
+
+    Desk().OpenNew();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(EditorDeskTest, WorkLeftByEscapeIsOfferedAgain)
+{
+    script.On("frmNewFile", [](QWidget& editor) {
+        Type(Control<QLineEdit>(editor, "txtMolecule(0)"), u"H2"_s);
+        Press(editor, Qt::Key_Escape);
+    });
+    Desk().OpenNew();
+    Answer(true);
+    InTheEditor([](QWidget& editor) { EXPECT_EQ(Formula(editor, 0), u"H2"_s); });
+
+    Desk().OpenNew();
+
+    EXPECT_TRUE(messages.shown.at(0).text.contains(u"(1 équation)"_s));
+}
+
+TEST_F(EditorDeskTest, CacheFolderThatCannotBeMadeIsTold)
+{
+    QFile file(desktop.folders.cache);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+
+    Desk().OpenNew();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+}
+
+TEST_F(EditorDeskTest, HelpIsTheEditorsPage)
+{
+    std::vector<int> topics;
+    QObject::connect(&Desk(), &EditorDesk::HelpAsked, [&](int topic) { topics.push_back(topic); });
+    InTheEditor([](QWidget& editor) { Click(Control<QAbstractButton>(editor, "cmdHelp")); });
+
+    Desk().OpenNew();
+
+    EXPECT_EQ(topics, std::vector<int>({1700}));
+}
+
+TEST_F(EditorDeskTest, CannotBeReachedWhileAFileIsOpen)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+
+    EXPECT_FALSE(Menu().IsEnabled("Mnu_Create"));
+    EXPECT_FALSE(Menu().IsEnabled("Mnu_Modify"));
+}
+
+} // namespace stoikal

@@ -1,0 +1,186 @@
+#include "editor_windows/editor_bench.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Formulas, and what leaves a box.
+class FrmNewFileEntry : public EditorTest
+{
+protected:
+    void SetUp() override { OpenNew(); }
+
+    void ExpectRefused(const QString& text)
+    {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        ExpectBox(QMessageBox::Warning, u"Erreur sur saisie."_s, text);
+    }
+};
+
+} // namespace
+
+TEST_F(FrmNewFileEntry, TakesLettersDigitsAndTheSignsOfAFormula)
+{
+    Type(Box(0), u"Ab(9)+,-=Z{2}"_s);
+
+    EXPECT_EQ(Box(0).text(), u"Ab(9)+,-=Z{2}"_s);
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FrmNewFileEntry, RefusesAnyOtherCharacter)
+{
+    Type(Box(3), u"H2é"_s);
+
+    EXPECT_EQ(Box(3).text(), u"H2"_s);
+    ExpectRefused(u"Le caractère saisie (é) n'est pas autorisé."_s);
+}
+
+TEST_F(FrmNewFileEntry, RefusesABlankAndASquareBracket)
+{
+    Type(Box(0), u"H2 O["_s);
+
+    EXPECT_EQ(Box(0).text(), u"H2O"_s);
+    EXPECT_EQ(messages.shown.size(), 2U);
+}
+
+TEST_F(FrmNewFileEntry, SecondBraceInABoxIsRefused)
+{
+    Type(Box(0), u"Fe{{"_s);
+
+    EXPECT_EQ(Box(0).text(), u"Fe{"_s);
+    ExpectRefused(u"Le caractère saisie ({) n'est pas autorisé."_s);
+    Type(Box(1), u"Cu{2+}}"_s);
+    EXPECT_EQ(Box(1).text(), u"Cu{2+}"_s);
+}
+
+TEST_F(FrmNewFileEntry, LeadingZeroIsRefused)
+{
+    Type(Box(0), u"0"_s);
+
+    EXPECT_EQ(Box(0).text(), QString());
+    ExpectRefused(u"Le chiffre 0 ne peut être le premier caractère\nd'une formule moléculaire."_s);
+}
+
+TEST_F(FrmNewFileEntry, ZeroBehindALetterIsRefusedBehindADigitItPasses)
+{
+    Type(Box(0), u"H0"_s);
+    EXPECT_EQ(Box(0).text(), u"H"_s);
+    ExpectRefused(u"Un atome ne peut avoir un indice de zéro."_s);
+
+    Type(Box(1), u"H10"_s);
+    EXPECT_EQ(Box(1).text(), u"H10"_s);
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(FrmNewFileEntry, PasteGoesThroughTheSameFilter)
+{
+    QApplication::clipboard()->setText(u"H2 O ;"_s);
+
+    Press(Box(0), Qt::Key_V, Qt::ControlModifier);
+
+    EXPECT_EQ(Box(0).text(), u"H2O"_s);
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(FrmNewFileEntry, LeavingABoxReportsAnUnknownSymbol)
+{
+    Box(0).setFocus();
+    Type(Box(0), u"Xx2"_s);
+
+    Press(Box(0), Qt::Key_Tab);
+    Settle();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Warning, u"Symbole d'atome inconnu"_s,
+              u"Le symbole 'Xx' n'est pas le symbole d'un atome connu.\nVeuillez vérifier votre saisie."_s);
+    EXPECT_TRUE(Box(1).hasFocus());
+}
+
+TEST_F(FrmNewFileEntry, LeavingABoxOfKnownSymbolsSaysNothing)
+{
+    Box(0).setFocus();
+    Type(Box(0), u"Ca3(PO4)2"_s);
+
+    Press(Box(0), Qt::Key_Tab);
+    Settle();
+
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FrmNewFileEntry, AFormulaBeyondTheLimitsIsToldAndTheEditorGoesOn)
+{
+    Box(0).setFocus();
+    Type(Box(0), u"H99999"_s);
+
+    Press(Box(0), Qt::Key_Tab);
+    Settle();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(u"Erreur d'exécution"_s));
+    EXPECT_EQ(Box(0).text(), u"H99999"_s);
+}
+
+TEST_F(FrmNewFileEntry, CancellingFromAWrongFormulaAsksNothingMore)
+{
+    Box(0).setFocus();
+    Type(Box(0), u"Xx2"_s);
+
+    Click(Button("cmdCancel"));
+    Settle();
+
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(FrmNewFileEntry, TabGoesAlongTheEquationAndOnToTheNextOne)
+{
+    Box(0).setFocus();
+    for (int slot = 1; slot < 6; ++slot) {
+        Press(Box(slot - 1), Qt::Key_Tab);
+        EXPECT_TRUE(Box(slot).hasFocus()) << slot;
+    }
+    Press(Box(5), Qt::Key_Tab);
+    EXPECT_TRUE(Button("cmdInsEqu").hasFocus());
+    Press(Button("cmdInsEqu"), Qt::Key_Tab);
+    EXPECT_TRUE(Button("cmdSupEqu").hasFocus());
+}
+
+TEST_F(FrmNewFileEntry, NameLosesAllFromAPointOnWhileItIsTyped)
+{
+    Type(Line("txtNameFile"), u"serie.equ"_s);
+
+    EXPECT_EQ(Line("txtNameFile").text(), u"serieequ"_s) << "the point goes the moment it is typed";
+
+    Line("txtNameFile").clear();
+    QApplication::clipboard()->setText(u"serie.equ"_s);
+    Press(Line("txtNameFile"), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Line("txtNameFile").text(), u"serie"_s);
+}
+
+TEST_F(FrmNewFileEntry, EveryFieldHasAnAccessibleName)
+{
+    const auto fields = editor->findChildren<QWidget*>();
+    for (const QWidget* const field : fields) {
+        const bool isReached = (field->focusPolicy() & Qt::TabFocus) != 0;
+        EXPECT_TRUE(!isReached || field->objectName().startsWith(u"qt_"_s)
+                    || !field->accessibleName().isEmpty())
+            << field->objectName().toStdString();
+    }
+}
+
+TEST_F(FrmNewFileEntry, EnterInABoxDoesNothing)
+{
+    WriteWater();
+    Press(Box(0), Qt::Key_Return);
+
+    EXPECT_EQ(unloads, 0);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(Formulas(), QStringList({u"H2"_s, u"O2"_s, {}, u"H2O"_s, {}, {}}));
+}
+
+} // namespace stoikal

@@ -1,0 +1,323 @@
+#include "editor_windows/editor_bench.h"
+
+#include <QDir>
+#include <QListWidget>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray kHead = "'" + QByteArray(65, '*')
+    + "\r\r\n'       Equations chimiques pour le logiciel Stoikal\r\r\n'" + QByteArray(65, '*') + "\r\n";
+
+/// The way into the equation file, and the ways out of the editor.
+class FrmNewFileWrite : public EditorTest
+{
+protected:
+    void ExpectCreated(const QString& name)
+    {
+        ExpectBox(QMessageBox::Information, u"Création fichier"_s,
+                  u"Le fichier %1 vient d'être créé."
+                  " Pour l'ouvrir aller dans le menu Fichier > Ouvrir un fichier ..."_s.arg(name));
+        EXPECT_EQ(unloads, 1);
+        EXPECT_FALSE(editor->isVisible());
+    }
+};
+
+} // namespace
+
+TEST_F(FrmNewFileWrite, CreatesABalancingFile)
+{
+    OpenNew();
+    Name(u"Série 1"_s);
+    WriteWater();
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(FileOf(u"Série 1.Equ"_s), kHead + "H2+O2=H2O/2,1,2\r\n");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectCreated(u"Série 1.Equ"_s);
+}
+
+TEST_F(FrmNewFileWrite, CreatesAProgressFile)
+{
+    OpenNew();
+    Name(u"Main"_s);
+    Click(Button("optType(1)"));
+    Write({u"H2"_s, u"O2"_s, {}, u"H2O"_s});
+    Tab(1);
+    Click(Button("chkEtat", 0));
+    Click(Button("optEtat", 2));
+    Tab(3);
+    Click(Button("optMVQ", 2));
+    Type(Data(0), u"1"_s);
+    Click(Button("optMVQ", 5));
+    Type(Data(1), u"2"_s);
+    Click(Button("optMVQ", 11));
+    Type(Data(3), u"0"_s);
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(FileOf(u"Main.Avt"_s), kHead + "H2<g>+O2=H2O/2,1,2#Q1,Q2,Q0\r\n");
+    ExpectCreated(u"Main.Avt"_s);
+}
+
+TEST_F(FrmNewFileWrite, NeedsBothSides)
+{
+    OpenNew();
+    Name(u"Serie"_s);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(u"Il n'y a aucune formule de réactifs saisie."_s));
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("(no file)"));
+    EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(FrmNewFileWrite, EmptyNameIsRefused)
+{
+    OpenNew();
+    WriteWater();
+    Line("txtNameFile").setText(u"  "_s);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Critical, u"Erreur saisie"_s, u"Veuillez saisir le nom du fichier."_s);
+    EXPECT_TRUE(Line("txtNameFile").hasFocus());
+    EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
+    EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(FrmNewFileWrite, NameThatLeadsElsewhereIsRefused)
+{
+    OpenNew();
+    WriteWater();
+    Name(u"a/b"_s);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Erreur saisie"_s);
+    EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
+}
+
+TEST_F(FrmNewFileWrite, ExistingFileIsAskedAboutAndKeptOnNo)
+{
+    Put(u"Serie.Equ"_s, "old");
+    OpenNew();
+    Name(u"Serie"_s);
+    WriteWater();
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Question, u"Fichier existant"_s,
+              u"Le fichier Serie.Equ existe déjà.\nVoulez-vous écraser celui existant ?"_s);
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("old"));
+    EXPECT_EQ(unloads, 0);
+    EXPECT_TRUE(editor->isVisible());
+}
+
+TEST_F(FrmNewFileWrite, ExistingFileIsReplacedOnYes)
+{
+    OpenFile("' Tête\r\nH2+O2=H2O/2,1,2\r\n");
+    Write({u"H2"_s, u"Cl2"_s, {}, u"HCl"_s});
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s),
+              QByteArray("'Tête\r\nH2+Cl2=HCl/1,1,2\r\n").replace("\xC3\xAA", "\xEA"));
+    ExpectCreated(u"Serie.Equ"_s);
+}
+
+TEST_F(FrmNewFileWrite, NamesCompareWithoutCaseAndTwoSpellingsNeverCoexist)
+{
+    Put(u"SERIE.equ"_s, "old");
+    Put(u"serie.avt"_s, "other");
+    OpenNew();
+    Name(u"serie"_s);
+    WriteWater();
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(messages.shown.at(0).title, u"Fichier existant"_s);
+    EXPECT_EQ(QDir(equationFolder.path()).entryList(QDir::Files),
+              QStringList({u"serie.avt"_s, u"serie.Equ"_s}));
+    EXPECT_EQ(Control<QListWidget>(*editor, "flbAllFilesEQU").count(), 2);
+}
+
+TEST_F(FrmNewFileWrite, FileOfTheOtherKindIsNoQuestion)
+{
+    Put(u"Serie.Avt"_s, "other");
+    OpenNew();
+    Name(u"Serie"_s);
+    WriteWater();
+
+    Click(Button("cmdValid"));
+
+    ExpectCreated(u"Serie.Equ"_s);
+}
+
+TEST_F(FrmNewFileWrite, EquationThatCannotBeBalancedBlocksTheWholeFile)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\nC+O2=CO2/1,1,1\r\n");
+    const QByteArray before = FileOf(u"Serie.Equ"_s);
+    Write({u"H2"_s, {}, {}, u"O2"_s});
+    MoveTo(2);
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    ExpectBox(QMessageBox::Critical, u"Erreur saisie"_s,
+              u"Il y a une erreur dans la saisie de votre équation.\n"
+              "Cliquez sur le bouton 'Prévisualisation' pour connaître\n"
+              "la nature de l'erreur."_s);
+    EXPECT_TRUE(MarkIsShown());
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), before);
+    EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(FrmNewFileWrite, LastEquationTypedIsBalancedBeforeTheWriting)
+{
+    OpenNew();
+    Name(u"Serie"_s);
+    Write({u"H2"_s, {}, {}, u"O2"_s});
+
+    Click(Button("cmdValid"));
+
+    EXPECT_TRUE(MarkIsShown());
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("(no file)"));
+}
+
+TEST_F(FrmNewFileWrite, LoadedEquationsWithoutCoefficientsGetThem)
+{
+    OpenFile("H2+O2=H2O\r\nAl+O2=Al2O3\r\n'deux\r\nC+O2=CO2/1,1,1\r\n");
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s),
+              QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/4,3,2\r\n'deux\r\nC+O2=CO2/1,1,1\r\n"));
+}
+
+TEST_F(FrmNewFileWrite, LoadedCoefficientsStayUntilTheirEquationIsStored)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/8,6,4\r\n");
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/8,6,4\r\n"));
+}
+
+TEST_F(FrmNewFileWrite, FileThatCannotBeWrittenIsToldAndTheEditorStays)
+{
+    ASSERT_TRUE(QDir(equationFolder.path()).mkpath(u"Serie.Equ/x"_s));
+    OpenNew();
+    Name(u"Serie"_s);
+    WriteWater();
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
+    EXPECT_TRUE(messages.shown[0].text.contains(u"Serie.Equ"_s));
+    EXPECT_EQ(unloads, 0);
+    EXPECT_EQ(Box(0).text(), u"H2"_s);
+}
+
+TEST_F(FrmNewFileWrite, CancelUnloadsWithoutWriting)
+{
+    OpenNew();
+    Name(u"Serie"_s);
+    WriteWater();
+
+    Click(Button("cmdCancel"));
+
+    EXPECT_EQ(unloads, 1);
+    EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(FrmNewFileWrite, CancelledAndWrittenWorkIsOver)
+{
+    OpenNew();
+    Name(u"Serie"_s);
+    WriteWater();
+    Tick(Control<QTimer>(*editor, "tmrDraft"));
+    ASSERT_TRUE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+
+    Click(Button("cmdValid"));
+    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+    EXPECT_TRUE(QFile::exists(WorkPath())) << "the work file is left behind";
+
+    OpenNew();
+    WriteWater();
+    Tick(Control<QTimer>(*editor, "tmrDraft"));
+    Click(Button("cmdCancel"));
+    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+}
+
+TEST_F(FrmNewFileWrite, EscapeAndTheTitleBarUnloadAndLeaveTheWorkToBeOffered)
+{
+    OpenNew();
+    WriteWater();
+    Press(*editor, Qt::Key_Escape);
+    EXPECT_EQ(unloads, 1);
+    EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
+    ASSERT_TRUE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+    EXPECT_EQ(Kept(1, "Molecule4"), u"H2O"_s) << "the last keys too";
+
+    OpenNew();
+    WriteCoal();
+    editor->close();
+    EXPECT_EQ(unloads, 2);
+    EXPECT_TRUE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+}
+
+TEST_F(FrmNewFileWrite, UntouchedEditorLeavesNothingToBeOffered)
+{
+    OpenNew();
+    Press(*editor, Qt::Key_Escape);
+    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+
+    OpenFile("H2+O2=H2O/2,1,2\r\nC+O2=CO2/1,1,1\r\n");
+    MoveTo(2);
+    editor->close();
+    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+}
+
+TEST_F(FrmNewFileWrite, WorkTakenUpAgainIsAsItWas)
+{
+    OpenFile("' Tête\r\nH2+O2=H2O/2,1,2\r\nC+O2=CO2/1,1,1\r\n");
+    MoveTo(2);
+    Name(u"Autre"_s);
+    Write({u"C"_s});
+    Press(*editor, Qt::Key_Escape);
+    const auto left = WorkFile(store, WorkPath()).LeftBehind();
+    ASSERT_TRUE(left.has_value());
+
+    MakeEditor();
+    editor->TakeUp(*left);
+    Show();
+
+    EXPECT_EQ(Line("txtNameFile").text(), u"Autre"_s);
+    EXPECT_EQ(Head().toPlainText(), u"Tête"_s);
+    EXPECT_EQ(Number(), u"2"_s);
+    EXPECT_EQ(Bar().maximum(), 2);
+    EXPECT_EQ(Formulas(), QStringList({u"C"_s, {}, {}, {}, {}, {}}));
+    EXPECT_EQ(Button("cmdValid").text(), u"Enregistrement"_s);
+    Type(Box(3), u"C"_s);
+    MoveTo(1);
+    EXPECT_EQ(Formulas(), QStringList({u"H2"_s, u"O2"_s, {}, u"H2O"_s, {}, {}}));
+}
+
+} // namespace stoikal

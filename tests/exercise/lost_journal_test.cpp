@@ -1,0 +1,90 @@
+#include "exercise/results_journal.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct JournalFolder {
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"Resultat.txt"_s);
+
+    QByteArray Content() const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+};
+
+} // namespace
+
+TEST(LostJournal, IsMadeAnewWhenAnotherProgramTakesItAwayMeanwhile)
+{
+    JournalFolder place;
+    ResultsJournal journal;
+    ASSERT_TRUE(journal.Open(place.path));
+    EXPECT_TRUE(journal.WriteLines({u"old"_s}));
+
+    ASSERT_TRUE(QFile::remove(place.path));
+    EXPECT_TRUE(journal.WriteLines({u"new"_s}));
+
+    EXPECT_EQ(place.Content().toStdString(), "new\r\n");
+}
+
+TEST(LostJournal, KeepsItsLinesWhileItsFolderIsAway)
+{
+    JournalFolder place;
+    const QString folder = place.folder.filePath(u"depot"_s);
+    ASSERT_TRUE(QDir().mkdir(folder));
+    ResultsJournal journal;
+    ASSERT_TRUE(journal.Open(folder + u"/EQU.txt"_s));
+    EXPECT_TRUE(journal.WriteLines({u"one"_s}));
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+
+    EXPECT_FALSE(journal.WriteLines({u"two"_s}));
+    EXPECT_EQ(journal.PendingBytes(), 5);
+    ASSERT_TRUE(QDir().mkdir(folder));
+    EXPECT_TRUE(journal.WriteLines({u"three"_s}));
+
+    QFile file(folder + u"/EQU.txt"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), "two\r\nthree\r\n");
+}
+
+TEST(LostJournal, TriesAgainToOpenWhatFailedToOpen)
+{
+    JournalFolder place;
+    const QString folder = place.folder.filePath(u"depot"_s);
+    ResultsJournal journal;
+    ASSERT_FALSE(journal.Open(folder + u"/EQU.txt"_s));
+    EXPECT_FALSE(journal.WriteLines({u"one"_s}));
+
+    ASSERT_TRUE(QDir().mkdir(folder));
+    EXPECT_TRUE(journal.WriteLines({u"two"_s}));
+
+    EXPECT_TRUE(journal.IsOpen());
+    QFile file(folder + u"/EQU.txt"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().toStdString(), "one\r\ntwo\r\n");
+}
+
+TEST(LostJournal, StaysClosedOnceItWasClosed)
+{
+    JournalFolder place;
+    ResultsJournal journal;
+    ASSERT_TRUE(journal.Open(place.path));
+    EXPECT_TRUE(journal.Close());
+
+    EXPECT_FALSE(journal.WriteLines({u"late"_s}));
+
+    EXPECT_FALSE(journal.IsOpen());
+    EXPECT_EQ(place.Content().toStdString(), "");
+}
+
+} // namespace stoikal

@@ -1,0 +1,78 @@
+#include "help/page_search.h"
+
+#include "help/folded_text.h"
+#include "help_support.h"
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList PathsOf(const std::vector<PageSearch::Hit>& hits)
+{
+    QStringList paths;
+    for (const PageSearch::Hit& hit : hits)
+        paths << hit.path;
+    return paths;
+}
+
+} // namespace
+
+TEST(FoldedText, DropsCaseAndAccentsAndKeepsEveryPlace)
+{
+    EXPECT_EQ(Folded(u"Éléments à l’Œuvre\u00A0: ÇA"_s), u"elements a l'œuvre : ca"_s);
+}
+
+TEST(PageTitle, IsWhatThePageSaysElseItsHeading)
+{
+    EXPECT_EQ(PageTitle(u"<title> Le fer\n(Fe) </title><h1>x</h1>"_s), u"Le fer (Fe)"_s);
+    EXPECT_EQ(PageTitle(u"<h1>Le fer</h1>"_s), u"Le fer"_s);
+    EXPECT_EQ(PageTitle(u"<p>rien</p>"_s), QString());
+}
+
+TEST(PlainPageText, KeepsFormulasWhole)
+{
+    EXPECT_EQ(PlainPageText(u"<title>t</title><h1>L'eau</h1><p>H<sub>2</sub>O, <b>un</b> corps</p>"_s),
+              u"L'eau H2O, un corps"_s);
+}
+
+TEST(PageSearch, FindsPagesThatHoldEveryWord)
+{
+    const auto file = OpenedHelp(ShippedHelpFiles().at(1));
+    PageSearch search;
+
+    const auto both = PathsOf(search.Find(*file, u"HYDROGENE cavendish"_s));
+    const auto none = search.Find(*file, u"hydrogène motquinexistepas"_s);
+
+    EXPECT_TRUE(both.contains(u"/h.html"_s));
+    EXPECT_TRUE(none.empty());
+    EXPECT_TRUE(search.Find(*file, u"  "_s).empty());
+}
+
+TEST(PageSearch, PutsAWordInTheTitleFirst)
+{
+    const auto file = OpenedHelp(ShippedHelpFiles().at(1));
+    PageSearch search;
+
+    const auto hits = search.Find(*file, u"hydrogène"_s);
+
+    ASSERT_FALSE(hits.empty());
+    EXPECT_EQ(hits.front().path, u"/h.html"_s);
+    EXPECT_EQ(hits.front().title, u"Hydrogène (H)"_s);
+    EXPECT_TRUE(Folded(hits.front().excerpt).contains("hydrogene"_L1));
+}
+
+TEST(PageSearch, ReadsAnotherFileWhenItIsCleared)
+{
+    PageSearch search;
+    search.Find(*OpenedHelp(ShippedHelpFiles().at(1)), u"hydrogène"_s);
+    search.Clear();
+
+    const auto hits = search.Find(*OpenedHelp(ShippedHelpFiles().at(2)), u"lavoisier"_s);
+
+    ASSERT_FALSE(hits.empty());
+    EXPECT_EQ(hits.front().path, u"/lavoisier_antoine.html"_s);
+}
+
+} // namespace stoikal

@@ -1,0 +1,235 @@
+#include "shell/password_store.h"
+
+#include "base/session_state.h"
+#include "base/settings_store.h"
+#include "support/qt_printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PasswordStoreTest : public testing::Test
+{
+protected:
+    PasswordStoreTest() { state.IniUtilisateur = folder.filePath(u"ConfEQU_dupont.ini"_s); }
+
+    /// The program runs from a share with a deposit folder.
+    void OnAShare()
+    {
+        state.ModeReseau = true;
+        state.DossierResultats = folder.path();
+        state.DossierDepot = u" Dépôt "_s;
+        QDir().mkpath(Deposit());
+    }
+
+    QString Deposit() const { return folder.filePath(u"Dépôt"_s); }
+    QString Common() const { return Deposit() + u"/MotDePasse.txt"_s; }
+
+    void Put(const QByteArray& bytes) const
+    {
+        QFile file(Common());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QByteArray Content() const
+    {
+        QFile file(Common());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    /// The password, or what was told in its place behind an exclamation mark.
+    QString Password()
+    {
+        const auto read = passwords.Read();
+        return read ? *read : u'!' + read.Reason();
+    }
+
+    QTemporaryDir folder;
+    SessionState state;
+    SettingsStore store;
+    Settings settings{store, state.IniUtilisateur};
+    PasswordStore passwords{state, settings};
+};
+
+} // namespace
+
+TEST_F(PasswordStoreTest, IsTheEmptyTextUntilOneIsSet)
+{
+    EXPECT_EQ(Password(), QString());
+}
+
+TEST_F(PasswordStoreTest, StandsInTheSettingsOfTheUserInClearText)
+{
+    ASSERT_TRUE(passwords.Write(u"Sésame"_s));
+
+    EXPECT_EQ(settings.Read(u"Options"_s, u"PassWord"_s), u"Sésame"_s);
+    EXPECT_EQ(Password(), u"Sésame"_s);
+}
+
+TEST_F(PasswordStoreTest, ComesBackAsItWasTyped)
+{
+    for (const bool isOnAShare : {false, true}) {
+        if (isOnAShare)
+            OnAShare();
+        for (const QString& typed : {u"  a b  "_s, u"\"a\""_s, u"'a'"_s, u"\""_s, u"a=b;c"_s, u"[a]"_s,
+                                     u"Ł₂"_s, u"Ã©"_s, QString()}) {
+            ASSERT_TRUE(passwords.Write(typed));
+            EXPECT_EQ(Password(), typed) << isOnAShare;
+        }
+    }
+}
+
+TEST_F(PasswordStoreTest, IsAnotherForAnotherUserOfTheMachine)
+{
+    ASSERT_TRUE(passwords.Write(u"mien"_s));
+
+    state.IniUtilisateur = folder.filePath(u"ConfEQU_durand.ini"_s);
+
+    EXPECT_EQ(Password(), QString());
+}
+
+TEST_F(PasswordStoreTest, IsTheFirstLineOfTheCommonFileOnAShare)
+{
+    OnAShare();
+    ASSERT_TRUE(settings.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+    Put("s\xE9same\r\nune note\r\n");
+
+    EXPECT_EQ(passwords.CommonFile(), Common());
+    EXPECT_EQ(Password(), u"sésame"_s);
+}
+
+TEST_F(PasswordStoreTest, EmptyCommonFileIsTheEmptyPassword)
+{
+    OnAShare();
+    settings.Write(u"Options"_s, u"PassWord"_s, u"autre"_s);
+    Put("");
+
+    EXPECT_EQ(Password(), QString());
+}
+
+TEST_F(PasswordStoreTest, ReadsTheCommonFileWithoutALineEndAndWithAByteOrderMark)
+{
+    OnAShare();
+    Put("abc");
+    EXPECT_EQ(Password(), u"abc"_s);
+    Put("\xEF\xBB\xBF"
+        "abc\n");
+    EXPECT_EQ(Password(), u"abc"_s);
+}
+
+TEST_F(PasswordStoreTest, ChangeOnAShareIsTheOnlyLineOfTheFile)
+{
+    OnAShare();
+    Put("vieux\r\nune note\r\n");
+
+    ASSERT_TRUE(passwords.Write(u"été"_s));
+
+    EXPECT_EQ(Content(), "\xE9t\xE9\r\n");
+    EXPECT_EQ(settings.Read(u"Options"_s, u"PassWord"_s), QString());
+}
+
+TEST_F(PasswordStoreTest, ChangeOnAShareIsSeenByAnotherUserAtOnce)
+{
+    OnAShare();
+    SessionState other = state;
+    other.IniUtilisateur = folder.filePath(u"ConfEQU_durand.ini"_s);
+    Settings otherSettings(store, other.IniUtilisateur);
+    const PasswordStore others(other, otherSettings);
+
+    ASSERT_TRUE(passwords.Write(u"neuf"_s));
+    EXPECT_EQ(*others.Read(), u"neuf"_s);
+    ASSERT_TRUE(passwords.Write(QString()));
+    EXPECT_EQ(*others.Read(), QString());
+}
+
+TEST_F(PasswordStoreTest, MissingCommonFileIsNoEmptyPassword)
+{
+    OnAShare();
+
+    EXPECT_TRUE(Password().startsWith(u"!Le fichier du mot de passe ne peut pas être lu :\n"_s + Common()));
+}
+
+TEST_F(PasswordStoreTest, ShareThatIsGoneIsNoEmptyPassword)
+{
+    OnAShare();
+    Put("sesame\r\n");
+    ASSERT_TRUE(QDir(Deposit()).removeRecursively());
+
+    EXPECT_TRUE(Password().startsWith(u'!'));
+}
+
+TEST_F(PasswordStoreTest, FolderInPlaceOfTheFileIsNoEmptyPassword)
+{
+    OnAShare();
+    ASSERT_TRUE(QDir().mkpath(Common()));
+
+    EXPECT_TRUE(Password().contains(u"(c'est un dossier)"_s)) << Password().toStdString();
+}
+
+TEST_F(PasswordStoreTest, ChangeThatFailsLeavesTheOldPassword)
+{
+    OnAShare();
+    ASSERT_TRUE(QDir().mkpath(Common()));
+
+    const auto written = passwords.Write(u"neuf"_s);
+
+    ASSERT_FALSE(written);
+    EXPECT_TRUE(
+        written.Reason().startsWith(u"Le nouveau mot de passe n'a pas pu être enregistré :\n"_s + Common()))
+        << written.Reason().toStdString();
+    EXPECT_TRUE(QDir(Common()).exists());
+}
+
+TEST_F(PasswordStoreTest, CommonFileIsMadeEmptyAndLeftAsItStands)
+{
+    OnAShare();
+
+    ASSERT_TRUE(passwords.MakeCommonFile());
+    EXPECT_EQ(Content(), "");
+    Put("sesame\r\n");
+    ASSERT_TRUE(passwords.MakeCommonFile());
+
+    EXPECT_EQ(Content(), "sesame\r\n");
+}
+
+TEST_F(PasswordStoreTest, CommonFileIsNotMadeWithoutItsFolder)
+{
+    OnAShare();
+    ASSERT_TRUE(QDir(Deposit()).removeRecursively());
+
+    EXPECT_FALSE(passwords.MakeCommonFile());
+    EXPECT_FALSE(QDir(Deposit()).exists());
+}
+
+TEST_F(PasswordStoreTest, CommonFileOfASharedFolderServesAllItsAccounts)
+{
+    OnAShare();
+    ASSERT_EQ(::chmod(qPrintable(Deposit()), 0777), 0);
+
+    ASSERT_TRUE(passwords.MakeCommonFile());
+    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::WriteOther));
+
+    ASSERT_TRUE(QFile::remove(Common()));
+    ASSERT_TRUE(passwords.Write(u"neuf"_s));
+    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::ReadOther));
+    ASSERT_TRUE(passwords.Write(u"plus neuf"_s));
+    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::ReadOther));
+}
+
+TEST_F(PasswordStoreTest, DepositWithANameOfBlanksIsTheShareItself)
+{
+    OnAShare();
+    state.DossierDepot = u"   "_s;
+
+    EXPECT_EQ(passwords.CommonFile(), folder.filePath(u"MotDePasse.txt"_s));
+}
+
+} // namespace stoikal

@@ -1,0 +1,117 @@
+#include "tools/text_file.h"
+
+#include "support/qt_printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct OneFile {
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"texte.txt"_s);
+
+    void Write(const QByteArray& bytes) const
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QByteArray Bytes() const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+};
+
+} // namespace
+
+TEST(TextFile, ReadsEachLineInItsOwnEncoding)
+{
+    const OneFile place;
+    place.Write("\xE9t\xE9\r\n\xC3\xA9t\xC3\xA9 \xC5\x81\nfin");
+    TextFile file(place.path);
+
+    const auto lines = file.Load();
+
+    ASSERT_TRUE(lines);
+    EXPECT_EQ(*lines, QStringList({u"été"_s, u"été Ł"_s, u"fin"_s}));
+}
+
+TEST(TextFile, WritesThePageAndOnlyWhereItMustUtf8)
+{
+    const OneFile place;
+    TextFile file(place.path);
+
+    ASSERT_TRUE(file.Save({u"été"_s, u"Ł"_s, QString()}));
+
+    EXPECT_EQ(place.Bytes().toStdString(), "\xE9t\xE9\r\n\xC5\x81\r\n\r\n");
+}
+
+TEST(TextFile, MissingFileHasNoLines)
+{
+    const OneFile place;
+    TextFile file(place.path);
+
+    const auto lines = file.Load();
+
+    ASSERT_TRUE(lines);
+    EXPECT_TRUE(lines->isEmpty());
+    EXPECT_FALSE(QFile::exists(place.path));
+}
+
+TEST(TextFile, FolderCannotBeRead)
+{
+    const OneFile place;
+    ASSERT_TRUE(QDir().mkdir(place.path));
+
+    EXPECT_FALSE(TextFile(place.path).Load());
+}
+
+TEST(TextFile, IntoAMissingFolderNothingIsSaved)
+{
+    const OneFile place;
+    TextFile file(place.folder.filePath(u"absent/texte.txt"_s));
+
+    const auto saved = file.Save({u"a"_s});
+
+    ASSERT_FALSE(saved);
+    EXPECT_FALSE(saved.Reason().isEmpty());
+    EXPECT_FALSE(QDir(place.folder.filePath(u"absent"_s)).exists());
+}
+
+TEST(TextFile, NoticesThatAnotherProgramChangedIt)
+{
+    const OneFile place;
+    place.Write("a\r\n");
+    TextFile file(place.path);
+    ASSERT_TRUE(file.Load());
+    EXPECT_FALSE(file.HasChangedOutside());
+
+    place.Write("a\r\nb\r\n");
+    EXPECT_TRUE(file.HasChangedOutside());
+    ASSERT_TRUE(file.Load());
+    EXPECT_FALSE(file.HasChangedOutside());
+
+    ASSERT_TRUE(QFile::remove(place.path));
+    EXPECT_TRUE(file.HasChangedOutside());
+}
+
+TEST(TextFile, ItsOwnSavingIsNoChangeFromOutside)
+{
+    const OneFile place;
+    TextFile file(place.path);
+    ASSERT_TRUE(file.Load());
+
+    ASSERT_TRUE(file.Save({u"a"_s}));
+
+    EXPECT_FALSE(file.HasChangedOutside());
+}
+
+} // namespace stoikal

@@ -1,0 +1,163 @@
+#include "tools/tip_list.h"
+
+#include "support/qt_printers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A folder with a tips file of these bytes.
+struct TipsFile {
+    explicit TipsFile(const QByteArray& bytes)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"TipOfDayEqChm.txt"_s);
+};
+
+QString TipAt(TipList& tips, double chance)
+{
+    tips.Choose(chance);
+    return tips.Tip();
+}
+
+} // namespace
+
+TEST(TipList, HoldsOneTipALine)
+{
+    const TipsFile file("un\r\ndeux\ntrois");
+    TipList tips;
+
+    const auto loaded = tips.LoadTips(file.path);
+
+    ASSERT_TRUE(loaded);
+    EXPECT_EQ(*loaded, 3);
+    EXPECT_EQ(TipAt(tips, 0), u"un"_s);
+    EXPECT_EQ(TipAt(tips, 0.5), u"deux"_s);
+    EXPECT_EQ(TipAt(tips, 0.9), u"trois"_s);
+}
+
+TEST(TipList, ChoosesEachTipWithTheSameChance)
+{
+    const TipsFile file("a\nb\nc\nd\n");
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(file.path));
+
+    // floor(u * 4 + 1): a up to 0.25, b up to 0.5, c up to 0.75, d behind.
+    EXPECT_EQ(TipAt(tips, 0), u"a"_s);
+    EXPECT_EQ(TipAt(tips, 0.2499), u"a"_s);
+    EXPECT_EQ(TipAt(tips, 0.25), u"b"_s);
+    EXPECT_EQ(TipAt(tips, 0.5), u"c"_s);
+    EXPECT_EQ(TipAt(tips, 0.7499), u"c"_s);
+    EXPECT_EQ(TipAt(tips, 0.75), u"d"_s);
+    // The largest chance there is, 1 - 2^-53, would be rounded up to 4 + 1.
+    EXPECT_EQ(TipAt(tips, 1 - 1.0 / 9007199254740992.0), u"d"_s);
+}
+
+TEST(TipList, MayChooseTheSameTipTwiceRunning)
+{
+    const TipsFile file("a\nb\n");
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(file.path));
+
+    EXPECT_EQ(TipAt(tips, 0.6), u"b"_s);
+    EXPECT_EQ(TipAt(tips, 0.7), u"b"_s);
+}
+
+TEST(TipList, EmptyLineIsATipOfItsOwn)
+{
+    const TipsFile file("a\r\n\r\nc\r\n");
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(file.path));
+
+    EXPECT_EQ(tips.Count(), 3);
+    EXPECT_EQ(TipAt(tips, 0.4), QString());
+}
+
+TEST(TipList, EmptyFileHasNoTipAndIsNoFailure)
+{
+    const TipsFile file("");
+    TipList tips;
+
+    EXPECT_TRUE(tips.LoadTips(file.path));
+
+    EXPECT_TRUE(tips.IsEmpty());
+    tips.Choose(0.5); // Nothing to choose, and nothing happens.
+    EXPECT_TRUE(tips.IsEmpty());
+}
+
+TEST(TipList, LinesAreReadInTheirOwnEncoding)
+{
+    const TipsFile file("\xE9l\xE8ve\r\n\xC3\xA9l\xC3\xA8ve \xE2\x82\x82\r\n");
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(file.path));
+
+    EXPECT_EQ(TipAt(tips, 0), u"élève"_s);
+    EXPECT_EQ(TipAt(tips, 0.5), u"élève ₂"_s);
+}
+
+TEST(TipList, MissingFileFailsWithItsTextAndKeepsTheTips)
+{
+    const TipsFile file("a\n");
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(file.path));
+    ASSERT_TRUE(QFile::remove(file.path));
+
+    const auto loaded = tips.LoadTips(file.path);
+
+    ASSERT_FALSE(loaded);
+    EXPECT_EQ(loaded.Reason(),
+              u"Le fichier TipOfDayEqChm.txt n'a pas été trouvé? \n"
+              "Créez un fichier texte nommé TipOfDayEqChm.txt en utilisant le Bloc-notes avec une astuce "
+              "par ligne. Puis placez le dans le même dossier que l'application."_s);
+    EXPECT_EQ(tips.Count(), 1);
+}
+
+TEST(TipList, EmptyNameFails)
+{
+    TipList tips;
+
+    EXPECT_FALSE(tips.LoadTips(QString()));
+    EXPECT_TRUE(tips.IsEmpty());
+}
+
+TEST(TipList, FolderInPlaceOfTheFileIsToldAsUnreadable)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"TipOfDayEqChm.txt"_s);
+    ASSERT_TRUE(QDir().mkdir(path));
+    TipList tips;
+
+    const auto loaded = tips.LoadTips(path);
+
+    ASSERT_FALSE(loaded);
+    EXPECT_TRUE(loaded.Reason().startsWith(u"Le fichier TipOfDayEqChm.txt ne peut pas être lu."_s));
+}
+
+TEST(TipList, ReadsTheTipsThatShip)
+{
+    TipList tips;
+
+    ASSERT_TRUE(tips.LoadTips(QStringLiteral(STOIKAL_DATA_DIR "/tips/TipOfDayEqChm.txt")));
+
+    EXPECT_GE(tips.Count(), 30);
+    for (qsizetype i = 0; i < tips.Count(); ++i) {
+        // (i + 1/2) / n * n + 1 = i + 3/2: the tip of number i + 1.
+        const QString tip = TipAt(tips, (static_cast<double>(i) + 0.5) / static_cast<double>(tips.Count()));
+        EXPECT_FALSE(tip.trimmed().isEmpty()) << i;
+        EXPECT_FALSE(tip.contains(QChar(QChar::ReplacementCharacter))) << tip.toStdString();
+    }
+}
+
+} // namespace stoikal

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <string_view>
 
 namespace stoikal {
 namespace {
@@ -78,13 +79,25 @@ EquationPattern::EquationPattern(const std::array<QString, 6>& molecules)
 /// signs enough for too many formulas call for the whole way.
 bool EquationPattern::LacksAFormula(QByteArrayView line, qsizetype equals) const
 {
-    constexpr qsizetype kMostSignsLeft = 5;
-    constexpr qsizetype kMostSignsRight = 2;
-    const auto lacks
-        = [&line](const QByteArray& sought) { return !sought.isEmpty() && !line.contains(sought); };
-    return std::any_of(m_sought.begin(), m_sought.end(), lacks) && !line.contains(' ')
-        && line.first(equals).count('+') <= kMostSignsLeft
-        && line.sliced(equals).count('+') <= kMostSignsRight;
+    constexpr int kMostSignsLeft = 5;
+    constexpr int kMostSignsRight = 2;
+    const std::string_view text(line.data(), static_cast<size_t>(line.size()));
+    const auto lacks = [text](const QByteArray& sought) {
+        return !sought.isEmpty()
+            && text.find({sought.data(), static_cast<size_t>(sought.size())}) == std::string_view::npos;
+    };
+    if (std::none_of(m_sought.begin(), m_sought.end(), lacks))
+        return false;
+    int left = 0;
+    int right = 0;
+    int blanks = 0;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const int isSign = line[i] == '+' ? 1 : 0;
+        left += i < equals ? isSign : 0;
+        right += i < equals ? 0 : isSign;
+        blanks += line[i] == ' ' ? 1 : 0;
+    }
+    return blanks == 0 && left <= kMostSignsLeft && right <= kMostSignsRight;
 }
 
 bool EquationPattern::Matches(QByteArrayView line)

@@ -63,6 +63,7 @@ void frmSearch::Build()
     QFont large = txtResult->font();
     large.setPointSizeF(large.pointSizeF() + 1);
     txtResult->setFont(large);
+    flbEQU->setUniformItemSizes(true);
     flbEQU->setSelectionMode(QAbstractItemView::SingleSelection);
     flbEQU->setFixedWidth(240);
     auto* const buttons = new QHBoxLayout;
@@ -83,17 +84,16 @@ void frmSearch::Build()
     rows->addLayout(lists, 1);
 }
 
-void frmSearch::RefreshFiles()
+void frmSearch::ShowFiles(const Outcome<QStringList>& files)
 {
     flbEQU->clear();
-    const auto files = EquationFilesOf(m_doors.equationFolder);
     if (files)
         flbEQU->addItems(*files);
 }
 
 void frmSearch::showEvent(QShowEvent* event)
 {
-    RefreshFiles();
+    ShowFiles(EquationFilesOf(m_doors.equationFolder));
     Form::showEvent(event);
 }
 
@@ -107,8 +107,9 @@ void frmSearch::SearchEquations()
     m_isBusy = true;
     m_isStopped = false;
     setCursor(Qt::WaitCursor);
-    RefreshFiles();
-    const bool isComplete = SearchFiles(gathering);
+    const auto files = EquationFilesOf(m_doors.equationFolder);
+    ShowFiles(files);
+    const bool isComplete = SearchFiles(files, gathering);
     unsetCursor();
     m_isBusy = false;
     if (m_closesBehind) {
@@ -123,7 +124,7 @@ void frmSearch::SearchEquations()
         m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
         return;
     }
-    RefreshFiles();
+    ShowFiles(EquationFilesOf(m_doors.equationFolder));
     Q_EMIT FileGathered(gathering.path);
 }
 
@@ -142,10 +143,9 @@ bool frmSearch::ChooseOutput(Gathering& gathering)
     return true;
 }
 
-bool frmSearch::SearchFiles(Gathering& gathering)
+bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gathering)
 {
     m_lastTurn = m_doors.clock.Counter();
-    const auto files = EquationFilesOf(m_doors.equationFolder);
     if (!files) {
         m_doors.messages.Critical(this, QStringLiteral("Stoikal"), files.Reason());
         return false;
@@ -174,7 +174,7 @@ void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gather
     AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(name));
     const QString path = m_doors.equationFolder + QLatin1Char('/') + name;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         AddToList(QStringLiteral("(illisible : %1)").arg(file.errorString()));
         return;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/outcome.h"
 #include "forms/form.h"
 
 #include <QByteArray>
@@ -41,7 +42,7 @@ public:
     /// Asks for the window's end; a search is given up first.
     void Close();
     /// Lists the files of the folder anew.
-    void RefreshFiles();
+    void ShowFiles(const Outcome<QStringList>& files);
 
 Q_SIGNALS:
     /// The window can be freed: nothing of it is running.
@@ -64,7 +65,7 @@ private:
     void SearchEquations();
     bool ChooseOutput(Gathering& gathering);
     /// False when the search ended early: by a fault, or given up.
-    bool SearchFiles(Gathering& gathering);
+    bool SearchFiles(const Outcome<QStringList>& files, Gathering& gathering);
     void SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering);
     void AddToList(const QString& text);
     void ShowList();

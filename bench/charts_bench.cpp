@@ -1,14 +1,13 @@
 #include "charts/windows/frm_histo_mol.h"
 #include "charts/windows/progress_pictures.h"
 #include "forms/picture_surface.h"
-#include "forms/style.h"
 #include "platform/doors.h"
+#include "window_bench.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QSlider>
-#include <benchmark/benchmark.h>
 
 using namespace stoikal;
 
@@ -167,10 +166,5 @@ BENCHMARK(OneSliderStep)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyStyle();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

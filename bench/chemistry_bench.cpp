@@ -1,11 +1,10 @@
 #include "chemistry/formula.h"
 #include "chemistry/windows/frm_tableau_periodique.h"
-#include "forms/style.h"
+#include "window_bench.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QResizeEvent>
-#include <benchmark/benchmark.h>
 
 using namespace stoikal;
 
@@ -41,10 +40,5 @@ BENCHMARK(MolarMassOfFortyCharacters)->Unit(benchmark::kNanosecond);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyStyle();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

@@ -5,12 +5,11 @@
 #include "exercise/windows/atom_window.h"
 #include "forms/colours.h"
 #include "forms/disc_pictures.h"
-#include "forms/style.h"
+#include "window_bench.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
-#include <benchmark/benchmark.h>
 #include <span>
 
 using namespace stoikal;
@@ -124,10 +123,5 @@ BENCHMARK(CopyBarePictures)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyStyle();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

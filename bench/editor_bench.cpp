@@ -5,6 +5,7 @@
 #include "editor/windows/frm_new_file.h"
 #include "forms/messages.h"
 #include "platform/qt_platform.h"
+#include "window_bench.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -13,7 +14,6 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 #include <memory>
 
 using namespace stoikal;
@@ -134,9 +134,5 @@ BENCHMARK(EditorOpensTheFile)->Arg(0)->Unit(benchmark::kMillisecond)->UseRealTim
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

@@ -2,8 +2,8 @@
 #include "balancing/windows/frm_search.h"
 #include "base/settings_store.h"
 #include "forms/messages.h"
-#include "forms/style.h"
 #include "platform/qt_platform.h"
+#include "window_bench.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -13,7 +13,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <benchmark/benchmark.h>
 
 using namespace stoikal;
 
@@ -125,10 +124,5 @@ BENCHMARK(SearchInShownWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyStyle();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

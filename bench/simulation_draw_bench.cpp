@@ -3,9 +3,9 @@
 #include "forms/filter_edit.h"
 #include "forms/messages.h"
 #include "forms/picture_surface.h"
-#include "forms/style.h"
 #include "platform/qt_platform.h"
 #include "simulation/windows/frm_simul_anim.h"
+#include "window_bench.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -14,7 +14,6 @@
 #include <QTimer>
 #include <QTimerEvent>
 #include <QWindow>
-#include <benchmark/benchmark.h>
 #include <random>
 
 using namespace stoikal;
@@ -168,10 +167,5 @@ BENCHMARK(DrawFullHistoryAgain)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ApplyStyle();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return stoikal::RunWindowBenchmarks(argc, argv);
 }

@@ -3,6 +3,7 @@
 #include "base/file_lock.h"
 
 #include "base/text_lines.h"
+#include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -29,27 +29,6 @@ namespace stoikal {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The rights of a user without privileges while this lives: the superuser,
-/// under whom tests may run, is refused nothing.
-class AsOrdinaryUser
-{
-public:
-    AsOrdinaryUser() = default;
-    ~AsOrdinaryUser()
-    {
-        if (m_wasSuperuser && setresuid(0, 0, 0) == 0)
-            prctl(PR_SET_DUMPABLE, 1); // The change took it away, and the leak checker needs it.
-    }
-    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
-    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
-
-    bool IsOrdinary() const { return m_isOrdinary; }
-
-private:
-    bool m_wasSuperuser = geteuid() == 0;
-    bool m_isOrdinary = !m_wasSuperuser || setresuid(65534, 65534, 0) == 0;
-};
 
 /// A folder for one test, and the high-score file in it.
 struct ScoreFolder {

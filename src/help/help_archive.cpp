@@ -66,7 +66,7 @@ bool HelpArchive::ReadDirectory()
     const std::int64_t block = NumberAt(list, 0x10, 4);
     const std::int64_t blocks = NumberAt(list, 0x2C, 4);
     if (m_dataStart < 0 || listHead < kDirectoryHead || block <= kListHead || block > kLargestBlock
-        || blocks < 1 || blocks > m_file.size() / block)
+        || blocks < 1)
         return false;
     for (std::int64_t i = 0; i < blocks; ++i) {
         const QByteArray bytes = BytesAt(directory + listHead + i * block, block);
@@ -196,7 +196,7 @@ std::optional<QByteArray> HelpArchive::Unpacked(std::int64_t start, std::int64_t
 /// the damage can still be read.
 bool HelpArchive::UnpackInterval(std::int64_t interval)
 {
-    const Packing& packing = *m_packing;
+    const HelpPacking& packing = *m_packing;
     LzxDecoder decoder(packing.windowBits);
     const std::int64_t first = interval * packing.framesPerInterval;
     for (std::int64_t frame = first; frame < first + packing.framesPerInterval; ++frame) {

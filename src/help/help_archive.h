@@ -13,6 +13,16 @@
 
 namespace stoikal {
 
+/// What tells how the packed part is packed.
+struct HelpPacking {
+    int windowBits = 0;
+    std::int64_t framesPerInterval = 0;
+    std::int64_t unpackedLength = 0;
+    std::int64_t packedLength = 0;
+    std::int64_t contentStart = 0; ///< in the file
+    std::vector<std::int64_t> frameStarts; ///< from the content's start
+};
+
 /// The files inside a compiled help file. It knows nothing of pages and topics.
 /// Every number in such a file may be wrong: no size is believed before it has
 /// been compared with the size of the file itself, so that a damaged head never
@@ -41,16 +51,6 @@ private:
         std::int64_t length = 0;
     };
 
-    /// What tells how the packed part is packed.
-    struct Packing {
-        int windowBits = 0;
-        std::int64_t framesPerInterval = 0;
-        std::int64_t unpackedLength = 0;
-        std::int64_t packedLength = 0;
-        std::int64_t contentStart = 0; ///< in the file
-        std::vector<std::int64_t> frameStarts; ///< from the content's start
-    };
-
     explicit HelpArchive(const QString& path);
     bool ReadDirectory();
     bool ReadDirectoryBlock(const QByteArray& block);
@@ -64,7 +64,7 @@ private:
     std::int64_t m_dataStart = 0;
     QStringList m_names;
     QHash<QString, Entry> m_entries; ///< by lower-case name
-    std::optional<Packing> m_packing;
+    std::optional<HelpPacking> m_packing;
     std::int64_t m_interval = -1; ///< the one that is unpacked
     QByteArray m_intervalBytes;
 };

@@ -196,6 +196,7 @@ void frmHelp::DisplayTopic(const QString& file, std::int32_t topic, QWidget* cal
 {
     if (!OpenFile(file))
         return;
+    Present(caller);
     const auto page = m_file->Topics().constFind(topic);
     const bool isKnown = page != m_file->Topics().constEnd();
     Go(isKnown ? *page : PageAddress{{}, m_file->StartPage(), {}});
@@ -204,25 +205,24 @@ void frmHelp::DisplayTopic(const QString& file, std::int32_t topic, QWidget* cal
             u"Ce fichier d'aide n'a pas de page pour cette fenêtre (numéro %1)\u00A0: voici sa première page."_s
                 .arg(topic));
     tabHelp->setCurrentIndex(ContentsTab);
-    Present(caller);
 }
 
 void frmHelp::DisplayContents(const QString& file, QWidget* caller)
 {
     if (!OpenFile(file))
         return;
+    Present(caller);
     tabHelp->setCurrentIndex(ContentsTab);
     Go({{}, m_file->StartPage(), {}});
-    Present(caller);
 }
 
 void frmHelp::DisplayIndex(const QString& file, QWidget* caller)
 {
     if (!OpenFile(file))
         return;
+    Present(caller);
     tabHelp->setCurrentIndex(IndexTab);
     Go({{}, m_file->StartPage(), {}});
-    Present(caller);
     m_index->FocusBox();
 }
 
@@ -253,6 +253,7 @@ bool frmHelp::OpenFile(const QString& named)
 void frmHelp::Present(QWidget* caller)
 {
     QWidget* const owner = QApplication::activeModalWidget() == nullptr ? m_home : caller;
+    // The page is laid out for the width that it will have.
     if (!m_hasBeenShown)
         RestoreSize();
     m_hasBeenShown = true;

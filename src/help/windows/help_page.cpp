@@ -20,6 +20,8 @@ using namespace Qt::StringLiterals;
 constexpr qint64 kMostPixels = 4'000'000;
 constexpr qsizetype kLargestPage = 2 * 1024 * 1024;
 constexpr int kMostMarks = 2000;
+constexpr int kPageMargins = 100;
+constexpr int kNarrowestPicture = 200;
 
 QString Scheme()
 {
@@ -32,8 +34,9 @@ QString FaultPage(const QString& reason)
         .arg(reason.toHtmlEscaped());
 }
 
-/// A picture, unless its head promises more than a help page can need.
-QVariant ReadPicture(const QByteArray& bytes)
+/// A picture, unless its head promises more than a help page can need; one that
+/// is wider than the page is made to fit.
+QVariant ReadPicture(const QByteArray& bytes, int widest)
 {
     QBuffer buffer;
     buffer.setData(bytes);
@@ -41,7 +44,8 @@ QVariant ReadPicture(const QByteArray& bytes)
     const QSize size = reader.size();
     if (!size.isValid() || qint64{size.width()} * size.height() > kMostPixels)
         return {};
-    return reader.read();
+    const QImage picture = reader.read();
+    return picture.width() > widest ? picture.scaledToWidth(widest, Qt::SmoothTransformation) : picture;
 }
 
 } // namespace
@@ -109,7 +113,8 @@ QVariant HelpPage::loadResource(int type, const QUrl& name)
     const QString path = name.path();
     if (type == QTextDocument::ImageResource) {
         const auto bytes = m_file->Read(path);
-        return bytes ? ReadPicture(*bytes) : QVariant();
+        return bytes ? ReadPicture(*bytes, std::max(kNarrowestPicture, viewport()->width() - kPageMargins))
+                     : QVariant();
     }
     const auto text = m_file->Text(path);
     if (type != QTextDocument::HtmlResource)

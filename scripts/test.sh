@@ -33,5 +33,11 @@ LOCPATH="$locale_dir" LC_ALL=fr_FR.UTF-8 scripts/run_test_programs.sh build/sani
 title "Journeys"
 STOIKAL_BUILD=sanitized python3 tests/journeys/run.py
 
+title "Power cuts, full disks, two programs at once"
+STOIKAL_BUILD=sanitized python3 tests/faults/power_cuts.py
+
+title "As a screen reader finds it"
+STOIKAL_BUILD=sanitized tests/journeys/accessibility.py
+
 # The plain closing line: the tests of the first round.
 printf '\n%s passed, 0 failed\n' "$first"

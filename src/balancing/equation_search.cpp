@@ -1,6 +1,8 @@
 #include "balancing/equation_search.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_lock.h"
+#include "base/system_reason.h"
 #include "base/text_lines.h"
 
 #include <QDir>
@@ -11,6 +13,8 @@
 
 namespace stoikal {
 namespace {
+
+constexpr int kLockWaitMs = 2000;
 
 /// Puts the formulas of one side into the places from `first` on. A "+" beside a
 /// brace belongs to a charge.
@@ -51,7 +55,15 @@ bool IsAmong(const QByteArray& sought, const std::array<QByteArray, 6>& places, 
 Failure WriteFailure(const QFile& file)
 {
     return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2")
-                .arg(file.fileName(), file.errorString())};
+                .arg(file.fileName(), FrenchReason(file.errorString()))};
+}
+
+Failure LockFailure(const QString& path)
+{
+    return {QStringLiteral(
+                "Le fichier %1 n'a pas pu être complété\u00A0:\nun autre programme l'écrit en ce moment, "
+                "ou son dossier ne peut pas être écrit.")
+                .arg(path)};
 }
 
 /// Writes all bytes at the file's end or says why not; a file that took only a
@@ -143,7 +155,10 @@ Outcome<QStringList> EquationFilesOf(const QString& folder)
 
 Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QList<QByteArray>& lines)
 {
+    const FileLock lock(path, kLockWaitMs);
     QFile file(path);
+    if (!lock.IsHeld())
+        return LockFailure(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
         return WriteFailure(file);
     QByteArray bytes;
@@ -162,7 +177,10 @@ Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QLis
 
 Outcome<qsizetype> EquationAppender::AppendEquation(const QString& path, const QString& line)
 {
+    const FileLock lock(path, kLockWaitMs);
     QFile file(path);
+    if (!lock.IsHeld())
+        return LockFailure(path);
     if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
         return WriteFailure(file);
     return Append(file, "\r\n'\r\n" + EncodeLine(line));

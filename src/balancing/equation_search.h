@@ -36,8 +36,8 @@ private:
 /// those of folders inside it. Fails when the folder cannot be read.
 Outcome<QStringList> EquationFilesOf(const QString& folder);
 
-/// A text file to which lines are appended. An existing file gets a line end
-/// first if it lacks one. What cannot be written is told.
+/// A text file to which lines are appended, by one program at a time. An existing
+/// file gets a line end first if it lacks one. What cannot be written is told.
 class EquationAppender
 {
 public:

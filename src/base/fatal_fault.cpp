@@ -18,9 +18,17 @@ FatalFault::FatalFault(QString cause, QString file, int line, QString lineText)
 {
 }
 
+FatalFault FatalFault::WithoutFile(QString cause)
+{
+    FatalFault fault(std::move(cause));
+    fault.m_takesPlace = false;
+    return fault;
+}
+
 FatalFault FatalFault::At(const QString& file, int line, const QString& lineText) const
 {
-    return m_file.isEmpty() ? FatalFault(m_cause, file, line, lineText) : *this;
+    const bool isPlaceMissing = m_takesPlace && m_file.isEmpty();
+    return isPlaceMissing ? FatalFault(m_cause, file, line, lineText) : *this;
 }
 
 QString FatalFault::OperationText() const

@@ -16,13 +16,17 @@ public:
     explicit FatalFault(QString cause);
     FatalFault(QString cause, QString file, int line, QString lineText);
 
+    /// A failure of something that reads no file: it takes no place, though an
+    /// exercise may be open beside it.
+    static FatalFault WithoutFile(QString cause);
+
     const char* what() const noexcept override { return m_utf8.constData(); }
     const QString& Cause() const { return m_cause; }
     const QString& File() const { return m_file; }
     int Line() const { return m_line; }
     const QString& LineText() const { return m_lineText; }
 
-    /// The same fault with a place, unless it has one already.
+    /// The same fault with a place, unless it has one already or no file is at fault.
     FatalFault At(const QString& file, int line, const QString& lineText) const;
 
     /// The text of the box when only an operation ends and the program goes on.
@@ -35,6 +39,7 @@ private:
     QString m_cause;
     QString m_file;
     int m_line = 0;
+    bool m_takesPlace = true;
     QString m_lineText;
     QByteArray m_utf8;
 };

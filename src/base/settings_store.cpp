@@ -1,12 +1,12 @@
 #include "base/settings_store.h"
 
 #include "base/file_lock.h"
+#include "base/whole_file.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <optional>
 #include <sys/stat.h>
 #include <utility>
@@ -127,13 +127,8 @@ bool SettingsStore::Change(const QString& file, const std::function<void(Profile
     // The copy no longer stands for the reading that its stamp tells of.
     copy.isSettled = false;
     change(text);
-    // Unbuffered, since a buffered file reports a full disk too late and would be
-    // put in the place of the old one cut short.
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
     const QByteArray bytes = text.ToBytes();
-    if (target.write(bytes) != bytes.size() || !target.commit())
+    if (!ReplaceFile(file, bytes))
         return false;
     copy.bytes = bytes;
     copy.text = std::move(text);

@@ -2,11 +2,11 @@
 
 #include "base/fatal_fault.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 #include "equation_files/equation_pieces.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
 namespace stoikal {
 namespace {
@@ -180,12 +180,8 @@ Outcome<QString> WriteEquationFile(const QString& folder, const QString& fileNam
     const QString path = place.filePath(fileName);
     if (!QDir().mkpath(folder))
         return NotWritten(path, QStringLiteral("le dossier n'existe pas."));
-    // Unbuffered, since a buffered file reports a full disk too late.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return NotWritten(path, file.errorString());
-    if (file.write(bytes) != bytes.size() || !file.commit())
-        return NotWritten(path, file.errorString());
+    if (const auto written = ReplaceFile(path, bytes); !written)
+        return NotWritten(path, written.Reason());
     const QStringList spellings = SameNames(folder, fileName);
     for (const QString& other : spellings) {
         if (other != fileName && !QFile::remove(place.filePath(other)))

@@ -2,16 +2,15 @@
 
 #include "base/file_lock.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 #include "exercise/results_journal.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <cerrno>
 #include <optional>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace stoikal {
 
@@ -28,13 +27,6 @@ bool IsMissing(const QString& path)
     struct stat status {
     };
     return ::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno == ENOENT;
-}
-
-/// A share may report only now that it has no room; commit() would not look.
-/// A file system that knows no such order has done what it can.
-bool ReachesTheDisk(const QSaveFile& file)
-{
-    return ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
 }
 
 /// The whole file; empty when there is none yet, nothing when it cannot be read.
@@ -116,13 +108,11 @@ bool HighScoreFile::RemoveLeftover() const
 bool HighScoreFile::Replace(const QByteArray& bytes) const
 {
     const bool isNew = IsMissing(m_path);
-    QSaveFile file(m_path);
-    // Unbuffered: commit() of a buffered file lets a write pass that the disk took only in part.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return false;
-    if (isNew)
-        ShareWithFolder(file, m_folder);
-    return file.write(bytes) == bytes.size() && ReachesTheDisk(file) && file.commit();
+    const auto written = ReplaceFile(m_path, bytes, [this, isNew](QFileDevice& file) {
+        if (isNew)
+            ShareWithFolder(file, m_folder);
+    });
+    return written.Succeeded();
 }
 
 Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, const NewResult& result,

@@ -1,5 +1,6 @@
 #include "exercise/results_journal.h"
 
+#include "base/system_reason.h"
 #include "base/text_lines.h"
 
 #include <QFileInfo>
@@ -22,7 +23,7 @@ Outcome<QString> ResultsJournal::Open(const QString& path)
     m_file.setFileName(path);
     m_isMeantOpen = true;
     if (!OpenFile())
-        return Failure{u"%1 : %2"_s.arg(path, m_file.errorString())};
+        return Failure{u"%1 : %2"_s.arg(path, FrenchReason(m_file.errorString()))};
     return path;
 }
 

@@ -1,5 +1,7 @@
 #include "forms/messages.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <QPushButton>
 
 namespace stoikal {
@@ -50,6 +52,7 @@ QMessageBox::StandardButton AttendedMessages::Show(QWidget* parent, const Messag
 
 QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message& message)
 {
+    const QPointer<QWidget> activeBefore = QApplication::activeWindow();
     QMessageBox box(message.icon, message.title, message.text, message.buttons, parent);
     box.setObjectName(QStringLiteral("MsgBox"));
     // Formulas and file names are shown as they are, never read as mark-up.
@@ -77,7 +80,12 @@ QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message
     box.show();
     box.raise();
     box.activateWindow();
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    const auto answer = static_cast<QMessageBox::StandardButton>(box.exec());
+    // Some desktops give the keyboard to the main window when a box over a
+    // floating window is closed.
+    if (activeBefore != nullptr && activeBefore->isVisible())
+        activeBefore->activateWindow();
+    return answer;
 }
 
 } // namespace stoikal

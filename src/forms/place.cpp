@@ -18,12 +18,18 @@ QRect MovedInto(const QRect& rectangle, const QRect& area)
     return moved;
 }
 
+QSize FrameAround(const QWidget& window)
+{
+    const auto frameOf = [](const QWidget& shown) { return shown.frameGeometry().size() - shown.size(); };
+    const QWidget* const owner = window.parentWidget() == nullptr ? nullptr : window.parentWidget()->window();
+    return owner == nullptr ? frameOf(window) : frameOf(window).expandedTo(frameOf(*owner));
+}
+
 void PlaceWindow(QWidget& window, const Screen& screen, Twips left, Twips top)
 {
     const QRect area = screen.WorkArea();
     const QPoint corner = area.topLeft() + QPoint(ToPixels(left), ToPixels(top));
-    const QSize frame = window.frameGeometry().size().expandedTo(window.size());
-    window.move(MovedInto(QRect(corner, frame), area).topLeft());
+    window.move(MovedInto(QRect(corner, window.size() + FrameAround(window)), area).topLeft());
 }
 
 QPoint PlaceOf(const QWidget& window, const Screen& screen)
@@ -52,8 +58,9 @@ void CentreOver(QWidget& window, const Screen& screen, const QWidget& other)
     window.ensurePolished();
     if (window.layout() != nullptr)
         window.layout()->activate();
-    window.resize(window.size().boundedTo(area.size()));
-    QRect rectangle(QPoint(), window.size());
+    const QSize frame = FrameAround(window);
+    window.resize(window.size().boundedTo(area.size() - frame));
+    QRect rectangle(QPoint(), window.size() + frame);
     rectangle.moveCenter(other.frameGeometry().center());
     window.move(MovedInto(rectangle, area).topLeft());
 }

@@ -4,6 +4,7 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 #include <QString>
 
 class QWidget;
@@ -13,8 +14,13 @@ namespace stoikal {
 class Screen;
 class Settings;
 
+/// What the desktop's frame adds to the size of a window, in pixels. It is known
+/// only some time after the window is shown; until then that of the window which
+/// owns it stands for it.
+QSize FrameAround(const QWidget& window);
+
 /// Moves a window to a place in twips from the corner of the work area, and
-/// back into the work area when some of it would lie outside.
+/// back into the work area when some of it, or of its frame, would lie outside.
 void PlaceWindow(QWidget& window, const Screen& screen, Twips left, Twips top);
 
 /// Where a window stands, in twips from the corner of the work area.
@@ -26,7 +32,7 @@ void RestorePlace(QWidget& window, const Screen& screen, const Settings& setting
                   QPoint otherwise);
 
 /// Puts a window over the middle of another, inside the work area, and no larger
-/// than that.
+/// than that with its frame.
 void CentreOver(QWidget& window, const Screen& screen, const QWidget& other);
 
 /// Keeps the place of a window in a section of the settings.

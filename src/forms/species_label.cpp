@@ -32,7 +32,8 @@ QFont SpeciesLabel::FontOf(Height height) const
     QFont small = font();
     if (height != Height::Line) {
         // Small enough to stand off the line, large enough to be read.
-        small.setPointSizeF(std::max(7.5, font().pointSizeF() * 0.76));
+        const double line = font().pointSizeF();
+        small.setPointSizeF(std::min(0.85 * line, std::max(7.5, 0.76 * line)));
     }
     return small;
 }

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QColorDialog>
 #include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -23,7 +24,7 @@ namespace stoikal {
 
 QString QtUserAccount::LoginName() const
 {
-    if (const QString said = qEnvironmentVariable("STOIKAL_USER"); !said.isEmpty())
+    if (QString said = qEnvironmentVariable("STOIKAL_USER"); !said.isEmpty())
         return said;
     const passwd* const entry = ::getpwuid(::getuid());
     return entry == nullptr ? QString() : QString::fromLocal8Bit(entry->pw_name);
@@ -63,6 +64,8 @@ namespace {
 std::optional<Dialogs::Choice> RunFileDialog(QFileDialog& dialog, const Dialogs::Request& request)
 {
     dialog.setObjectName(QStringLiteral("cdgOpen"));
+    // Names are what a file is chosen by; sizes and kinds only squeeze them.
+    dialog.setViewMode(QFileDialog::List);
     dialog.setNameFilters(request.filters);
     if (request.filter >= 0 && request.filter < request.filters.size())
         dialog.selectNameFilter(request.filters.at(request.filter));
@@ -109,6 +112,27 @@ std::optional<QColor> QtDialogs::ChooseColour(QWidget* parent, const QColor& ini
     return dialog.selectedColor();
 }
 
+namespace {
+
+/// When a process started, in the system's ticks; 0 for one that is over. One
+/// that ended keeps its number until somebody asks how it ended: it is over too.
+qint64 StartOfProcess(qint64 number)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(number));
+    if (number <= 0 || !file.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = file.readAll();
+    // "14213 (calc (old)) S 1 ...": the name ends at the last bracket.
+    const QList<QByteArray> fields = text.sliced(text.lastIndexOf(')') + 1).simplified().split(' ');
+    constexpr qsizetype kState = 0;
+    constexpr qsizetype kStart = 19;
+    if (fields.size() <= kStart || fields[kState] == "Z" || fields[kState] == "X")
+        return 0;
+    return fields[kStart].toLongLong();
+}
+
+} // namespace
+
 bool QtPrograms::StartCalculator()
 {
     QStringList commands;
@@ -124,8 +148,10 @@ bool QtPrograms::StartCalculator()
         if (words.isEmpty() || QStandardPaths::findExecutable(words.first()).isEmpty())
             continue;
         const QString program = words.takeFirst();
-        if (QProcess::startDetached(program, words, QString(), &m_calculator))
+        if (QProcess::startDetached(program, words, QString(), &m_calculator)) {
+            m_calculatorStart = StartOfProcess(m_calculator);
             return true;
+        }
     }
     return false;
 }
@@ -155,7 +181,7 @@ bool QtPrograms::EditText(const QString& path)
 
 bool QtPrograms::CalculatorRuns() const
 {
-    return m_calculator > 0 && ::kill(static_cast<pid_t>(m_calculator), 0) == 0;
+    return m_calculatorStart != 0 && StartOfProcess(m_calculator) == m_calculatorStart;
 }
 
 void QtPrograms::CloseCalculator()
@@ -163,6 +189,7 @@ void QtPrograms::CloseCalculator()
     if (CalculatorRuns())
         ::kill(static_cast<pid_t>(m_calculator), SIGTERM);
     m_calculator = 0;
+    m_calculatorStart = 0;
 }
 
 bool QtBrowser::IsOnline() const
@@ -189,9 +216,10 @@ QString QtWebFetch::Site() const
 void QtWebFetch::Get(const QString& address, std::function<void(const QByteArray&)> onSuccess)
 {
     constexpr int kLongestWaitMs = 3000;
-    constexpr qint64 kLargestText = 64 * 1024;
+    constexpr qint64 kLargestText = 65536;
     const QUrl url(address);
-    if (!url.isValid() || url.isRelative())
+    // Only what lies on a server: a file of this machine could make the start wait.
+    if (!url.isValid() || (url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https")))
         return;
     if (m_manager == nullptr)
         m_manager = std::make_unique<QNetworkAccessManager>();

@@ -92,6 +92,7 @@ public:
 private:
     /// Not owned by this program's life: the calculator may outlive it.
     qint64 m_calculator = 0;
+    qint64 m_calculatorStart = 0; ///< when it started: its number may be given to another later
 };
 
 class QtBrowser final : public Browser

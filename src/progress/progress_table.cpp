@@ -90,6 +90,9 @@ private:
             const double mass = TypedNumber(texts.txtMasse[slot]);
             const double volume = TypedNumber(texts.txtVolGaz[slot]);
             const double typedAmount = TypedNumber(amountText);
+            if (mass < 0 || volume < 0 || typedAmount < 0)
+                throw FatalFault(
+                    QStringLiteral("la donnée d'avancement de %1 est négative.").arg(m_table.Molecule[slot]));
             if (mass != 0)
                 amount = mass / CheckedMolarMass(slot);
             if (volume != 0)
@@ -115,9 +118,13 @@ private:
         if (!IsUsed(m_record, 0))
             throw FatalFault(QStringLiteral("l'équation n'a pas de premier réactif."));
         for (std::size_t slot = 0; slot < 6; ++slot) {
-            if (IsUsed(m_record, slot) && m_table.Coeff[slot] == 0) {
+            if (!IsUsed(m_record, slot))
+                continue;
+            if (m_table.Coeff[slot] == 0)
                 throw FatalFault(QStringLiteral("le coefficient de %1 est nul.").arg(m_table.Molecule[slot]));
-            }
+            if (m_table.Coeff[slot] < 0)
+                throw FatalFault(
+                    QStringLiteral("le coefficient de %1 est négatif.").arg(m_table.Molecule[slot]));
         }
     }
 

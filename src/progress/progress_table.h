@@ -83,7 +83,8 @@ ProgressTexts FillProgressTable(const EquationRecord& record);
 /// any datum all is 0. An amount under 1E-8 mol is 0.
 ///
 /// A FatalFault, without a place: a coefficient 0 or a molar mass 0 to divide by,
-/// an amount outside the numbers, an `Xmax` too small for `XmaxScale` (32 bits).
+/// a negative coefficient or datum, an amount outside the numbers, an `Xmax` too small for `XmaxScale` (32
+/// bits).
 ProgressTable ComputeProgress(const EquationRecord& record, const MolarMasses& masses,
                               const ProgressTexts& texts, double molarVolume);
 

@@ -1,6 +1,9 @@
 #include "shell/data_folders.h"
 
+#include "base/file_lock.h"
 #include "base/session_state.h"
+#include "base/system_reason.h"
+#include "base/whole_file.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
@@ -9,6 +12,9 @@
 #include <QFileInfo>
 
 namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// What the user is asked for when the desktop does not tell a folder.
@@ -40,6 +46,18 @@ QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages
         if (tail >= 0)
             return choice->path.first(tail);
     }
+}
+
+/// A copy that the user may change, whatever the rights of the shipped file.
+Outcome<QString> CopyFile(const QString& from, const QString& to)
+{
+    QFile source(from);
+    if (!source.open(QIODevice::ReadOnly))
+        return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(from, FrenchReason(source.errorString()))};
+    const QByteArray bytes = source.readAll();
+    if (source.error() != QFileDevice::NoError)
+        return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(from, FrenchReason(source.errorString()))};
+    return ReplaceFile(to, bytes);
 }
 
 } // namespace
@@ -108,19 +126,35 @@ ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop,
     return {session.DossierDocuments + OwnFolder(), {}};
 }
 
-void SeedEquationFolder(const QString& folder, const Platform& desktop)
+Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& desktop)
 {
-    if (QFileInfo::exists(folder) || !QDir().mkpath(folder))
-        return;
+    if (QFileInfo::exists(folder))
+        return folder;
+    QDir().mkpath(QFileInfo(folder).absolutePath());
+    constexpr int kLockWaitMs = 2000;
+    const FileLock lock(folder, kLockWaitMs);
+    if (!lock.IsHeld())
+        return Failure{u"le dossier qui doit le contenir ne peut pas être écrit"_s};
+    // Filled under another name: a start that is cut short leaves no folder that
+    // would pass for the whole one, and the next start begins again.
+    const QString growing = folder + u".nouveau"_s;
+    if (QFileInfo::exists(folder))
+        return folder;
+    if (!QDir(growing).removeRecursively() || !QDir().mkpath(growing))
+        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(growing)};
     const QStringList seeds = desktop.folders.SeedFiles();
     for (const QString& seed : seeds) {
-        const QString target = WithSeparator(folder) + QFileInfo(seed).fileName();
-        if (!QFileInfo::exists(target) && QFile::copy(seed, target)) {
-            // The shipped files may be read-only; the teacher's copies are his.
-            QFile::setPermissions(
-                target, QFile::permissions(target) | QFileDevice::WriteOwner | QFileDevice::ReadOwner);
+        const auto copied = CopyFile(seed, WithSeparator(growing) + QFileInfo(seed).fileName());
+        if (!copied) {
+            QDir(growing).removeRecursively();
+            return copied;
         }
     }
+    if (!QDir().rename(growing, folder)) {
+        QDir(growing).removeRecursively();
+        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas prendre son nom"_s.arg(growing)};
+    }
+    return folder;
 }
 
 } // namespace stoikal

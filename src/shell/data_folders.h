@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/outcome.h"
+
 #include <QString>
 
 class QWidget;
@@ -29,10 +31,11 @@ struct ResultFolders {
 ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop, Messages& messages,
                                  QWidget* parent);
 
-/// Makes the folder of equation files when it is missing and fills a folder
-/// that was just made with the shipped exercises and tips. What stands there
-/// already is never overwritten.
-void SeedEquationFolder(const QString& folder, const Platform& desktop);
+/// Makes the folder of equation files when it is missing, filled with the shipped
+/// exercises and tips, whole or not at all: two programs that start at once make
+/// one. What stands there already is never overwritten. Returns the folder; fails
+/// with the reason.
+Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& desktop);
 
 /// The folder of a network share that takes the journals, the high scores and
 /// the one password; without a separator at its end. Its name is trimmed: one of

@@ -168,6 +168,16 @@ void ExerciseDesk::ShowExercise()
     m_progress.NoteExerciseShown();
 }
 
+void ExerciseDesk::ShowExerciseInactive()
+{
+    if (m_equation == nullptr)
+        return;
+    m_equation->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_equation->show();
+    m_equation->setAttribute(Qt::WA_ShowWithoutActivating, false);
+    m_progress.NoteExerciseShown();
+}
+
 void ExerciseDesk::HideWindowsOfRun()
 {
     HideExercise();

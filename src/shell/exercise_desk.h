@@ -45,6 +45,8 @@ public:
     void ShowWindowsOfRun();
     void HideExercise();
     void ShowExercise();
+    /// Shows it again and leaves the keyboard to another window.
+    void ShowExerciseInactive();
 
     frmEquation* Exercise() const;
 

@@ -2,13 +2,14 @@
 
 #include "base/session_state.h"
 #include "base/settings_store.h"
+#include "base/system_reason.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 #include "exercise/results_journal.h"
 #include "shell/data_folders.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace stoikal {
 namespace {
@@ -27,14 +28,14 @@ Failure CannotRead(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le fichier du mot de passe ne peut pas être lu :\n%1\n(%2)\n\n"
                            "Vérifiez que le dossier de dépôt est accessible, puis recommencez.")
-                .arg(path, reason)};
+                .arg(path, FrenchReason(reason))};
 }
 
 Failure CannotWrite(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le nouveau mot de passe n'a pas pu être enregistré :\n%1\n(%2)\n\n"
                            "L'ancien mot de passe reste valable.")
-                .arg(path, reason)};
+                .arg(path, FrenchReason(reason))};
 }
 
 } // namespace
@@ -78,14 +79,12 @@ Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
     const QString path = CommonFile();
     const bool isNew = !QFileInfo::exists(path);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return CannotWrite(path, file.errorString());
-    if (isNew)
-        ShareWithFolder(file, DepositFolder(m_state));
-    const QByteArray line = EncodeLine(password) + "\r\n";
-    if (file.write(line) != line.size() || !file.commit())
-        return CannotWrite(path, file.errorString());
+    const auto written = ReplaceFile(path, EncodeLine(password) + "\r\n", [this, isNew](QFileDevice& file) {
+        if (isNew)
+            ShareWithFolder(file, DepositFolder(m_state));
+    });
+    if (!written)
+        return CannotWrite(path, written.Reason());
     return password;
 }
 
@@ -98,7 +97,7 @@ Outcome<QString> PasswordStore::MakeCommonFile() const
             ShareWithFolder(file, DepositFolder(m_state));
         return file.fileName();
     }
-    const QString reason = file.errorString();
+    const QString reason = FrenchReason(file.errorString());
     // A teacher may let the pupils' accounts read his file and not write it.
     if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly))
         return file.fileName();

@@ -20,7 +20,9 @@
 #include <QMenuBar>
 #include <QPixmap>
 #include <QSaveFile>
+#include <QTimer>
 #include <QWindow>
+#include <utility>
 
 namespace stoikal {
 namespace {
@@ -90,9 +92,19 @@ void StartUp::TakeVersionFile(const QByteArray& bytes)
     const QString remote = RemoteVersion(QString::fromUtf8(bytes));
     if (!IsNewer(remote, product::MajorMinor()))
         return;
+    m_newVersion = remote;
+    TellNewVersion();
+}
+
+/// An answer that comes while the window is still being made waits for it.
+void StartUp::TellNewVersion()
+{
+    if (!m_canTell || m_newVersion.isEmpty())
+        return;
+    const QString version = std::exchange(m_newVersion, QString());
     m_session.messages.Information(&m_mainWindow, QStringLiteral("Stoikal - Nouvelle version"),
                                    QStringLiteral("La version %1 de Stoikal est téléchargeable sur\n%2")
-                                       .arg(remote, m_session.desktop.web.Site()));
+                                       .arg(version, m_session.desktop.web.Site()));
 }
 
 void StartUp::SizeMainWindow()
@@ -139,7 +151,12 @@ void StartUp::FindJournal()
         state.FichierResultat = NetworkJournal();
         return;
     }
-    SeedEquationFolder(state.DossierResultats, m_session.desktop);
+    const auto folder = SeedEquationFolder(state.DossierResultats, m_session.desktop);
+    if (!folder) {
+        throw FatalFault(QStringLiteral("le dossier des fichiers d'équations ne peut pas être créé (%1).")
+                             .arg(folder.Reason()),
+                         state.DossierResultats, 0, {});
+    }
     state.FichierResultat = WithSeparator(state.DossierResultats) + QStringLiteral("Resultat.txt");
 }
 
@@ -221,6 +238,8 @@ void StartUp::ShowSplash()
     m_mainWindow.menuBar()->show();
     LoadBackground();
     frmSplash splash(m_session.desktop.folders.Program(), m_session.desktop.user.RealName(), &m_mainWindow);
+    m_canTell = true;
+    QTimer::singleShot(0, this, &StartUp::TellNewVersion);
     splash.exec();
 }
 

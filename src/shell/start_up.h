@@ -31,6 +31,7 @@ Q_SIGNALS:
 private:
     void CheckForNewVersion();
     void TakeVersionFile(const QByteArray& bytes);
+    void TellNewVersion();
     void SizeMainWindow();
     void ChooseBackground();
     void LoadBackground();
@@ -45,6 +46,8 @@ private:
     frmStoikal& m_mainWindow;
     QStringList m_steps;
     QString m_background; ///< path of the picture that fits the screen; empty for none
+    QString m_newVersion; ///< announced and not yet told
+    bool m_canTell = false; ///< the window stands whole, a box may come over it
 };
 
 /// The name of a network journal, one a start: "EQU_dupont_5_3_2016_14_7.txt".

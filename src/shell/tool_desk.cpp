@@ -41,7 +41,7 @@ ToolDesk::ToolDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk,
     , m_calMolMessages(
           session.messages, [&desk] { desk.HideExercise(); },
           [this] {
-              m_desk.ShowExercise();
+              m_desk.ShowExerciseInactive();
               // The keyboard goes on where the formula is typed.
               if (m_calMol != nullptr)
                   m_calMol->activateWindow();

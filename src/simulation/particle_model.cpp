@@ -124,14 +124,14 @@ Point PlaceOne(const ParticleState& state, std::size_t i, const ParticleModel::U
 void ParticleModel::SetInitialCount(std::size_t kind, std::int32_t count)
 {
     if (count < 0)
-        throw FatalFault(QStringLiteral("un nombre de particules est négatif (%1).").arg(count));
+        throw FatalFault::WithoutFile(QStringLiteral("un nombre de particules est négatif (%1).").arg(count));
     m_state.InitialCount.at(kind) = count;
 }
 
 void ParticleModel::PlaceParticles(double width, double height, std::int32_t radius, const Uniform& uniform)
 {
     if (!(width > 0.0) || !(height > 0.0))
-        throw FatalFault(QStringLiteral("le cadre des particules est sans surface."));
+        throw FatalFault::WithoutFile(QStringLiteral("le cadre des particules est sans surface."));
     ParticleState next = m_state;
     next.AspectRatio = width / height;
     next.ParticleRadius = radius;
@@ -157,11 +157,13 @@ void ParticleModel::PlaceParticles(double width, double height, std::int32_t rad
 void ParticleModel::Restore(ParticleState state)
 {
     if (state.ParticleCount < 0 || !ArraysFit(state))
-        throw FatalFault(QStringLiteral("les tableaux des particules n'ont pas la bonne taille."));
+        throw FatalFault::WithoutFile(
+            QStringLiteral("les tableaux des particules n'ont pas la bonne taille."));
     if (state.ParticleRadius < 1)
-        throw FatalFault(QStringLiteral("le rayon des particules est nul (%1).").arg(state.ParticleRadius));
+        throw FatalFault::WithoutFile(
+            QStringLiteral("le rayon des particules est nul (%1).").arg(state.ParticleRadius));
     if (!(state.AspectRatio > 0.0) || !std::isfinite(state.AspectRatio))
-        throw FatalFault(QStringLiteral("le cadre des particules est sans surface."));
+        throw FatalFault::WithoutFile(QStringLiteral("le cadre des particules est sans surface."));
     m_state = std::move(state);
     PrepareTicks();
 }

@@ -51,10 +51,11 @@ double QuotientOfSample(const KindNumbers& counts)
     if (counts[kKindA] == 0)
         return Products(counts) == 0 ? 0 : kQuotientWithoutReactant;
     if (counts[kKindB] == 0) {
-        throw FatalFault(QStringLiteral("division par zéro dans la courbe du quotient de réaction Qr. "
-                                        "Il n'y a aucune particule B alors que A en compte %1\u00A0: "
-                                        "Qr = C x D / (A x B) n'est pas défini.")
-                             .arg(counts[kKindA]));
+        throw FatalFault::WithoutFile(
+            QStringLiteral("division par zéro dans la courbe du quotient de réaction Qr. "
+                           "Il n'y a aucune particule B alors que A en compte %1\u00A0: "
+                           "Qr = C x D / (A x B) n'est pas défini.")
+                .arg(counts[kKindA]));
     }
     return Quotient(counts);
 }

@@ -1,10 +1,11 @@
 #include "tools/text_file.h"
 
+#include "base/system_reason.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace stoikal {
 
@@ -26,10 +27,10 @@ Outcome<QStringList> TextFile::Load()
         return Failure{QStringLiteral("c'est un dossier")};
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
-        return Failure{file.errorString()};
+        return Failure{FrenchReason(file.errorString())};
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return Failure{file.errorString()};
+        return Failure{FrenchReason(file.errorString())};
     m_state = found;
     return DecodeLines(NormaliseTextBytes(bytes));
 }
@@ -39,13 +40,10 @@ Outcome<QString> TextFile::Save(const QStringList& lines)
     QByteArray bytes;
     for (const QString& line : lines)
         bytes += EncodeLine(line) + "\r\n";
-    QSaveFile file(m_path);
-    // Unbuffered: a write that the disk takes only in part must be seen here.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(bytes) != bytes.size()
-        || !file.commit())
-        return Failure{file.errorString()};
-    m_state = Now();
-    return m_path;
+    const auto written = ReplaceFile(m_path, bytes);
+    if (written)
+        m_state = Now();
+    return written;
 }
 
 bool TextFile::HasChangedOutside() const

@@ -442,6 +442,21 @@ TEST_F(FrmSearch, StopsASearchBeforeItGoes)
     EXPECT_FALSE(QFile::exists(output));
 }
 
+TEST_F(FrmSearch, StaysAliveWithinALongFile)
+{
+    constexpr int kLines = 2000;
+    Write(u"a.Equ"_s, QByteArray("H2+O2=H2O/2,1,2\r\n").repeated(kLines));
+    Open();
+    QTimer::singleShot(0, &window, [this] { window.StopSearch(); });
+
+    SearchFor({u"H2"_s});
+
+    const auto found = ListText().count(u"H2+O2=H2O/2,1,2"_s);
+    EXPECT_GT(found, 0);
+    EXPECT_LT(found, kLines);
+    EXPECT_FALSE(ListText().endsWith(End()));
+}
+
 TEST_F(FrmSearch, WritesNothingOfASearchGivenUp)
 {
     Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");

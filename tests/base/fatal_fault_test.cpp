@@ -70,6 +70,18 @@ TEST(FatalFault, GetsAPlaceLaterButNeverLosesItsOwn)
     EXPECT_EQ(again.LineText(), u"A=B"_s);
 }
 
+TEST(FatalFault, TakesNoPlaceWhereNoFileIsAtFault)
+{
+    const FatalFault fault = FatalFault::WithoutFile(u"division par zéro."_s);
+
+    const FatalFault placed = fault.At(u"a.Equ"_s, 4, u"A=B"_s);
+
+    EXPECT_EQ(placed.Cause(), u"division par zéro."_s);
+    EXPECT_EQ(placed.File(), QString());
+    EXPECT_EQ(placed.Line(), 0);
+    EXPECT_FALSE(placed.MessageText().contains(u"Ligne"_s));
+}
+
 TEST(FatalFault, IsAnExceptionThatTellsItsCauseInUtf8)
 {
     try {

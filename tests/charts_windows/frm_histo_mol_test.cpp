@@ -3,6 +3,8 @@
 #include "base/fatal_fault.h"
 
 #include <QFontMetricsF>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <gtest/gtest.h>
 
 namespace stoikal {
@@ -320,6 +322,31 @@ TEST(FrmHistoMol, ProgressPastThirtyTwoBitsIsAFault)
     const ProgressTable table = OneToOne(3e6); // 3 x 10^9 steps.
 
     EXPECT_THROW(frmHistoMol(table, {clipboard, u','}, nullptr), FatalFault);
+}
+
+TEST(FrmHistoMol, IsWalkedRoundByTheKeyboardInTheMainArea)
+{
+    HistoMolBench bench;
+    QMdiArea area;
+    QMdiSubWindow* const child = area.addSubWindow(bench.window.release());
+    area.show();
+    child->showMaximized();
+    child->widget()->setFocus();
+    Settle();
+    const auto walk = [](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        QStringList walked;
+        for (int i = 0; i < 7; ++i) {
+            walked << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        }
+        return walked.join(u' ');
+    };
+
+    EXPECT_EQ(walk(Qt::Key_Tab, Qt::NoModifier),
+              u"sldAnim chkMask cmdCopy(1) cmdCopy(0) optCourbe(0) chkAnim cmdRAZ"_s);
+    EXPECT_EQ(walk(Qt::Key_Backtab, Qt::ShiftModifier),
+              u"sldAnim cmdRAZ chkAnim optCourbe(0) cmdCopy(0) cmdCopy(1) chkMask"_s);
+    delete child;
 }
 
 } // namespace stoikal

@@ -293,7 +293,7 @@ TEST(HistogramPicture, IsDrawnFromNothingEachTime)
 
 TEST(HistogramPicture, TextsNeverCoverEachOther)
 {
-    for (const QSize& size : {QSize(512, 520), QSize(640, 560), QSize(960, 850)}) {
+    for (const QSize& size : {QSize(470, 336), QSize(512, 520), QSize(960, 850)}) {
         for (const Ordinate ordinate : {Ordinate::Amount, Ordinate::Mass}) {
             Surface surface(size);
             PaintHistogramOf(surface, SixSpecies(), 0.05, ordinate);
@@ -473,7 +473,7 @@ TEST(CurvePicture, SpeciesStandAtTheEndsOfTheirCurves)
 
 TEST(CurvePicture, TextsNeverCoverEachOther)
 {
-    for (const QSize& size : {QSize(512, 520), QSize(640, 560), QSize(960, 850)}) {
+    for (const QSize& size : {QSize(470, 336), QSize(512, 520), QSize(960, 850)}) {
         for (const Ordinate ordinate : {Ordinate::Amount, Ordinate::Mass}) {
             for (int part = 0; part <= 10; ++part) {
                 Surface surface(size);

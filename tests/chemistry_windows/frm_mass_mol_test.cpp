@@ -388,7 +388,7 @@ TEST_F(FrmMassMol, ComesBackIntoSightFromAScreenThatIsGone)
     Open();
 
     EXPECT_EQ(window->y(), 0);
-    EXPECT_EQ(window->x() + window->width(), 1024);
+    EXPECT_EQ(window->frameGeometry().right(), 1023);
 }
 
 TEST_F(FrmMassMol, MovesUpJustEnoughToStayWithinTheMainWindow)

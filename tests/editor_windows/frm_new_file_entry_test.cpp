@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QTabBar>
 
 namespace stoikal {
 
@@ -154,12 +155,77 @@ TEST_F(FrmNewFileEntry, NameLosesAllFromAPointOnWhileItIsTyped)
 {
     Type(Line("txtNameFile"), u"serie.equ"_s);
 
-    EXPECT_EQ(Line("txtNameFile").text(), u"serieequ"_s) << "the point goes the moment it is typed";
+    EXPECT_EQ(Line("txtNameFile").text(), u"serie"_s);
+
+    Line("txtNameFile").clear();
+    Type(Line("txtNameFile"), u"Suite.AVT"_s);
+    EXPECT_EQ(Line("txtNameFile").text(), u"Suite"_s);
 
     Line("txtNameFile").clear();
     QApplication::clipboard()->setText(u"serie.equ"_s);
     Press(Line("txtNameFile"), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Line("txtNameFile").text(), u"serie"_s);
+}
+
+TEST_F(FrmNewFileEntry, WhatFollowsAPointAndIsNoExtensionStaysInTheName)
+{
+    Type(Line("txtNameFile"), u"serie.2"_s);
+    EXPECT_EQ(Line("txtNameFile").text(), u"serie2"_s);
+
+    Line("txtNameFile").clear();
+    Type(Line("txtNameFile"), u"serie.avant"_s);
+    EXPECT_EQ(Line("txtNameFile").text(), u"serieavant"_s);
+}
+
+TEST_F(FrmNewFileEntry, NameHasTheKeyboardFirstAndTheEquationComesBehindIt)
+{
+    EXPECT_TRUE(Line("txtNameFile").hasFocus());
+
+    Press(Line("txtNameFile"), Qt::Key_Tab);
+    EXPECT_TRUE(Button("optType", 0).hasFocus());
+    Press(Button("optType", 0), Qt::Key_Tab);
+    EXPECT_TRUE(Tabs().tabBar()->hasFocus());
+    Press(*Tabs().tabBar(), Qt::Key_Tab);
+    EXPECT_TRUE(Box(0).hasFocus());
+}
+
+TEST_F(FrmNewFileEntry, KeysOfATabLeadIntoItsPage)
+{
+    Press(Line("txtNameFile"), Qt::Key_F, Qt::AltModifier);
+    Settle();
+    EXPECT_TRUE(Box(0).hasFocus());
+
+    Line("txtNameFile").setFocus();
+    Press(Line("txtNameFile"), Qt::Key_P, Qt::AltModifier);
+    Settle();
+    EXPECT_EQ(Tabs().currentIndex(), 1);
+    EXPECT_TRUE(Button("chkEtat", 0).hasFocus());
+
+    // From page to page it is the first control again, not the one used last.
+    Press(Button("chkEtat", 0), Qt::Key_F, Qt::AltModifier);
+    Settle();
+    Box(4).setFocus();
+    Press(Box(4), Qt::Key_P, Qt::AltModifier);
+    Settle();
+    Press(Button("chkEtat", 0), Qt::Key_F, Qt::AltModifier);
+    Settle();
+    EXPECT_TRUE(Box(0).hasFocus());
+}
+
+TEST_F(FrmNewFileEntry, TabReachesTheFirstStateWhenNoneIsChosen)
+{
+    WriteWater();
+    Tab(1);
+    Click(Button("chkEtat", 0));
+    Click(Button("optEtat", 2));
+    Click(Button("cmdInsEqu"));
+    WriteCoal();
+    Tab(1);
+    Click(Button("chkEtat", 0));
+
+    Press(Button("chkEtat", 0), Qt::Key_Tab);
+
+    EXPECT_TRUE(Button("optEtat", 0).hasFocus());
 }
 
 TEST_F(FrmNewFileEntry, EveryFieldHasAnAccessibleName)

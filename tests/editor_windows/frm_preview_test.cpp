@@ -1,5 +1,7 @@
 #include "editor_windows/editor_bench.h"
 
+#include <QTextBlock>
+
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
@@ -63,6 +65,28 @@ TEST_F(FrmPreview, NamesTheCauseOfAFailure)
         u"\n\n1) 0 H2 -----> 0 O2\n"
         "               ECHEC : il n'y a pas les mêmes types d'atomes dans les réactifs et les produits : "
         "l'atome H présent dans les réactifs n'est pas présent dans les produits.\n\n"_s);
+}
+
+TEST_F(FrmPreview, CauseOfTheFailureStandsInSight)
+{
+    QByteArray lines;
+    for (int number = 1; number <= 30; ++number)
+        lines += number == 20 ? "H2=O2/1,1\r\n" : "C+O2=CO2/1,1,1\r\n";
+    OpenFile(lines);
+    MoveTo(20);
+    Click(Button("chkPreview"));
+    Click(Button("chkPreview"));
+    settings.Write(u"Preview Window"_s, u"Height"_s, u"2250"_s);
+    Click(Button("chkPreview"));
+
+    MoveTo(21);
+    MoveTo(20);
+
+    auto& text = Control<QPlainTextEdit>(*Preview(), "txtResult");
+    const QTextCursor cause = text.document()->find(u"ECHEC"_s);
+    ASSERT_FALSE(cause.isNull());
+    EXPECT_TRUE(text.viewport()->rect().contains(text.cursorRect(cause)));
+    EXPECT_TRUE(text.textCursor().block().text().startsWith(u"20) "_s));
 }
 
 TEST_F(FrmPreview, RefreshingAsksNoQuestion)
@@ -164,8 +188,8 @@ TEST_F(FrmPreview, IsBroughtBackIntoTheScreen)
     Click(Button("chkPreview"));
 
     EXPECT_EQ(Preview()->size(), QSize(400, 300));
-    // 1024 - 400 pixels from the left.
-    EXPECT_EQ(Preview()->pos(), QPoint(624, 0));
+    // At the upper right of 1024 pixels, with its frame.
+    EXPECT_EQ(Preview()->frameGeometry().topRight(), QPoint(1023, 0));
 }
 
 TEST_F(FrmPreview, WithoutAKeptPlaceItHidesNothingOfTheEditor)

@@ -1,4 +1,5 @@
 #include "exercise/equation_bench.h"
+#include "forms/species_label.h"
 
 namespace stoikal {
 
@@ -47,6 +48,8 @@ protected:
 };
 
 const QByteArray kWater = "H2+O2=H2O/2,1,2\n";
+const QByteArray kSixLong = "Al2(SO4)3(H2O)18{4-}+(NH4)2Al2(SO4)4{2-}+Fe2(SO4)3(OH)2{3+}"
+                            "=Al2(SO4)3(H2O)18{4-}+(NH4)2Al2(SO4)4{2-}+Fe2(SO4)3(OH)2{3+}/1,1,1,1,1,1\n";
 const QByteArray kProgress = "H2<g>+O2<g>=H2O<l>/2,1,2#Q1,Q2,Q0\nC+O2=CO2/1,1,1\n";
 
 } // namespace
@@ -120,6 +123,41 @@ TEST_F(FrmEquationLayout, HasRoomForTheWholeTextOfEachSpecies)
         const int text = QFontMetrics(Species(slot).font()).horizontalAdvance(Species(slot).text());
         EXPECT_NEAR(Species(slot).width(), 1.4 * text, 2.0) << slot;
     }
+}
+
+TEST_F(FrmEquationLayout, ShowsSixLongSpeciesWholeOnANarrowScreen)
+{
+    for (const int across : {1366, 1024, 800}) {
+        session.LargeurUtile = FromPixels(across) - 50;
+        Open(kSixLong);
+
+        EXPECT_LE(window->width(), across) << across;
+        int end = 0;
+        for (int slot = 0; slot < 6; ++slot) {
+            auto& species = static_cast<SpeciesLabel&>(Species(slot));
+            EXPECT_GE(species.width(), species.DrawnWidth() + 2) << across << ", " << slot;
+            const int digits = QFontMetrics(Box(slot).font()).horizontalAdvance(u"00"_s);
+            EXPECT_GE(Box(slot).width(), digits + 10) << across << ", " << slot;
+            EXPECT_GE(Box(slot).x(), end) << across << ", " << slot;
+            end = species.geometry().right();
+        }
+        EXPECT_LE(end, window->width()) << across;
+    }
+}
+
+TEST_F(FrmEquationLayout, TakesTheUsualTypeAgainAfterALongEquation)
+{
+    session.LargeurUtile = FromPixels(800) - 50;
+    Open(kSixLong + kWater);
+    const QFont small = Species(0).font();
+    EXPECT_EQ(Box(0).font(), small);
+    Answer({}); // empty boxes count 1
+    ASSERT_EQ(window->windowTitle(), u"Equation n°2"_s);
+
+    // Formulas are two points larger than the words.
+    EXPECT_LT(small.pointSizeF(), window->font().pointSizeF() + 2);
+    EXPECT_EQ(Species(0).font().pointSizeF(), window->font().pointSizeF() + 2);
+    EXPECT_EQ(Box(0).font().pointSizeF(), window->font().pointSizeF() + 2);
 }
 
 TEST_F(FrmEquationLayout, StandsInTheMiddleAtTheLowerEdge)

@@ -218,6 +218,27 @@ TEST_F(FrmNote, GrowsForTheTableAndShrinksAgain)
     EXPECT_EQ(window->y(), 189);
 }
 
+TEST_F(FrmNote, LeavesTheTableItsRowsOnALowScreen)
+{
+    // 768 pixels at a scale of 150 %.
+    screen.area = QRect(0, 0, 1024, 512);
+    Open(frmNote::Earned{10, 12.3});
+    const QSize choices = Control<QGroupBox>(*window, "fraChoix").size();
+    Click(Best());
+    Settle();
+
+    EXPECT_LE(window->height(), 512 - 32); // a title bar of 32
+    // 480 less 340 above the table would leave its 13 rows 10 pixels each.
+    EXPECT_GE(Table().height(), 13 * 15);
+    EXPECT_EQ(Control<QGroupBox>(*window, "fraChoix").size(), choices);
+    EXPECT_LT(Label("lblInfo").geometry().bottom(), Label("lblNote").y());
+    EXPECT_LE(Best().mapTo(window.get(), Best().rect().bottomLeft()).y(), Table().y());
+
+    Click(Best());
+    Settle();
+    EXPECT_EQ(window->height(), 340);
+}
+
 TEST_F(FrmNote, StacksItsTexts)
 {
     Open(frmNote::Earned{10, 12.3});

@@ -255,4 +255,25 @@ TEST(Messages, EscapeClosesAnInformation)
     EXPECT_EQ(OpenBox(), nullptr);
 }
 
+TEST(Messages, GivesTheKeyboardBackToTheWindowThatHadIt)
+{
+    QWidget mainWindow;
+    mainWindow.show();
+    QWidget floating(&mainWindow, Qt::Tool);
+    floating.show();
+    floating.activateWindow();
+    Settle();
+    ASSERT_TRUE(floating.isActiveWindow());
+    Reader reader([&mainWindow](QMessageBox& box) {
+        box.button(QMessageBox::Ok)->click();
+        mainWindow.activateWindow(); // As some desktops do.
+    });
+
+    DesktopMessages messages;
+    messages.Warning(&floating, u"Titre"_s, u"Texte"_s);
+    Settle();
+
+    EXPECT_TRUE(floating.isActiveWindow());
+}
+
 } // namespace stoikal

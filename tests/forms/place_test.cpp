@@ -81,6 +81,27 @@ TEST(PlaceWindow, BringsALostWindowBack)
     EXPECT_EQ(window.pos(), QPoint(600, 50)); // 900 - 300; the upper edge.
 }
 
+TEST(PlaceWindow, CountsTheFrameOfAWindowNotShownYet)
+{
+    FakeScreen screen;
+    screen.area = kArea;
+    QWidget owner;
+    owner.setGeometry(200, 100, 400, 300);
+    owner.show();
+    Settle();
+    const QSize frame = owner.frameGeometry().size() - owner.size();
+    ASSERT_GT(frame.height(), 0);
+    QWidget window(&owner, Qt::Tool);
+    window.resize(300, 200);
+
+    PlaceWindow(window, screen, 57600, 57600);
+    window.show();
+    Settle();
+
+    EXPECT_EQ(window.pos(), QPoint(600 - frame.width(), 450 - frame.height())); // 900 - 300, 650 - 200.
+    EXPECT_EQ(window.frameGeometry().bottomRight(), QPoint(899, 649));
+}
+
 TEST(CentreOver, PutsAWindowOverTheMiddleOfAnother)
 {
     FakeScreen screen;
@@ -110,6 +131,28 @@ TEST(CentreOver, KeepsAWindowInsideTheWorkAreaAndNoLarger)
 
     EXPECT_EQ(window.size(), QSize(800, 100));
     EXPECT_EQ(window.pos(), QPoint(100, 50));
+}
+
+TEST(CentreOver, CountsTheFrameOfAWindowNotShownYet)
+{
+    FakeScreen screen;
+    screen.area = kArea;
+    QWidget owner;
+    owner.setGeometry(200, 400, 400, 240);
+    owner.show();
+    Settle();
+    const QSize frame = owner.frameGeometry().size() - owner.size();
+    ASSERT_GT(frame.height(), 0);
+    QWidget window(&owner, Qt::Tool);
+    window.resize(300, 2000);
+
+    CentreOver(window, screen, owner);
+    window.show();
+    Settle();
+
+    EXPECT_EQ(window.height(), 600 - frame.height());
+    EXPECT_EQ(window.frameGeometry().top(), 50);
+    EXPECT_EQ(window.frameGeometry().bottom(), 649);
 }
 
 TEST(PlaceOf, IsWhatPlaceWindowTakes)

@@ -145,14 +145,28 @@ TEST(SpeciesLabel, SmallPrintStaysReadable)
 {
     Label label;
     QFont tiny = label.font();
-    tiny.setPointSizeF(8);
+    tiny.setPointSizeF(9);
     label.setFont(tiny);
     label.SetSpecies(u"2"_s, {Height::Subscript});
 
     QFont least = tiny;
-    least.setPointSizeF(7.5); // Not 8 x 0.76 = 6.1.
+    least.setPointSizeF(7.5); // Not 9 x 0.76 = 6.8.
 
     EXPECT_NEAR(label.DrawnWidth(), QFontMetricsF(least).horizontalAdvance(u"2"_s), 0.01);
+}
+
+TEST(SpeciesLabel, SmallPrintIsSmallerThanATinyLine)
+{
+    Label label;
+    QFont tiny = label.font();
+    tiny.setPointSizeF(6);
+    label.setFont(tiny);
+    label.SetSpecies(u"2"_s, {Height::Subscript});
+
+    QFont smaller = tiny;
+    smaller.setPointSizeF(5.1); // 0.85 x 6, not 7.5
+
+    EXPECT_NEAR(label.DrawnWidth(), QFontMetricsF(smaller).horizontalAdvance(u"2"_s), 0.01);
 }
 
 } // namespace stoikal

@@ -6,6 +6,7 @@
 #include <QColorDialog>
 #include <QFile>
 #include <QTemporaryDir>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace stoikal {
@@ -112,6 +113,78 @@ TEST(QtProgramsEditor, MayBeMissing)
     const Variable none("STOIKAL_EDITOR", QString());
 
     EXPECT_FALSE(QtPrograms().EditText(u"/srv/a.txt"_s));
+}
+
+namespace {
+
+/// A calculator that notes its process and what it was given, and stays.
+struct CalculatorProgram {
+    QTemporaryDir folder;
+    QString note = folder.filePath(u"note"_s);
+    QString path = folder.filePath(u"calc (old)"_s);
+
+    CalculatorProgram()
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const QByteArray target = note.toLocal8Bit();
+        file.write("#!/bin/sh\n/bin/echo \"$$ $1\" > '" + target + ".part'\n/bin/mv '" + target + ".part' '"
+                   + target + "'\nexec /bin/sleep 300\n");
+        EXPECT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+
+    QString Note() const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return QFile::exists(note); }, 60000));
+        QFile file(note);
+        return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()).trimmed() : QString();
+    }
+};
+
+} // namespace
+
+TEST(QtProgramsCalculator, IsSeenToBeClosedByItsUser)
+{
+    const CalculatorProgram calculator;
+    const Variable command("STOIKAL_CALCULATOR", u"\"%1\" \"two words\""_s.arg(calculator.path));
+    QtPrograms programs;
+    EXPECT_FALSE(programs.CalculatorRuns());
+
+    ASSERT_TRUE(programs.StartCalculator());
+
+    const QString note = calculator.Note();
+    EXPECT_EQ(note.section(u' ', 1), u"two words"_s);
+    EXPECT_TRUE(programs.CalculatorRuns());
+    ASSERT_EQ(::kill(note.section(u' ', 0, 0).toInt(), SIGKILL), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !programs.CalculatorRuns(); }, 20000));
+}
+
+TEST(QtProgramsCalculator, IsClosedByTheProgram)
+{
+    const CalculatorProgram calculator;
+    const Variable command("STOIKAL_CALCULATOR", u"\"%1\""_s.arg(calculator.path));
+    QtPrograms programs;
+    ASSERT_TRUE(programs.StartCalculator());
+    const QString number = calculator.Note().section(u' ', 0, 0);
+
+    programs.CloseCalculator();
+
+    EXPECT_FALSE(programs.CalculatorRuns());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&number] {
+            QFile state(u"/proc/%1/stat"_s.arg(number));
+            return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
+        },
+        20000));
+}
+
+TEST(QtProgramsCalculator, MayBeMissing)
+{
+    const Variable command("STOIKAL_CALCULATOR", u"/no/such/calculator"_s);
+    QtPrograms programs;
+
+    EXPECT_FALSE(programs.StartCalculator());
+    EXPECT_FALSE(programs.CalculatorRuns());
 }
 
 TEST(QtDialogsColour, BeginsWithTheColourAndOffersTheOwnOnes)

@@ -396,6 +396,13 @@ TEST(ComputeProgress, EndsAtACoefficientOfZero)
     EXPECT_EQ(CauseOf(u"C+O2=CO2/x,1,1#Q1"_s), u"le coefficient de C est nul."_s);
 }
 
+TEST(ComputeProgress, EndsAtWhatIsNegative)
+{
+    // Judged against a negative amount, every answer would be right.
+    EXPECT_EQ(CauseOf(u"C+O2=CO2/1,1,1#Q1,V-2"_s), u"la donnée d'avancement de O2 est négative."_s);
+    EXPECT_EQ(CauseOf(u"C+O2=CO2/1,1,-1#Q1"_s), u"le coefficient de CO2 est négatif."_s);
+}
+
 TEST(ComputeProgress, EndsAtAMassOfASpeciesWithoutAtoms)
 {
     EXPECT_EQ(CauseOf(u"e+O2=CO2/1,1,1#M1"_s), u"la masse molaire de e est nulle."_s);

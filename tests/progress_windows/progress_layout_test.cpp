@@ -210,4 +210,34 @@ TEST_F(ProgressLayout, NamesItsBoxesForReaders)
     EXPECT_EQ(Drawings().toolTip(), u"Pour accéder à la fenêtre de simulation"_s);
 }
 
+TEST_F(ProgressLayout, MakesALongIntermediateTextSmallerUntilItFits)
+{
+    OpenSimulation(kCarbon);
+    ProgressBox& box = Cell("txtQmati", 0);
+    const double usual = box.font().pointSizeF();
+    const int height = box.height();
+
+    FillRow("txtQmat0", {u"0,0198812"_s});
+
+    EXPECT_EQ(box.text(), u"0,0198812-1*xmax"_s);
+    EXPECT_LT(box.font().pointSizeF(), usual);
+    EXPECT_LT(QFontMetrics(box.font()).horizontalAdvance(box.text()), box.width() - 6);
+    EXPECT_EQ(box.toolTip(), QString());
+    EXPECT_EQ(box.height(), height);
+
+    FillRow("txtQmat0", {u"2"_s});
+
+    EXPECT_EQ(box.font().pointSizeF(), usual);
+}
+
+TEST_F(ProgressLayout, TellsInATipWhatNoTypeMakesFit)
+{
+    OpenSimulation(kCarbon);
+    const QString amount(30, u'1');
+
+    FillRow("txtQmat0", {amount});
+
+    EXPECT_EQ(Cell("txtQmati", 0).toolTip(), amount + u"-1*xmax"_s);
+}
+
 } // namespace stoikal

@@ -79,6 +79,17 @@ protected:
 
 } // namespace
 
+TEST_F(ChemistryTools, KeepTheElementInFocusWhenTheTableIsMadeSmall)
+{
+    ChooseAndSettle("Mnu_Tableau");
+    ASSERT_EQ(QApplication::focusWidget(), &Cell(0));
+
+    Window("frmTableauPeriodique").parentWidget()->showNormal();
+    Settle();
+
+    EXPECT_EQ(QApplication::focusWidget(), &Cell(0));
+}
+
 TEST_F(ChemistryTools, TheTableOpensMaximisedAndIsMarked)
 {
     ChooseAndSettle("Mnu_Tableau");
@@ -214,7 +225,7 @@ TEST_F(ChemistryTools, TheDataComeBackIntoSightFromAScreenThatIsGone)
 
     const QWidget& data = Window("frmDataAtomes");
     EXPECT_EQ(data.y(), 0);
-    EXPECT_EQ(data.x() + data.width(), 1024);
+    EXPECT_EQ(data.frameGeometry().right(), 1023);
 }
 
 TEST_F(ChemistryTools, ClosingAFileTakesTheDataAway)
@@ -278,7 +289,7 @@ TEST_F(ChemistryTools, TheMassCalculatorComesBackIntoSightFromAScreenThatIsGone)
 
     const QWidget& calculator = Window("frmCalMol");
     EXPECT_EQ(calculator.x(), 0);
-    EXPECT_EQ(calculator.y() + calculator.height(), 768);
+    EXPECT_EQ(calculator.frameGeometry().bottom(), 767);
 }
 
 TEST_F(ChemistryTools, TheMassCalculatorFloatsOverARun)
@@ -317,6 +328,36 @@ TEST_F(ChemistryTools, TheExerciseNeverCoversABoxOfTheMassCalculator)
     EXPECT_TRUE(Window("frmCalMol").isActiveWindow());
     EXPECT_TRUE(Formula().hasFocus());
     EXPECT_EQ(ends, 0);
+}
+
+TEST_F(ChemistryTools, TheExerciseComesBackWithoutTakingTheKeyboardFromTheMassCalculator)
+{
+    /// How a window asks to be shown.
+    struct Showing : QObject {
+        int times = 0;
+        int withoutActivating = 0;
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            if (event->type() == QEvent::Show) {
+                ++times;
+                if (static_cast<QWidget*>(watched)->testAttribute(Qt::WA_ShowWithoutActivating))
+                    ++withoutActivating;
+            }
+            return false;
+        }
+    };
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+    ChooseAndSettle("Mnu_CalMol");
+    Showing showing;
+    Exercise().installEventFilter(&showing);
+
+    Type(Formula(), u"Xy"_s);
+    Settle();
+
+    EXPECT_EQ(showing.times, 1);
+    EXPECT_EQ(showing.withoutActivating, 1);
+    EXPECT_FALSE(Exercise().testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_TRUE(Formula().hasFocus());
 }
 
 TEST_F(ChemistryTools, TheMassCalculatorTellsAnUnknownSymbolWithoutARun)

@@ -58,7 +58,7 @@ protected:
         }
     }
 
-    void Seed() { SeedEquationFolder(own, desktop.Doors()); }
+    void Seed() { EXPECT_TRUE(SeedEquationFolder(own, desktop.Doors()).Succeeded()); }
 
     const QString own = folder.filePath(u"documents/Tovik_MARLEN/Stoikal"_s);
 };
@@ -270,6 +270,32 @@ TEST_F(EquationFolder, IsLeftAsItStandsWhenItWasThereBefore)
 
     EXPECT_EQ(QDir(own).entryList(QDir::Files), QStringList{u"Serie.Equ"_s});
     EXPECT_EQ(BytesOf(own + u"/Serie.Equ"_s), QByteArray("the teacher's"));
+}
+
+TEST_F(EquationFolder, IsBegunAgainWhenAnEarlierStartWasCutShort)
+{
+    QDir().mkpath(own + u".nouveau"_s);
+    WriteBytes(own + u".nouveau/Serie.Equ"_s, "half of");
+    WriteBytes(own + u".nouveau/Autre.Equ"_s, "half of");
+
+    Seed();
+
+    EXPECT_EQ(QDir(own).entryList(QDir::Files, QDir::Name),
+              QStringList({u"Combustions.Equ"_s, u"Serie.Equ"_s, u"TipOfDayEqChm.txt"_s}));
+    EXPECT_EQ(BytesOf(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
+    EXPECT_FALSE(QFileInfo::exists(own + u".nouveau"_s));
+}
+
+TEST_F(EquationFolder, IsNotMadeWhenAFileCannotBeCopied)
+{
+    desktop.folders.seeds << u"/nowhere/Perdu.Equ"_s;
+
+    const auto seeded = SeedEquationFolder(own, desktop.Doors());
+
+    ASSERT_FALSE(seeded.Succeeded());
+    EXPECT_TRUE(seeded.Reason().contains(u"/nowhere/Perdu.Equ"_s)) << seeded.Reason().toStdString();
+    EXPECT_FALSE(QFileInfo::exists(own));
+    EXPECT_FALSE(QFileInfo::exists(own + u".nouveau"_s));
 }
 
 } // namespace stoikal

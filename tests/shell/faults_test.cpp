@@ -322,6 +322,16 @@ TEST_F(FaultPlace, StaysWhereAFaultHasOne)
     EXPECT_EQ(placed.Line(), 7);
 }
 
+TEST_F(FaultPlace, IsNotTheExerciseWhereNoFileIsAtFault)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+
+    const FatalFault placed = shell->WithPlace(FatalFault::WithoutFile(u"cause"_s));
+
+    EXPECT_EQ(placed.File(), QString());
+    EXPECT_EQ(placed.Line(), 0);
+}
+
 TEST_F(FaultPlace, IsNowhereWithoutARun)
 {
     EXPECT_EQ(shell->WithPlace(FatalFault(u"cause"_s)).File(), QString());

@@ -5,6 +5,8 @@
 #include "shell/help_topics.h"
 #include "shell/windows/frm_about.h"
 
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTabWidget>
 #include <map>
 
@@ -120,6 +122,19 @@ TEST_F(HelpDeskTest, F1OfBothAtomWindowsOpensTheSamePage)
     }
 }
 
+TEST_F(HelpDeskTest, F1IsAboutTheChildInFrontWhenOnlyItsFrameHasTheKeys)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+    QWidget* const frame = FindWindow("frmProduit")->parentWidget();
+    Choose("Mnu_Help_Contents");
+    ASSERT_EQ(PageTitle(), u"Bienvenue dans Stoikal"_s);
+
+    shell->MainWindow().Area().setActiveSubWindow(dynamic_cast<QMdiSubWindow*>(frame));
+    Press(*frame, Qt::Key_F1);
+
+    EXPECT_EQ(PageTitle(), u"Les atomes des réactifs et des produits"_s);
+}
+
 TEST_F(HelpDeskTest, F1InAModalWindowOpensAHelpThatCanBeUsed)
 {
     script.On("frmAbout", [this](QWidget& about) {
@@ -135,6 +150,26 @@ TEST_F(HelpDeskTest, F1InAModalWindowOpensAHelpThatCanBeUsed)
     Settle();
 
     EXPECT_EQ(PageTitle(), u"Bienvenue dans Stoikal"_s);
+}
+
+TEST_F(HelpDeskTest, ClosedHelpLeavesTheKeysToTheWindowThatAsked)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+    QWidget* const window = Exercise().window();
+    window->activateWindow();
+    Control<QWidget>(Exercise(), "txtCoef(1)").setFocus();
+    Settle();
+
+    Press(Exercise(), Qt::Key_F1);
+    Settle();
+    ASSERT_EQ(QApplication::activeWindow(), &Help());
+    shell->MainWindow().raise();
+    Help().close();
+    Settle();
+
+    EXPECT_EQ(QApplication::activeWindow(), window);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"txtCoef(1)"_s);
 }
 
 TEST_F(HelpDeskTest, F1InTheHelpTellsHowToUseIt)

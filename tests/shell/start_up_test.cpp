@@ -7,8 +7,10 @@
 #include <QImage>
 #include <QLabel>
 #include <QMdiArea>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTimer>
 
 namespace stoikal {
 
@@ -324,6 +326,25 @@ TEST_F(VersionCheck, TellsANewerVersionWhenTheAnswerComes)
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Information);
     EXPECT_EQ(messages.shown[0].text,
               u"La version 4.1 de Stoikal est téléchargeable sur\nhttp://maker.example"_s);
+}
+
+TEST_F(VersionCheck, KeepsAQuickAnswerUntilTheWindowIsWhole)
+{
+    LeaveTheSplash();
+    MakeShell();
+    // Whatever lets events through on the way finds the answer waiting.
+    QTimer::singleShot(0, &shell->MainWindow(), [this] { desktop.web.onSuccess("version=4.1"); });
+    int told = 0;
+    messages.whileOpen = [this, &told](const Message&) {
+        ++told;
+        EXPECT_FALSE(shell->MainWindow().menuBar()->isHidden());
+        EXPECT_TRUE(shell->Starter().Steps().contains(u"splash"_s));
+    };
+
+    shell->Start();
+    Settle();
+
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(VersionCheck, SaysNothingAboutTheSameOrAnOlderVersion)

@@ -293,6 +293,25 @@ TEST_P(EachTool, AsksForItsOwnHelpPage)
     EXPECT_EQ(topics, QList<int>{isExpert ? 1000 : 1100});
 }
 
+TEST_F(Tools, KeepTheFocusWhenTheirWindowIsRestored)
+{
+    ChooseAndSettle("Mnu_Balance");
+    Molecule("frmExpert", 1).setFocus();
+    Type(Molecule("frmExpert", 1), u"H2"_s);
+    Settle();
+    Molecule("frmExpert", 1).deselect();
+
+    Tool("frmExpert").parentWidget()->showNormal();
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), &Molecule("frmExpert", 1));
+    // The next key goes on behind the formula and does not replace it.
+    EXPECT_FALSE(Molecule("frmExpert", 1).hasSelectedText());
+
+    Tool("frmExpert").parentWidget()->showMaximized();
+    Settle();
+    EXPECT_EQ(QApplication::focusWidget(), &Molecule("frmExpert", 1));
+}
+
 TEST_F(Tools, StandSideBySideWithTheirOwnMarks)
 {
     ChooseAndSettle("Mnu_Balance");

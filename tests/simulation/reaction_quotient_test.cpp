@@ -91,6 +91,17 @@ TEST(QuotientOfSample, NamesTheDivisionInItsFault)
     }
 }
 
+TEST(QuotientOfSample, BlamesNoFileForItsDivision)
+{
+    try {
+        static_cast<void>(QuotientOfSample({12, 0, 60, 30, 0}));
+        FAIL() << "no fault";
+    } catch (const FatalFault& fault) {
+        // The exercise that is open beside the simulation has nothing to do with it.
+        EXPECT_EQ(fault.At(u"/depot/chimie1.Avt"_s, 3, u"A=B"_s).File(), QString());
+    }
+}
+
 TEST(QuotientOfNewestSample, Is10000OnAWithoutB)
 {
     EXPECT_EQ(QuotientOfNewestSample({20, 0, 60, 30, 0}), 10000);

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QStringList>
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace stoikal {
@@ -182,7 +183,8 @@ struct FakeClipboard final : Clipboard {
 
 struct FakeRandomness final : Randomness {
     double next = 0;
-    double Uniform() override { return next; }
+    std::function<double()> draw; ///< instead of `next`, where numbers must differ
+    double Uniform() override { return draw ? draw() : next; }
 };
 
 /// A desktop that only records what was asked.

@@ -152,6 +152,17 @@ TEST_F(TextWindowTest, SavesByItsKey)
     EXPECT_EQ(Bytes(), "a\r\n");
 }
 
+TEST_F(TextWindowTest, SaysThatAFileIsEmpty)
+{
+    Put("");
+    ASSERT_TRUE(Open(TextWindow::Use::Read));
+    EXPECT_EQ(State(), u"Le fichier est vide."_s);
+
+    Put("DUPONT\r\n");
+    Click(Button("cmdReload"));
+    EXPECT_EQ(State(), QString());
+}
+
 TEST_F(TextWindowTest, KeepsNoBreakSpacesAndEmptyLines)
 {
     // A no-break space is A0 in the page.

@@ -4,6 +4,7 @@
 #include "balancing/windows/molecule_boxes.h"
 #include "balancing/windows/save_request.h"
 #include "base/fatal_fault.h"
+#include "base/system_reason.h"
 #include "base/text_lines.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
@@ -23,6 +24,10 @@ namespace {
 
 /// The event loop has its turn this often during a search.
 constexpr double kTurnSeconds = 0.02;
+/// So many lines are looked at before the clock is asked again.
+constexpr int kLinesBetween = 256;
+/// More findings than these characters hold take long to be shown at once.
+constexpr qsizetype kMostUnshown = 20000;
 
 } // namespace
 
@@ -175,20 +180,24 @@ void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gather
     const QString path = m_doors.equationFolder + QLatin1Char('/') + name;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        AddToList(QStringLiteral("(illisible : %1)").arg(file.errorString()));
+        AddToList(QStringLiteral("(illisible : %1)").arg(FrenchReason(file.errorString())));
         return;
     }
     // Read whole before it is matched: the file may be the one written to.
     const QByteArray bytes = NormaliseTextBytes(file.readAll());
     if (file.error() != QFileDevice::NoError) {
-        AddToList(QStringLiteral("(illisible : %1)").arg(file.errorString()));
+        AddToList(QStringLiteral("(illisible : %1)").arg(FrenchReason(file.errorString())));
         return;
     }
     LineWalker walker(bytes);
     int number = 0;
     while (!walker.AtEnd()) {
         const QByteArrayView line = walker.Next();
-        ++number;
+        if (++number % kLinesBetween == 0 || m_unshown.size() > kMostUnshown) {
+            TakeTurn();
+            if (m_isStopped)
+                return;
+        }
         qsizetype first = 0;
         while (first < line.size() && line[first] == ' ')
             ++first;
@@ -222,7 +231,7 @@ void frmSearch::TakeTurn()
 {
     const double since = static_cast<double>(m_doors.clock.Counter() - m_lastTurn)
         / static_cast<double>(m_doors.clock.CountsPerSecond());
-    if (since < kTurnSeconds)
+    if (since < kTurnSeconds && m_unshown.size() <= kMostUnshown)
         return;
     ShowList();
     QCoreApplication::processEvents();

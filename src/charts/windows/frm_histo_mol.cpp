@@ -52,7 +52,7 @@ frmHistoMol::frmHistoMol(const ProgressTable& table, const Doors& doors, QWidget
 {
     StayOnPaper(*this);
     setAutoFillBackground(true);
-    setMinimumSize(700, 420);
+    setMinimumSize(940, 460); // less, and texts of the drawings cover each other
     Build();
     Connect();
     SetUpProgressSlider();
@@ -319,6 +319,18 @@ void frmHistoMol::mouseMoveEvent(QMouseEvent* event)
 {
     Q_EMIT MouseMovedOver();
     Form::mouseMoveEvent(event);
+}
+
+bool frmHistoMol::focusNextPrevChild(bool next)
+{
+    // From the last control to the first and back: by itself the frame around the
+    // window would come between them, and that leads to the slider.
+    QWidget* const first = optCourbe.at(optCourbe[1]->isChecked() ? 1 : 0);
+    QWidget* const last = cmdCopy[0];
+    if (focusWidget() != (next ? last : first))
+        return Form::focusNextPrevChild(next);
+    (next ? first : last)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
 }
 
 } // namespace stoikal

@@ -38,9 +38,9 @@ double WidestOf(const QStringList& texts, const QFont& font)
 }
 
 /// The largest of the small sizes of type in which all texts keep to a width.
-QFont FittingFont(const QStringList& texts, double pixels)
+QFont FittingFont(const QStringList& texts, double pixels, int most = kTextPoints)
 {
-    int points = kTextPoints;
+    int points = most;
     while (points > kLeastPoints && WidestOf(texts, TextFont(points)) > pixels)
         --points;
     return TextFont(points);
@@ -125,16 +125,28 @@ public:
 
     double HeadingHeight() const { return kHeadingTop + 2 * QFontMetricsF(m_surface.font()).height(); }
 
-    /// The line of text along the lower edge.
-    void BottomTitle(const QString& title, double centre)
+    /// The largest of the small sizes of type in which labels that begin at a
+    /// height have the title below them, not behind them.
+    int PointsUnder(double labelTop) const
     {
-        const double bottom = m_surface.height() - 2;
-        m_surface.DrawText({centre, User({0, bottom}).y()}, title, colours::kInk, m_surface.font(),
+        const double room = m_surface.height() - kUnderTitle - Pixel({0, labelTop}).y();
+        int points = kTextPoints;
+        while (points > kLeastPoints && 2 * QFontMetricsF(TextFont(points)).height() > room)
+            --points;
+        return points;
+    }
+
+    /// The line of text along the lower edge.
+    void BottomTitle(const QString& title, double centre, int points)
+    {
+        const double bottom = m_surface.height() - kUnderTitle;
+        m_surface.DrawText({centre, User({0, bottom}).y()}, title, colours::kInk, TextFont(points),
                            Qt::AlignHCenter | Qt::AlignBottom);
     }
 
 private:
     static constexpr double kHeadingTop = 2;
+    static constexpr double kUnderTitle = 1;
 
     PictureSurface& m_surface;
 };
@@ -145,14 +157,26 @@ double TitleDepth(const PictureSurface& surface)
     return QFontMetricsF(surface.font()).height() + 3;
 }
 
+/// The labels of the bars stand below the ticks of the axis.
+double BarLabelTop(const Sheet& sheet, const Histogram& histogram)
+{
+    return sheet.User({0, sheet.Pixel({0, -0.01 * histogram.scale.top}).y() + 2}).y();
+}
+
+/// The labels of the curves' axis stand below the axis.
+double ProgressLabelTop(const Sheet& sheet)
+{
+    return sheet.User({0, sheet.Pixel({0, 0}).y() + 3}).y();
+}
+
 void DrawBars(Sheet& sheet, const Histogram& histogram)
 {
     PictureSurface& surface = sheet.Surface();
     QStringList labels;
     for (const Bar& bar : histogram.bars)
         labels << bar.label;
-    const QFont font = FittingFont(labels, sheet.PixelsX(1) - 4);
-    const double labelTop = sheet.User({0, sheet.Pixel({0, -0.01 * histogram.scale.top}).y() + 2}).y();
+    const double labelTop = BarLabelTop(sheet, histogram);
+    const QFont font = FittingFont(labels, sheet.PixelsX(1) - 4, sheet.PointsUnder(labelTop));
     for (const Bar& bar : histogram.bars) {
         const QColor colour = SlotColour(bar.slot);
         const double width = bar.right - bar.left;
@@ -183,9 +207,9 @@ QPointF DrawCurveGrid(Sheet& sheet, const ProgressCurves& drawing, QChar separat
     const QStringList labels = LabelsOf(columns, separator);
     constexpr double kBetween = 5;
     const double pitch = sheet.PixelsX(drawing.horizontal.step);
-    const QFont font = FittingFont(labels, pitch - kBetween);
+    const double y = ProgressLabelTop(sheet);
+    const QFont font = FittingFont(labels, pitch - kBetween, sheet.PointsUnder(y));
     const int stride = LabelStride(WidestOf(labels, font) + kBetween, pitch);
-    const double y = sheet.User({0, sheet.Pixel({0, 0}).y() + 3}).y();
     for (std::size_t i = 0; i < columns.size(); i += static_cast<std::size_t>(stride))
         surface.DrawText({columns[i], y}, labels.at(static_cast<qsizetype>(i)), colours::kInk, font,
                          Qt::AlignHCenter | Qt::AlignTop);
@@ -265,7 +289,7 @@ void PaintHistogram(PictureSurface& surface, const Histogram& histogram, QChar s
     const double room = sheet.PixelsX(kLabelX - kTitleX) - TitleDepth(surface);
     sheet.VerticalLabels(rows, histogram.scale.step, kLabelX, room, separator);
     DrawBars(sheet, histogram);
-    sheet.BottomTitle(histogram.horizontalTitle, end / 2);
+    sheet.BottomTitle(histogram.horizontalTitle, end / 2, sheet.PointsUnder(BarLabelTop(sheet, histogram)));
     sheet.VerticalTitle(histogram.verticalTitle, kTitleX, top / 2);
     sheet.Heading(histogram.heading, end / 2, rows.back());
 }
@@ -288,7 +312,7 @@ void PaintProgressCurves(PictureSurface& surface, const ProgressCurves& drawing,
             surface.DrawLine(curve.to, *curve.levelTo, colour, 2);
     }
     DrawEndLabels(sheet, drawing.curves);
-    sheet.BottomTitle(drawing.horizontalTitle, right / 2);
+    sheet.BottomTitle(drawing.horizontalTitle, right / 2, sheet.PointsUnder(ProgressLabelTop(sheet)));
     sheet.VerticalTitle(drawing.verticalTitle, -0.12 * right, top / 2);
     sheet.Heading(drawing.heading, right / 2, end.y());
 }

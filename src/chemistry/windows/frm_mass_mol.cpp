@@ -176,12 +176,8 @@ void frmMassMol::Place()
     const QWidget* const mainWindow = parentWidget();
     if (mainWindow == nullptr)
         return;
-    // The frame is known only some time after the window is shown; the main
-    // window's, which is, stands for it.
-    const int frame = std::max(frameGeometry().height() - height(),
-                               mainWindow->frameGeometry().height() - mainWindow->height());
     const int lowest = mainWindow->mapToGlobal(mainWindow->rect().bottomLeft()).y();
-    const int below = y() + height() + frame - 1 - lowest;
+    const int below = y() + height() + FrameAround(*this).height() - 1 - lowest;
     if (below > 0)
         move(x(), std::max(m_doors.screen.WorkArea().top(), y() - below));
 }

@@ -24,6 +24,7 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <algorithm>
@@ -56,6 +57,7 @@ frmNewFile::~frmNewFile() = default;
 void frmNewFile::Connect()
 {
     connect(txtNameFile, &QLineEdit::textChanged, this, &frmNewFile::txtNameFile_Change);
+    connect(txtNameFile, &QLineEdit::editingFinished, this, [this] { m_nameBeforePoint.reset(); });
     for (QRadioButton* const option : optType) {
         connect(option, &QRadioButton::toggled, this, [this](bool isChosen) {
             if (!isChosen)
@@ -174,12 +176,28 @@ void frmNewFile::GoTo(int number)
     SetBar();
     ShowEquation(number);
     RefreshMVQCaptions();
+    if (m_preview != nullptr)
+        m_preview->PointAt(number);
 }
 
 void frmNewFile::FocusFirstFormula()
 {
     sstEdit->setCurrentIndex(0);
     m_formulas->FocusFirst();
+}
+
+/// Behind the keys of a tab the keyboard is at the start of its page.
+void frmNewFile::FocusPage()
+{
+    const QWidget* const page = sstEdit->currentWidget();
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+        const bool isReached = (next->focusPolicy() & Qt::TabFocus) != 0 && next->isEnabled();
+        if (page->isAncestorOf(next) && next->isVisible() && isReached) {
+            next->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+    }
+    sstEdit->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmNewFile::Edited()
@@ -207,10 +225,37 @@ void frmNewFile::txtNameFile_Change()
 {
     const QString text = txtNameFile->text();
     const qsizetype point = text.indexOf(QLatin1Char('.'));
-    if (point >= 0)
-        txtNameFile->setText(text.first(point));
-    else
+    if (point >= 0) {
+        const QString name = text.first(point);
+        m_extensionTyped.clear();
+        m_nameBeforePoint = point + 1 == text.size() ? std::optional(name) : std::nullopt;
+        txtNameFile->setText(name);
+        return;
+    }
+    if (!m_nameBeforePoint || text == *m_nameBeforePoint || !TakesAsExtension(text))
         Edited();
+}
+
+/// Behind a point the keys of "equ" or "avt" go the way of the point; what turns
+/// out to be no extension comes back. True when the text was set anew.
+bool frmNewFile::TakesAsExtension(const QString& text)
+{
+    const QString name = *m_nameBeforePoint;
+    if (text.size() != name.size() + 1 || !text.startsWith(name)) {
+        m_nameBeforePoint.reset();
+        return false;
+    }
+    const QString typed = m_extensionTyped + text.back();
+    for (const QString& extension : {QStringLiteral("equ"), QStringLiteral("avt")}) {
+        if (extension.startsWith(typed, Qt::CaseInsensitive)) {
+            m_extensionTyped = typed;
+            txtNameFile->setText(name);
+            return true;
+        }
+    }
+    m_nameBeforePoint.reset();
+    txtNameFile->setText(name + typed);
+    return typed.size() > 1;
 }
 
 void frmNewFile::hscNumEqu_Change()
@@ -244,6 +289,8 @@ bool frmNewFile::eventFilter(QObject* watched, QEvent* event)
             QMetaObject::invokeMethod(this, &frmNewFile::hscNumEqu_GotFocus, Qt::QueuedConnection);
         }
     }
+    if (watched == sstEdit->tabBar() && event->type() == QEvent::Shortcut)
+        QMetaObject::invokeMethod(this, &frmNewFile::FocusPage, Qt::QueuedConnection);
     return ModalForm::eventFilter(watched, event);
 }
 

@@ -5,6 +5,7 @@
 #include "editor/work_file.h"
 #include "forms/form.h"
 
+#include <optional>
 #include <vector>
 
 class QCheckBox;
@@ -91,11 +92,13 @@ private:
     WorkDesk DeskNow() const;
     void SetBar();
     void FocusFirstFormula();
+    void FocusPage();
     bool Kept(bool written);
     void CheckLeftFormula(const QString& formula);
     FileType Type() const;
 
     void txtNameFile_Change();
+    bool TakesAsExtension(const QString& text);
     void hscNumEqu_Change();
     void hscNumEqu_GotFocus();
     void cmdInsEqu_Click();
@@ -126,6 +129,8 @@ private:
     bool m_isShowing = false; ///< the boxes are being filled by program
     bool m_isBusy = false; ///< the engine is at work
     bool m_focusWaits = false;
+    std::optional<QString> m_nameBeforePoint; ///< a point was typed behind it, and the extension may follow
+    QString m_extensionTyped; ///< what of the extension was typed behind the point
     bool m_draftFailed = false; ///< it was told that the work file cannot be written
     bool m_isUnloaded = false;
     std::int64_t m_lastTurn = 0;

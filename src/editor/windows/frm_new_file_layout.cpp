@@ -18,6 +18,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -78,6 +79,7 @@ void frmNewFile::MakeControls()
     sstEdit->addTab(m_states, QStringLiteral("Etats &physiques"));
     sstEdit->addTab(m_comments, QStringLiteral("&Commentaires"));
     sstEdit->addTab(m_data, QStringLiteral("&Données"));
+    sstEdit->tabBar()->installEventFilter(this);
 
     cmdInsEqu = Button(this, "cmdInsEqu", QStringLiteral("Insérer une équation"), QStringLiteral("Alt+I"));
     cmdSupEqu = Button(this, "cmdSupEqu", QStringLiteral("Supprimer une équation"));
@@ -155,11 +157,13 @@ QGroupBox* frmNewFile::MakeFileFrame()
 
 void frmNewFile::Build()
 {
+    // Made in the order of the eye: the first control has the keyboard at first.
+    QGroupBox* const file = MakeFileFrame();
     MakeControls();
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(12, 12, 12, 12);
     rows->setSpacing(8);
-    rows->addWidget(MakeFileFrame());
+    rows->addWidget(file);
     rows->addWidget(sstEdit, 1);
 
     auto* const moves = new QHBoxLayout;

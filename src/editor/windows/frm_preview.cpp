@@ -20,6 +20,15 @@ QString Section()
     return QStringLiteral("Preview Window");
 }
 
+/// The last line of the equation of that number, which begins at `line`.
+QTextBlock LastLineOf(QTextBlock line, int number)
+{
+    const QString next = QStringLiteral("%1) ").arg(number + 1);
+    while (line.next().isValid() && !line.next().text().isEmpty() && !line.next().text().startsWith(next))
+        line = line.next();
+    return line;
+}
+
 constexpr int kSmallestWidth = 280;
 constexpr int kSmallestHeight = 120;
 
@@ -96,12 +105,20 @@ void frmPreview::Append(const QString& text)
 void frmPreview::ShowListing(const QString& text, int number)
 {
     txtResult->setPlainText(text);
+    PointAt(number);
+}
+
+void frmPreview::PointAt(int number)
+{
     const QString start = QStringLiteral("%1) ").arg(number);
     // The last line that begins so: the head stands before and may hold anything.
     for (QTextBlock line = txtResult->document()->lastBlock(); line.isValid(); line = line.previous()) {
         if (line.text().startsWith(start)) {
-            txtResult->setTextCursor(QTextCursor(line));
-            txtResult->ensureCursorVisible();
+            // Its last line first: the cause of a failure stands below it.
+            for (const QTextBlock& place : {LastLineOf(line, number), line}) {
+                txtResult->setTextCursor(QTextCursor(place));
+                txtResult->ensureCursorVisible();
+            }
             return;
         }
     }

@@ -26,6 +26,8 @@ public:
     void Append(const QString& text);
     /// All of the text, at the line of that equation.
     void ShowListing(const QString& text, int number);
+    /// Brings that equation of the listing into sight.
+    void PointAt(int number);
 
 private:
     QRect BesideEditor() const;

@@ -19,6 +19,9 @@ inline void ChooseOption(QButtonGroup& group, int id)
     for (QAbstractButton* const button : buttons)
         button->setChecked(false);
     group.setExclusive(true);
+    // Only the option pressed last would be reached by Tab, and the eye is on the first.
+    for (QAbstractButton* const button : buttons)
+        button->setFocusPolicy(button == buttons.front() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 } // namespace stoikal

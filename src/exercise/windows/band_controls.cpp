@@ -9,7 +9,9 @@
 #include <QFontMetricsF>
 #include <QFrame>
 #include <QLabel>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace stoikal {
 namespace {
@@ -18,6 +20,55 @@ constexpr int kMostDigits = 2;
 constexpr Twips kPlusWidth = 330;
 constexpr Twips kArrowWidth = 720;
 constexpr int kCloseSpace = 8; ///< pixels behind a species where room is short
+constexpr int kBoxPadding = 18; ///< pixels beside the two digits of a coefficient
+constexpr int kNarrowBoxPadding = 12;
+constexpr Twips kNarrowPlusWidth = 240;
+constexpr Twips kNarrowArrowWidth = 510;
+/// What is tried, one after the other, where even close species find no room.
+constexpr std::array<double, 7> kTypeSizes{1, 0.92, 0.85, 0.78, 0.7, 0.6, 0.5};
+
+QFont FormulaFont(const QFont& windowFont, double size)
+{
+    QFont font = windowFont;
+    font.setPointSizeF((windowFont.pointSizeF() + 2) * size);
+    return font;
+}
+
+/// The formulas, coefficients and signs in type of a size, 1 being the usual one.
+void SetType(const BandControls& band, double size)
+{
+    const QFont font = FormulaFont(band.txtCoef[0]->window()->font(), size);
+    for (size_t slot = 0; slot < 6; ++slot) {
+        band.txtCoef.at(slot)->setFont(font);
+        band.rtbCorp.at(slot)->setFont(font);
+    }
+    for (QLabel* const plus : band.lblPlus)
+        plus->setFont(font);
+}
+
+/// The width of the boxes, with so many pixels beside two digits.
+Twips CoefficientWidth(const BandControls& band, int padding)
+{
+    return FromPixels(QFontMetrics(band.txtCoef[0]->font()).horizontalAdvance(QStringLiteral("00"))
+                      + padding);
+}
+
+/// The width of a species whose text takes so many pixels, with little behind it.
+Twips CloseWidth(double pixels)
+{
+    return FromPixels(static_cast<int>(std::ceil(pixels)) + kCloseSpace);
+}
+
+/// The widths with as little between the species as they can be told apart with.
+EquationWidths NarrowWidths(const BandControls& band, EquationWidths widths)
+{
+    widths.coefficient = CoefficientWidth(band, kNarrowBoxPadding);
+    widths.plus = kNarrowPlusWidth;
+    widths.arrow = kNarrowArrowWidth;
+    for (size_t slot = 0; slot < 6; ++slot)
+        widths.species.at(slot) = CloseWidth(band.rtbCorp.at(slot)->DrawnWidth());
+    return widths;
+}
 
 FilterEdit* MakeCoefficientBox(QWidget& window, int slot, const QFont& font)
 {
@@ -36,13 +87,32 @@ FilterEdit* MakeCoefficientBox(QWidget& window, int slot, const QFont& font)
     return box;
 }
 
+/// The layout in the largest type that the screen has room for. Smaller type that
+/// does not make the band narrower, as where the columns of a table take the room,
+/// is of no use.
+EquationLayout FitNarrowBand(const BandControls& band, EquationWidths& widths, Twips available)
+{
+    double best = kTypeSizes.front();
+    Twips least = std::numeric_limits<Twips>::max();
+    for (auto size = kTypeSizes.begin(); size != kTypeSizes.end() && least > available; ++size) {
+        SetType(band, *size);
+        const Twips width = LayoutEquation(NarrowWidths(band, widths)).width;
+        if (width < least) {
+            best = *size;
+            least = width;
+        }
+    }
+    SetType(band, best);
+    widths = NarrowWidths(band, widths);
+    return LayoutEquation(widths);
+}
+
 } // namespace
 
 BandControls MakeBand(QWidget& window)
 {
     BandControls band;
-    QFont formulaFont = window.font();
-    formulaFont.setPointSizeF(window.font().pointSizeF() + 2);
+    const QFont formulaFont = FormulaFont(window.font(), 1);
     for (int slot = 0; slot < 6; ++slot) {
         const auto place = static_cast<size_t>(slot);
         band.txtCoef.at(place) = MakeCoefficientBox(window, slot, formulaFont);
@@ -67,8 +137,8 @@ BandControls MakeBand(QWidget& window)
 
 EquationLayout FitBand(const BandControls& band, EquationWidths& widths, Twips available)
 {
-    widths.coefficient
-        = FromPixels(QFontMetrics(band.txtCoef[0]->font()).horizontalAdvance(QStringLiteral("00")) + 18);
+    SetType(band, 1);
+    widths.coefficient = CoefficientWidth(band, kBoxPadding);
     widths.plus = kPlusWidth;
     widths.arrow = kArrowWidth;
     std::array<double, 6> pixels{};
@@ -77,12 +147,12 @@ EquationLayout FitBand(const BandControls& band, EquationWidths& widths, Twips a
         pixels.at(slot) = QFontMetricsF(species->font()).horizontalAdvance(species->text());
         widths.species.at(slot) = SpeciesWidth(pixels.at(slot));
     }
-    const EquationLayout layout = LayoutEquation(widths);
-    if (!widths.isProgressFile || layout.width <= available)
+    EquationLayout layout = LayoutEquation(widths);
+    if (layout.width <= available)
         return layout;
-    for (size_t slot = 0; slot < 6; ++slot)
-        widths.species.at(slot) = FromPixels(static_cast<int>(std::ceil(pixels.at(slot))) + kCloseSpace);
-    return LayoutEquation(widths);
+    std::transform(pixels.begin(), pixels.end(), widths.species.begin(), CloseWidth);
+    layout = LayoutEquation(widths);
+    return layout.width <= available ? layout : FitNarrowBand(band, widths, available);
 }
 
 void PlaceBand(const BandControls& band, const EquationLayout& layout, const EquationWidths& widths, int top,

@@ -29,9 +29,9 @@ struct BandControls {
 BandControls MakeBand(QWidget& window);
 
 /// The layout with the width of each species, "+", arrow and coefficient as the
-/// fonts are, which are added to `widths`. In a progress file, where the titles of
-/// the table take their part, the species stand closer if the band would be wider
-/// than the screen, given in twips.
+/// fonts are, which are added to `widths`. If the band would be wider than the
+/// screen, given in twips, the species stand closer, and if that does not do, all
+/// is set in smaller type, down to half the usual.
 EquationLayout FitBand(const BandControls& band, EquationWidths& widths, Twips available);
 
 /// Puts the controls where the layout says and hides those of empty slots; top

@@ -32,6 +32,7 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
     : ModalForm(QStringLiteral("frmNote"), QStringLiteral("Stoikal"), parent)
     , m_session(session)
     , m_separator(separator)
+    , m_upper(new QWidget(this))
     , lblInfo(Named(new QLabel(this), QStringLiteral("lblInfo")))
     , lblNote(Named(new QLabel(this), QStringLiteral("lblNote")))
     , lblTemps(Named(new QLabel(this), QStringLiteral("lblTemps")))
@@ -67,8 +68,7 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
     picHighSCore->SetScale({0, 0}, kScaleEnd);
     picHighSCore->SetBackColour(colours::kPaper);
 
-    auto* const upper = new QWidget(this);
-    auto* const rows = new QVBoxLayout(upper);
+    auto* const rows = new QVBoxLayout(m_upper);
     rows->setContentsMargins(16, 16, 16, 8);
     rows->setSpacing(7);
     rows->addWidget(lblInfo);
@@ -79,15 +79,15 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
     rows->addWidget(fraChoix);
     rows->addWidget(chkHighScore);
     // A larger type may need more than the sizes told.
-    m_height = std::max(ToPixels(kHeight), upper->sizeHint().height());
-    m_width = std::max(kWidth, upper->sizeHint().width());
+    m_height = std::max(ToPixels(kHeight), m_upper->sizeHint().height());
+    m_width = std::max(kWidth, m_upper->sizeHint().width());
     m_heightWithScores
         = m_height + std::max(ToPixels(kHeightWithScores - kHeight), 13 * QFontMetrics(TableFont()).height());
-    upper->setFixedHeight(m_height);
+    m_upper->setFixedHeight(m_height);
     auto* const all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
-    all->addWidget(upper);
+    all->addWidget(m_upper);
     all->addWidget(picHighSCore, 1);
     picHighSCore->setContentsMargins(16, 0, 16, 16);
 
@@ -95,6 +95,7 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
         lblNote->setText(MarkText(earned->mark, separator));
         lblTemps->setText(TimeText(earned->seconds, separator));
     }
+    m_leastHeight = std::min(m_height, rows->totalHeightForWidth(m_width));
     lblNote->setVisible(earned.has_value());
     lblTemps->setVisible(earned.has_value());
     chkHighScore->setEnabled(earned.has_value());
@@ -149,11 +150,14 @@ void frmNote::Place(const Screen& screen)
 
 void frmNote::chkHighScore_Click()
 {
-    picHighSCore->setVisible(chkHighScore->isChecked());
-    // On a low screen the table gives way, never the choices.
+    const bool isShown = chkHighScore->isChecked();
+    picHighSCore->setVisible(isShown);
     const int room = m_screen == nullptr ? m_heightWithScores : m_screen->WorkArea().height() - kTitleBar;
-    setFixedHeight(chkHighScore->isChecked() ? std::max(m_height, std::min(m_heightWithScores, room))
-                                             : m_height);
+    const int missing = isShown ? std::max(0, m_heightWithScores - room) : 0;
+    // On a low screen the room between the words gives way, then the table, never the choices.
+    const int upperHeight = std::max(m_leastHeight, m_height - missing);
+    m_upper->setFixedHeight(upperHeight);
+    setFixedHeight(isShown ? std::max(upperHeight, m_heightWithScores - missing) : m_height);
     if (m_screen != nullptr)
         Place(*m_screen);
 }

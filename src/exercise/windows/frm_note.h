@@ -52,10 +52,12 @@ private:
     const SessionState& m_session;
     QChar m_separator;
     const Screen* m_screen = nullptr;
-    int m_width = 0; ///< pixels, as the two heights
+    int m_width = 0; ///< pixels, as the heights
     int m_height = 0;
+    int m_leastHeight = 0; ///< of what stands above the table
     int m_heightWithScores = 0;
 
+    QWidget* m_upper; ///< what stands above the table
     QLabel* lblInfo;
     QLabel* lblNote;
     QLabel* lblTemps;

@@ -264,6 +264,8 @@ void frmHelp::Present(QWidget* caller)
         if (auto* const dialog = qobject_cast<QDialog*>(owner))
             connect(dialog, &QDialog::finished, this, &frmHelp::ReturnHome);
     }
+    if (QWidget* const front = QApplication::activeWindow(); front != nullptr && front != this)
+        m_before = front;
     if (isMinimized())
         showNormal();
     show();
@@ -287,8 +289,14 @@ void frmHelp::ReturnHome()
 void frmHelp::Close()
 {
     KeepSize();
+    const bool isInFront = isActiveWindow();
     hide();
     ReturnHome();
+    // Whoever asked in the middle of his typing goes on there.
+    QWidget* const modal = QApplication::activeModalWidget();
+    QWidget* const next = modal != nullptr ? modal : m_before.data();
+    if (isInFront && next != nullptr && next->isVisible())
+        next->activateWindow();
 }
 
 /// A link may lead to another help file that lies beside this one.

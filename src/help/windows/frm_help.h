@@ -4,6 +4,7 @@
 #include "help/page_history.h"
 #include "help/windows/html_help.h"
 
+#include <QPointer>
 #include <memory>
 
 class QLabel;
@@ -71,6 +72,7 @@ private:
 
     Doors m_doors;
     QWidget* m_home;
+    QPointer<QWidget> m_before; ///< the window that was in front of the user before this one
     std::shared_ptr<const HelpFile> m_file;
     PageHistory m_history;
     bool m_hasBeenShown = false;

@@ -16,6 +16,8 @@ namespace {
 constexpr int kMargin = 7; ///< beside titles and rules, pixels as all below
 constexpr int kColumnGap = 8; ///< between the titles and the first column
 constexpr int kBoxGap = 6; ///< between two rows of boxes at least
+constexpr int kTextMargins = 14; ///< the frame of a box and the blank beside its text
+constexpr double kLeastPoints = 7; ///< of a text that must be made smaller
 constexpr int kButtonPadding = 16;
 constexpr int kNextGap = 4; ///< 60 twips
 const QColor kRule(0xC9, 0xBE, 0x9A);
@@ -51,6 +53,20 @@ int ButtonWidth(const QWidget& button)
     return button.sizeHint().width() + kButtonPadding;
 }
 
+/// Makes the type of a box that nobody types in small enough for its text. What
+/// is longer still is read in the tool tip.
+void FitText(QLineEdit& box, const QFont& usual)
+{
+    QFont font = usual;
+    const auto isTooWide = [&box, &font] {
+        return QFontMetrics(font).horizontalAdvance(box.text()) > box.width() - kTextMargins;
+    };
+    while (isTooWide() && font.pointSizeF() > kLeastPoints)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    box.setToolTip(isTooWide() ? box.text() : QString());
+    box.setFont(font);
+}
+
 QFrame* MakeRule(QWidget& pane, const QString& name)
 {
     QFrame* const rule = Named(new QFrame(&pane), name);
@@ -73,6 +89,9 @@ ProgressControls::ProgressControls(Messages& messages, QWidget& pane)
     MakeRow(txtQmat0, "txtQmat0", 3, messages, pane);
     MakeRow(txtQmati, "txtQmati", 4, messages, pane);
     MakeRow(txtQmatf, "txtQmatf", 5, messages, pane);
+    for (ProgressBox* const box : txtQmati)
+        QObject::connect(box, &QLineEdit::textChanged, box,
+                         [this, box] { FitText(*box, txtMasMol[0]->font()); });
     MakeButtons(pane);
     OrderTabs();
 }
@@ -199,8 +218,8 @@ LowerPane::Needs ProgressControls::LeastSizes(const QWidget& next) const
 {
     LowerPane::Needs needs;
     needs.titles = kMargin + TitleWidth() + kColumnGap;
-    const QFontMetrics metrics = txtQmati[0]->fontMetrics();
-    needs.column = metrics.horizontalAdvance(QStringLiteral("ni(0)-10*xmax")) + 14;
+    const QFontMetrics metrics = txtMasMol[0]->fontMetrics();
+    needs.column = metrics.horizontalAdvance(QStringLiteral("ni(0)-10*xmax")) + kTextMargins;
     const int besideMiddle = ButtonWidth(*cmdValidMVQ) / 2 + kNextGap + next.sizeHint().width() + kMargin;
     needs.width = needs.titles - kColumnGap + 2 * besideMiddle;
     needs.height = 7 * RowHeight() + kBoxGap + cmdValidMVQ->sizeHint().height();
@@ -215,10 +234,12 @@ void ProgressControls::PlaceRow(int row, int top, int height, const LowerPane::C
                                 WidthOnTwoLines(Title(row), lblEtat[place]->fontMetrics()) + 2, height - 1);
     const Boxes& boxes = *Rows()[place];
     for (std::size_t slot = 0; slot < 6; ++slot) {
-        const int boxHeight = boxes[slot]->sizeHint().height();
+        const int boxHeight = txtMasMol[slot]->sizeHint().height();
         boxes[slot]->setGeometry(columns.left[slot], top + (height - boxHeight + 1) / 2, columns.width[slot],
                                  boxHeight);
         boxes[slot]->setVisible(columns.shown[slot]);
+        if (&boxes == &txtQmati)
+            FitText(*boxes[slot], txtMasMol[0]->font());
     }
 }
 

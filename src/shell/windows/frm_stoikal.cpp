@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPointer>
 
 namespace stoikal {
 namespace {
@@ -50,6 +51,25 @@ protected:
 private:
     QPixmap m_picture;
     QPixmap m_scaled; ///< the picture at the size of the area, made once a size
+};
+
+/// The frame of a child window. A restored child is hidden for a moment by its
+/// frame, and the focus would wander on to the next control.
+class ChildFrame final : public QMdiSubWindow
+{
+public:
+    using QMdiSubWindow::QMdiSubWindow;
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        const QPointer<QWidget> focused
+            = event->type() == QEvent::WindowStateChange ? focusWidget() : nullptr;
+        QMdiSubWindow::changeEvent(event);
+        // It comes back with its window: nobody chose it anew.
+        if (focused != nullptr && focused != focusWidget() && !isMinimized())
+            focused->setFocus(Qt::ActiveWindowFocusReason);
+    }
 };
 
 } // namespace
@@ -170,7 +190,7 @@ void frmStoikal::AddChild(Form* form)
 
 void frmStoikal::AddTool(Form* form)
 {
-    auto* const child = new QMdiSubWindow(m_area);
+    auto* const child = new ChildFrame(m_area);
     child->setWidget(form);
     m_area->addSubWindow(child);
     child->showMaximized();
@@ -185,10 +205,18 @@ void frmStoikal::closeEvent(QCloseEvent* event)
 
 void frmStoikal::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_F1)
-        Q_EMIT HelpAsked();
-    else
+    if (event->key() != Qt::Key_F1) {
         QMainWindow::keyPressEvent(event);
+        return;
+    }
+    // A child without a control to type in leaves its keys to this window.
+    const QMdiSubWindow* const child = m_area->activeSubWindow();
+    auto* const form
+        = child != nullptr && child->isVisible() ? qobject_cast<Form*>(child->widget()) : nullptr;
+    if (form != nullptr)
+        Q_EMIT form->HelpAsked();
+    else
+        Q_EMIT HelpAsked();
 }
 
 bool frmStoikal::eventFilter(QObject* watched, QEvent* event)

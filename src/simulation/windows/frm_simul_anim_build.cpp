@@ -24,7 +24,7 @@ namespace stoikal {
 namespace {
 
 constexpr int kGap = 8;
-constexpr int kBetweenFrames = 12;
+constexpr int kBetweenFrames = 8;
 
 QLabel* TextLabel(QWidget* parent, const char* name, const QString& text)
 {
@@ -90,8 +90,8 @@ void frmSimulAnim::BuildNumbers()
     Label5 = TextLabel(fraNbrMol, "Label5", QStringLiteral("Quantité au cours de l'avancement : "));
     Label5->setWordWrap(true);
     auto* const grid = new QGridLayout(fraNbrMol);
-    grid->setContentsMargins(12, 6, 12, kGap);
-    grid->setHorizontalSpacing(4);
+    grid->setContentsMargins(kGap, 6, kGap, kGap);
+    grid->setHorizontalSpacing(2); // at the least: the columns share what is left
     grid->setVerticalSpacing(4);
     grid->addWidget(Label4, 1, 0);
     grid->addWidget(Label5, 2, 0);

@@ -156,7 +156,7 @@ bool TextWindow::Load()
     ShowLines(*lines);
     // The newest results stand last, and a new tip comes behind the others.
     txtTexte->moveCursor(QTextCursor::End);
-    ShowState();
+    ShowState(lines->isEmpty() ? QStringLiteral("Le fichier est vide.") : QString());
     return true;
 }
 

@@ -1,0 +1,45 @@
+#include "base/system_reason.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace stoikal {
+namespace {
+
+struct Reason {
+    int code;
+    QString words;
+};
+
+} // namespace
+
+QString FrenchReason(const QString& systemReason)
+{
+    const Reason reasons[]{
+        {EACCES, QStringLiteral("l'accès est refusé")},
+        {EBUSY, QStringLiteral("le fichier est occupé")},
+        {EDQUOT, QStringLiteral("la place allouée sur le disque est épuisée")},
+        {EHOSTDOWN, QStringLiteral("le serveur ne répond pas")},
+        {EHOSTUNREACH, QStringLiteral("le serveur ne répond pas")},
+        {EIO, QStringLiteral("le disque ou le partage ne répond pas")},
+        {EISDIR, QStringLiteral("c'est un dossier")},
+        {ENAMETOOLONG, QStringLiteral("le nom est trop long")},
+        {ENODEV, QStringLiteral("le disque ou le partage n'est plus là")},
+        {ENOENT, QStringLiteral("le fichier ou le dossier n'existe pas")},
+        {ENOSPC, QStringLiteral("le disque est plein")},
+        {ENOTCONN, QStringLiteral("le partage n'est plus relié")},
+        {ENOTDIR, QStringLiteral("un des dossiers du chemin est un fichier")},
+        {ENXIO, QStringLiteral("le disque ou le partage n'est plus là")},
+        {EPERM, QStringLiteral("l'opération n'est pas permise")},
+        {EROFS, QStringLiteral("le disque est en lecture seule")},
+        {ESTALE, QStringLiteral("le partage n'est plus relié")},
+        {ETIMEDOUT, QStringLiteral("le serveur ne répond pas")},
+    };
+    for (const Reason& reason : reasons) {
+        if (systemReason == QString::fromLocal8Bit(std::strerror(reason.code)))
+            return reason.words;
+    }
+    return systemReason;
+}
+
+} // namespace stoikal

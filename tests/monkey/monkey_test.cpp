@@ -1,0 +1,250 @@
+// A monkey works at the whole program, on a desktop where it can do no harm:
+//
+//     STOIKAL_MONKEY_ACTIONS=20000 STOIKAL_MONKEY_SEED=1 monkey_test
+//
+// It fails when the program meets a fault, keeps a person waiting, or grows.
+
+#include "monkey.h"
+
+#include "base/fatal_fault.h"
+#include "forms/messages.h"
+#include "forms/style.h"
+#include "shell/shell.h"
+#include "support/window_driver.h"
+
+#include <QApplication>
+#include <QFile>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <malloc.h>
+#ifdef STOIKAL_SANITIZED
+#include <sanitizer/common_interface_defs.h>
+#endif
+#include <thread>
+#include <unistd.h>
+
+namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Whose diary is told when the process dies.
+const Monkey* g_monkey = nullptr;
+
+void TellDiary()
+{
+    if (g_monkey != nullptr)
+        std::cerr << "The last actions:\n" << g_monkey->Diary().join(u'\n').toStdString() << std::endl;
+    g_monkey = nullptr;
+}
+
+void TellDiaryOfCrash(int signal)
+{
+    TellDiary();
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+void WatchForCrashes()
+{
+#ifdef STOIKAL_SANITIZED
+    __sanitizer_set_death_callback(TellDiary);
+    std::signal(SIGABRT, TellDiaryOfCrash);
+#else
+    for (const int signal : {SIGSEGV, SIGABRT, SIGFPE, SIGBUS, SIGILL})
+        std::signal(signal, TellDiaryOfCrash);
+#endif
+}
+
+/// The offscreen platform says each time what it cannot do.
+void TellUnlessOffscreen(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith(u"This plugin does not support"_s))
+        std::cerr << text.toStdString() << std::endl;
+}
+
+/// A fault that reaches the event loop would end the real program: the monkey's
+/// last actions tell how it came to it.
+class MonkeyApplication final : public QApplication
+{
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& fault) {
+            std::cerr << "FAULT: " << fault.what() << std::endl;
+            std::abort();
+        }
+    }
+};
+
+/// Ends a program that hangs for good, with the last actions told.
+class Watchdog
+{
+public:
+    explicit Watchdog(const Monkey& monkey)
+        : m_thread([this, &monkey] { Watch(monkey); })
+    {
+    }
+    ~Watchdog()
+    {
+        m_isOver = true;
+        m_thread.join();
+    }
+
+private:
+    void Watch(const Monkey& monkey)
+    {
+        constexpr int kLongestSeconds = 60;
+        int before = -1;
+        int quietTenths = 0;
+        while (!m_isOver) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            quietTenths = monkey.Done() == before ? quietTenths + 1 : 0;
+            before = monkey.Done();
+            if (quietTenths < kLongestSeconds * 10)
+                continue;
+            std::cerr << "The program hangs." << std::endl;
+            std::abort();
+        }
+    }
+
+    std::atomic<bool> m_isOver = false;
+    std::thread m_thread;
+};
+
+int NumberFrom(const char* variable, int otherwise)
+{
+    bool isNumber = false;
+    const int number = qEnvironmentVariableIntValue(variable, &isNumber);
+    return isNumber ? number : otherwise;
+}
+
+/// Memory of this process that is in use, in KiB.
+long ResidentKib()
+{
+    ::malloc_trim(0);
+    QFile file(u"/proc/self/statm"_s);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toLong() * (::sysconf(_SC_PAGESIZE) / 1024);
+}
+
+/// Starts the program again whenever the monkey ended it, or every 1,000 actions.
+class MonkeyRun
+{
+public:
+    explicit MonkeyRun(int actions)
+        : m_actions(actions)
+        , m_dice(static_cast<std::uint32_t>(NumberFrom("STOIKAL_MONKEY_SEED", 1)))
+        , monkey(m_dice)
+    {
+        g_monkey = &monkey;
+        QObject::connect(&monkey, &Monkey::IsTired, qApp, [] { QApplication::exit(0); });
+    }
+    ~MonkeyRun() { g_monkey = nullptr; }
+
+    void Play()
+    {
+        const Watchdog watchdog(monkey);
+        while (monkey.Done() < m_actions) {
+            PlaySession();
+            ++sessions;
+            NoteWidgetsLeft();
+            constexpr int kWarm = 2000;
+            if (kibWhenWarm == 0 && monkey.Done() >= kWarm)
+                kibWhenWarm = ResidentKib();
+        }
+        kibAtEnd = ResidentKib();
+    }
+
+private:
+    /// Qt keeps a widget of its own from the first session on.
+    void NoteWidgetsLeft()
+    {
+        const qsizetype left = QApplication::allWidgets().size();
+        if (sessions == 1)
+            m_widgetsOfQt = left;
+        widgetsLeft = std::max(widgetsLeft, left - m_widgetsOfQt);
+    }
+
+    void PlaySession()
+    {
+        constexpr int kSessionActions = 1000;
+        MonkeyDesk desk(m_dice);
+        DesktopMessages messages;
+        auto shell = std::make_unique<Shell>(desk.Doors(), messages);
+        bool hasEnded = false;
+        QObject::connect(shell.get(), &Shell::EndAsked, qApp, [&hasEnded] {
+            hasEnded = true;
+            QApplication::exit(0);
+        });
+        monkey.Begin(*shell, std::min(m_actions, monkey.Done() + kSessionActions));
+        shell->Start();
+        shell->State().settings.Write(u"Options"_s, u"PassWord"_s, QLatin1String(Monkey::kPassword));
+        if (!hasEnded)
+            QApplication::exec();
+        monkey.End();
+        shell.reset();
+        Settle();
+    }
+
+    int m_actions;
+    Dice m_dice;
+    qsizetype m_widgetsOfQt = 0;
+
+public:
+    Monkey monkey;
+    int sessions = 0;
+    qsizetype widgetsLeft = 0;
+    long kibWhenWarm = 0;
+    long kibAtEnd = 0;
+};
+
+} // namespace
+
+TEST(Monkey, FindsNoFaultNoHangAndNoGrowth)
+{
+    MonkeyRun run(NumberFrom("STOIKAL_MONKEY_ACTIONS", 1000));
+
+    run.Play();
+
+    const Monkey& monkey = run.monkey;
+    std::cout << monkey.Done() << " actions in " << run.sessions << " sessions and " << monkey.Seen().size()
+              << " windows; the longest " << monkey.LongestMs()
+              << " ms, over 200 ms: " << monkey.Delays().size() << "; memory " << run.kibWhenWarm
+              << " KiB after 2000 actions, " << run.kibAtEnd << " KiB at the end\n";
+    std::cout << "seen: " << monkey.Seen().join(u' ').toStdString() << '\n';
+    for (const Monkey::Delay& delay : monkey.Delays())
+        std::cout << "  " << delay.ms << " ms: " << delay.action.toStdString() << '\n';
+    EXPECT_LT(monkey.LongestMs(), 2000) << "a person was kept waiting";
+    EXPECT_EQ(run.widgetsLeft, 0) << "windows outlive the program";
+#ifndef STOIKAL_SANITIZED
+    // With sanitizers what was freed is kept for a while.
+    if (run.kibWhenWarm > 0) {
+        EXPECT_LE(run.kibAtEnd, run.kibWhenWarm + run.kibWhenWarm / 10) << "the program grows";
+    }
+#endif
+}
+
+} // namespace stoikal
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(stoikal::TellUnlessOffscreen);
+    stoikal::WatchForCrashes();
+    testing::InitGoogleTest(&argc, argv);
+    stoikal::MonkeyApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    stoikal::ApplyStyle();
+    return RUN_ALL_TESTS();
+}

@@ -70,6 +70,22 @@ TEST_F(FrmHelp, NarrowsTheIndexDownWithoutRegardToAccents)
     EXPECT_EQ(Page().Title(), u"L'avancement en quelques mots"_s);
 }
 
+TEST_F(FrmHelp, SaysThatNoKeywordIsLeft)
+{
+    window.DisplayIndex(ShippedHelp("Stoikal.chm"), &home);
+    auto& box = Control<QLineEdit>(window, "txtIndex");
+    const auto& notice = Control<QLabel>(window, "lblNoKeyword");
+    EXPECT_FALSE(notice.isVisible());
+
+    Type(box, u"zzz"_s);
+
+    EXPECT_TRUE(Shown("lstIndex").isEmpty());
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(notice.text(), u"Aucun mot-clé ne contient ces lettres. Essayez l'onglet Recherche."_s);
+    box.clear();
+    EXPECT_FALSE(notice.isVisible());
+}
+
 TEST_F(FrmHelp, NamesTheTargetsOfAKeywordThatHasSeveral)
 {
     window.DisplayIndex(ShippedHelp("Stoikal.chm"), &home);

@@ -14,9 +14,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <execinfo.h>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <malloc.h>
@@ -44,6 +46,9 @@ void TellDiary()
 
 void TellDiaryOfCrash(int signal)
 {
+    constexpr int kMostFrames = 60;
+    std::array<void*, kMostFrames> frames{};
+    ::backtrace_symbols_fd(frames.data(), ::backtrace(frames.data(), kMostFrames), STDERR_FILENO);
     TellDiary();
     std::signal(signal, SIG_DFL);
     std::raise(signal);

@@ -201,6 +201,9 @@ TEST_F(HelpPictures, OfTheTeachersSide)
         Type(Control<QLineEdit>(window, "txtNameFile"), u"Combustions"_s);
         Fill(window, "txtMolecule", {u"CH4"_s, u"O2"_s, {}, u"CO2"_s, u"H2O"_s});
         Keep(window, u"frmNewFile"_s);
+        Click(Control<QAbstractButton>(window, "chkPreview"));
+        Settle();
+        Keep(*FindWindow("frmPreview"), u"frmPreview"_s);
         Click(Control<QAbstractButton>(window, "cmdCancel"));
     });
     Choose("Mnu_Create");

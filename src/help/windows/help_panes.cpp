@@ -155,14 +155,20 @@ void ContentsPane::SelectPage(const QString& path)
 IndexPane::IndexPane(QWidget* parent)
     : QWidget(parent)
     , txtIndex(Named(new QLineEdit(this), u"txtIndex"_s, u"Filtrer l'index"_s))
+    , lblNoKeyword(
+          Named(new QLabel(u"Aucun mot-clé ne contient ces lettres. Essayez l'onglet Recherche."_s, this),
+                u"lblNoKeyword"_s))
     , lstIndex(Named(new QListWidget(this), u"lstIndex"_s, u"Index"_s))
 {
+    lblNoKeyword->setWordWrap(true);
+    lblNoKeyword->hide();
     txtIndex->setPlaceholderText(u"Tapez un mot-clé"_s);
     txtIndex->setClearButtonEnabled(true);
     lstIndex->setUniformItemSizes(true);
     lstIndex->setItemDelegate(new AiryLines(lstIndex));
     auto* const rows = PaneRows(this);
     rows->addWidget(txtIndex);
+    rows->addWidget(lblNoKeyword);
     rows->addWidget(lstIndex, 1);
     connect(txtIndex, &QLineEdit::textChanged, this, &IndexPane::Filter);
     connect(txtIndex, &QLineEdit::returnPressed, this, [this] { Choose(lstIndex->currentItem()); });
@@ -210,6 +216,7 @@ void IndexPane::Filter(const QString& text)
             first = item;
     }
     lstIndex->setCurrentItem(sought.isEmpty() ? nullptr : first);
+    lblNoKeyword->setVisible(first == nullptr && !sought.isEmpty());
 }
 
 void IndexPane::Choose(const QListWidgetItem* item)

@@ -25,6 +25,8 @@ output=$(git ls-files -co --exclude-standard '*.cpp' '*.h' | xargs clang-format 
 report "format" "$output" $?
 output=$(python3 scripts/check_arrows.py)
 report "arrows" "$output" $?
+output=$(python3 scripts/check_pictures.py)
+report "pictures" "$output" $?
 absent "numbers are read and shown in one place" '\b(std::stod|std::stof|strtod|std::to_string|printf)\b|%L1' 'src/*.cpp' 'src/*.h'
 absent "message boxes in one place" '#include <QMessageBox>' 'src/*.cpp' 'src/*.h' ':!src/forms/messages.h' ':!src/forms/messages.cpp'
 absent "no silent toolkit assertions" '\b(QVERIFY2?|QCOMPARE|QTRY_[A-Z]+)\(' 'tests/*.cpp' 'tests/*.h'

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the packages that are missing; with the word bench, fuzz or
+# Installs the packages that are missing; with the word bench, fuzz, valgrind or
 # package also those that only that command needs. Asks for sudo only when not root.
 set -euo pipefail
 
@@ -11,6 +11,7 @@ check=(clang-format clang-tidy libchm-dev xvfb openbox xdotool imagemagick x11-u
 packages=("${build[@]}" "${run[@]}" "${check[@]}")
 [ "${1:-}" = bench ] && packages+=(nodejs npm)
 [ "${1:-}" = fuzz ] && packages+=(clang libclang-rt-14-dev)
+[ "${1:-}" = valgrind ] && packages+=(valgrind)
 [ "${1:-}" = package ] && packages+=(dpkg-dev lintian debootstrap)
 
 missing=()

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace stoikal {
 namespace {
@@ -281,18 +282,6 @@ double RoundToNearest(double x)
     return std::fabs(x - floor) < 0.5 ? floor : floor + 1;
 }
 
-std::int64_t Gcd(std::int64_t a, std::int64_t b)
-{
-    if (a == 0 && b == 0)
-        return 1;
-    while (b != 0) {
-        const std::int64_t rest = a % b;
-        a = b;
-        b = rest;
-    }
-    return a;
-}
-
 /// The smallest factor that makes an integer of the value; 0 above 32000.
 int DenominatorOf(double value)
 {
@@ -319,7 +308,7 @@ void ScaleToIntegers(int lastIndex, std::array<double, 6>& values)
     std::int64_t common = 1;
     for (int i = 0; i <= lastIndex; ++i) {
         const std::int64_t next = denominators.at(static_cast<size_t>(i));
-        common = Checked16(common * next / Gcd(common, next));
+        common = Checked16(common * next / std::gcd(common, next));
     }
     for (int i = 0; i <= lastIndex; ++i) {
         double& value = values.at(static_cast<size_t>(i));

@@ -125,8 +125,6 @@ double ReadNumber(QStringView text)
         } else
             break;
     }
-    if (number.size() == digitsFrom)
-        return 0;
     double value = 0;
     const auto result = std::from_chars(number.constData(), number.constData() + number.size(), value);
     if (result.ec == std::errc::result_out_of_range) {

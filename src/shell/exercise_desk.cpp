@@ -61,13 +61,8 @@ frmEquation* ExerciseDesk::Exercise() const
 }
 
 template <typename Window>
-Window* ExerciseDesk::OpenAtomWindow(const QPointer<Window>& present)
+Window* ExerciseDesk::OpenAtomWindow()
 {
-    if (present != nullptr) {
-        present->RefreshColour();
-        present->parentWidget()->show();
-        return present;
-    }
     auto* const window = new Window(m_session.settings, nullptr);
     ConnectAtomWindow(*window);
     m_mainWindow.AddChild(window);
@@ -104,8 +99,9 @@ void ExerciseDesk::Open()
                                  &m_mainWindow);
     ConnectExercise();
     m_progress.Attach(*m_equation);
-    m_reactif = OpenAtomWindow(m_reactif);
-    m_produit = OpenAtomWindow(m_produit);
+    CloseAtoms();
+    m_reactif = OpenAtomWindow<frmReactif>();
+    m_produit = OpenAtomWindow<frmProduit>();
     ArrangeAtomWindows();
     m_session.state.BankedSeconds = 0;
     if (m_session.state.IsScored()) {

@@ -92,7 +92,7 @@ Q_SIGNALS:
 
 private:
     template <typename Window>
-    Window* OpenAtomWindow(const QPointer<Window>& present);
+    Window* OpenAtomWindow();
     void ConnectAtomWindow(AtomWindow& window);
     void ConnectExercise();
     void TakeEquation();

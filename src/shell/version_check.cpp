@@ -29,6 +29,10 @@ QString RemoteVersion(const QString& fileText)
 
 bool IsNewer(const QString& remote, const QString& local)
 {
+    // A page of a network's own, or a server's jest, is no version to tell of.
+    constexpr qsizetype kLongestVersion = 32;
+    if (remote.size() > kLongestVersion)
+        return false;
     const auto value = [](const QString& version) {
         return ReadNumber(ReplaceAll(version, QStringLiteral("."), QString()));
     };

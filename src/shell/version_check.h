@@ -17,7 +17,8 @@ QString RemoveLineBreaks(const QString& text);
 
 /// Whether the announced version is newer than this program's. Both are read
 /// as one number without their points: 1.10 (110) is newer than 1.9 (19), and
-/// 3.10 (310) newer than 4.0 (40).
+/// 3.10 (310) newer than 4.0 (40). A text of more than 32 characters is no version
+/// and never newer.
 bool IsNewer(const QString& remote, const QString& local);
 
 } // namespace stoikal

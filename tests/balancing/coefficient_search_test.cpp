@@ -329,4 +329,21 @@ TEST(CoefficientSearch, FaultsAsWellWithAllAttemptsWhenTheChoicesRunOut)
     EXPECT_EQ(all.choices.back().calls, 1);
 }
 
+TEST(CoefficientSearch, FaultsWhereASumPassesThirtyTwoBits)
+{
+    // 1 A + 1 B -> x C with 10^10 atoms in A and in B and one in C: x = 2 * 10^10,
+    // above 2^31 - 1 = 2147483647.
+    RecordingObserver observer;
+    EXPECT_THROW(SearchCoefficients(OneRow({1e10, 1e10, -1, 0, 0, 0}, 2), observer, Attempts::OnlyDifferent),
+                 FatalFault);
+
+    // With 10^4 in each: 1 + 1 + 2 * 10^4, and 15 + 15 + 30 * 10^4 for the largest
+    // values tried, are below it.
+    RecordingObserver below;
+    const SearchResult result
+        = SearchCoefficients(OneRow({1e4, 1e4, -1, 0, 0, 0}, 2), below, Attempts::OnlyDifferent);
+    EXPECT_EQ(result.end, SearchResult::End::Found);
+    EXPECT_EQ(result.coefficients, (Coefficients{1, 1, 2e4, 0, 0, 0}));
+}
+
 } // namespace stoikal

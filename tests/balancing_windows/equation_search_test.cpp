@@ -1,6 +1,7 @@
 #include "balancing/equation_search.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_lock.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -313,6 +314,34 @@ TEST_F(AppendingAnEquation, TellsWhatCannotBeWritten)
     const auto written = EquationAppender::AppendEquation(folder.path(), u"A=B/1,1"_s);
     ASSERT_FALSE(written);
     EXPECT_TRUE(written.Reason().contains(folder.path()));
+}
+
+TEST_F(AppendingLines, TellsThatAnotherProgramWritesTheFile)
+{
+    Write(u"serie.Equ"_s, "A=B/1,1\r\n");
+    const FileLock other(Path(u"serie.Equ"_s), 0);
+    ASSERT_TRUE(other.IsHeld());
+
+    const auto written = EquationAppender::AppendLines(Path(u"serie.Equ"_s), {"C=D/1,1"});
+
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.Reason(),
+              u"Le fichier %1 n'a pas pu être complété\u00A0:\nun autre programme l'écrit en ce moment, "
+              "ou son dossier ne peut pas être écrit."_s.arg(Path(u"serie.Equ"_s)));
+    EXPECT_EQ(Bytes(u"serie.Equ"_s), "A=B/1,1\r\n");
+}
+
+TEST_F(AppendingAnEquation, TellsThatAnotherProgramWritesTheFile)
+{
+    Write(u"serie.Equ"_s, "A=B/1,1\r\n");
+    const FileLock other(Path(u"serie.Equ"_s), 0);
+    ASSERT_TRUE(other.IsHeld());
+
+    const auto written = EquationAppender::AppendEquation(Path(u"serie.Equ"_s), u"C=D/1,1"_s);
+
+    ASSERT_FALSE(written);
+    EXPECT_TRUE(written.Reason().contains(u"un autre programme l'écrit en ce moment"_s));
+    EXPECT_EQ(Bytes(u"serie.Equ"_s), "A=B/1,1\r\n");
 }
 
 } // namespace stoikal

@@ -243,4 +243,18 @@ TEST(ReadFileNumber, TakesACommaForAPoint)
     EXPECT_EQ(ReadFileNumber(u""), 0);
 }
 
+TEST(ReadNumber, SignAloneIsZero)
+{
+    EXPECT_EQ(ReadNumber(u"-"), 0);
+    EXPECT_EQ(ReadNumber(u"+"), 0);
+    EXPECT_EQ(ReadNumber(u"-x1"), 0);
+}
+
+TEST(ReadNumber, PointAloneIsZero)
+{
+    EXPECT_EQ(ReadNumber(u"."), 0);
+    EXPECT_EQ(ReadNumber(u"-."), 0);
+    EXPECT_EQ(ReadNumber(u".x5"), 0);
+}
+
 } // namespace stoikal

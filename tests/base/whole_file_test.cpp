@@ -69,4 +69,22 @@ TEST_F(WholeFile, TellsWhyItCouldNotBeWritten)
     EXPECT_FALSE(written.Reason().isEmpty());
 }
 
+TEST_F(WholeFile, LeavesTheOldOneWhenTheNewCannotTakeItsName)
+{
+    // The folder gets another name between the writing and the naming.
+    const QString away = folder.filePath(u"partie"_s);
+    const QString here = folder.filePath(u"classe"_s);
+    ASSERT_TRUE(QDir().mkdir(here));
+    ASSERT_TRUE(ReplaceFile(here + u"/Serie.Equ"_s, "ancien").Succeeded());
+
+    const auto written = ReplaceFile(here + u"/Serie.Equ"_s, "nouveau",
+                                     [&](QFileDevice&) { ASSERT_TRUE(QDir().rename(here, away)); });
+
+    ASSERT_FALSE(written.Succeeded());
+    EXPECT_EQ(written.Reason(), u"le fichier ou le dossier n'existe pas"_s);
+    QFile old(away + u"/Serie.Equ"_s);
+    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    EXPECT_EQ(old.readAll(), QByteArray("ancien"));
+}
+
 } // namespace stoikal

@@ -65,4 +65,14 @@ TEST(EndLabels, WithoutAFreePlaceThereIsNone)
     EXPECT_FALSE(PlaceEndLabels({At(100, 150)}, bars, kRoom).at(0).has_value());
 }
 
+TEST(EndLabels, ALineThatEndsWithinTheNameCountsToo)
+{
+    // All of the line lies in the box from 142 to 158 and crosses no edge of it.
+    const auto places = PlaceEndLabels({At(100, 150)}, {QLineF(110, 145, 120, 147)}, kRoom);
+
+    // 4 up: 138 to 154, 4 down: 146 to 162, 8 up: 134 to 150, each holds an end of
+    // it; 8 down is the first that is free.
+    EXPECT_EQ(places.at(0).value(), QRectF(105, 150, 30, 16));
+}
+
 } // namespace stoikal

@@ -1,6 +1,7 @@
 #include "editor/equation_file_io.h"
 
 #include "base/fatal_fault.h"
+#include "support/failing_file.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -147,6 +148,18 @@ TEST(EditorLoader, FileThatIsNotThereIsTold)
     EXPECT_TRUE(loaded.Reason().contains(u"Serie.Equ"_s));
 }
 
+TEST(EditorLoader, FileThatCannotBeReadToItsEndIsTold)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"Serie.Equ"_s);
+    ASSERT_TRUE(MakeFailingFile(path));
+
+    const auto loaded = LoadFileIntoEditor(path);
+
+    ASSERT_FALSE(loaded.Succeeded());
+    EXPECT_EQ(loaded.Reason(), u"Le fichier d'équations « %1 » ne peut pas être lu."_s.arg(path));
+}
+
 TEST(EditorWriter, WritesTheWorkedExample)
 {
     EXPECT_EQ(EquationFileBytes({}, {Water()}, FileType::Avt),
@@ -278,6 +291,20 @@ TEST(WriteEquationFile, FolderInPlaceOfTheFileIsTold)
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"Serie.Equ/x"_s));
 
     EXPECT_FALSE(WriteEquationFile(folder.path(), u"Serie.Equ"_s, "new").Succeeded());
+}
+
+TEST(WriteEquationFile, FolderThatCannotBeMadeIsTold)
+{
+    // A file stands where the folder would be.
+    const QTemporaryDir place;
+    const QString folder = place.filePath(u"Stoikal"_s);
+    ASSERT_TRUE(QFile(folder).open(QIODevice::WriteOnly));
+
+    const auto written = WriteEquationFile(folder, u"Serie.Equ"_s, "A=B\r\n");
+
+    ASSERT_FALSE(written.Succeeded());
+    EXPECT_TRUE(written.Reason().contains(folder + u"/Serie.Equ"_s)) << written.Reason().toStdString();
+    EXPECT_TRUE(written.Reason().contains(u"le dossier n'existe pas."_s)) << written.Reason().toStdString();
 }
 
 TEST(SameNames, ComparesWithoutCase)

@@ -1,6 +1,7 @@
 #include "editor_windows/editor_bench.h"
 
 #include <QTextBlock>
+#include <QTimer>
 
 namespace stoikal {
 
@@ -133,6 +134,21 @@ TEST_F(FrmPreview, UntickingUnloadsIt)
 
     EXPECT_EQ(Preview(), nullptr);
     EXPECT_EQ(editor->findChild<QWidget*>(u"frmPreview"_s), nullptr);
+}
+
+TEST_F(FrmPreview, MayBeGoneAgainBeforeItsEquationIsStored)
+{
+    // Two atoms for four molecules: two coefficients are tried out.
+    OpenNew();
+    Write({u"H2"_s, u"O2"_s, u"H2O2"_s, u"H2O"_s});
+    QTimer::singleShot(0, editor.get(), [this] { Button("chkPreview").setChecked(false); });
+
+    Click(Button("chkPreview"));
+    Settle();
+
+    EXPECT_FALSE(Button("chkPreview").isChecked());
+    EXPECT_EQ(Preview(), nullptr);
+    EXPECT_EQ(Kept(1, "ECHEC"), u"0"_s);
 }
 
 TEST_F(FrmPreview, ClosingItUnticksTheMark)

@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 #include "equation_files/equation_line.h"
+#include "support/failing_file.h"
 #include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
@@ -258,4 +259,15 @@ TEST_F(EquationFileTest, MissingFileIsAFailureThatNamesIt)
 TEST_F(EquationFileTest, FolderIsAFailure)
 {
     EXPECT_FALSE(EquationFile::Open(m_folder.path()).Succeeded());
+}
+
+TEST_F(EquationFileTest, FileThatCannotBeReadToItsEndIsAFailure)
+{
+    const QString path = m_folder.filePath(u"Serie.Equ"_s);
+    ASSERT_TRUE(MakeFailingFile(path));
+
+    const Outcome<EquationFile> file = EquationFile::Open(path);
+
+    ASSERT_FALSE(file.Succeeded());
+    EXPECT_EQ(file.Reason(), u"Le fichier d'équations « %1 » ne peut pas être lu."_s.arg(path));
 }

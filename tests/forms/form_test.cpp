@@ -188,6 +188,22 @@ TEST(ModalForm, EscapeDoesNothingWithoutACancelButton)
     EXPECT_EQ(form.clicks, 0);
 }
 
+TEST(ModalForm, IsDismissedAsByEscape)
+{
+    // A tool for disabled people dismisses a window without a key.
+    SampleModalForm staying;
+    CancellableForm leaving;
+    staying.show();
+    leaving.show();
+
+    staying.reject();
+    leaving.reject();
+
+    EXPECT_TRUE(staying.isVisible());
+    EXPECT_FALSE(leaving.isVisible());
+    EXPECT_EQ(leaving.result(), QDialog::Rejected);
+}
+
 TEST(ModalForm, EscapeClosesWhereThereIsACancelButton)
 {
     CancellableForm form;

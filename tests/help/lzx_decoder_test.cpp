@@ -56,7 +56,8 @@ constexpr int kMainSymbols = 496;
 
 /// The head of a block with these four symbols of the main tree, each with a code
 /// of 2 bits in the order of their numbers.
-void PutBlock(BitWriter& bits, unsigned kind, unsigned length, const std::vector<int>& symbols)
+void PutBlock(BitWriter& bits, unsigned kind, unsigned length, const std::vector<int>& symbols,
+              int mainSymbols = kMainSymbols)
 {
     bits.Put(kind, 3);
     bits.Put(length, 24);
@@ -65,7 +66,7 @@ void PutBlock(BitWriter& bits, unsigned kind, unsigned length, const std::vector
         for (int i = 0; i < 8; ++i)
             bits.Put(3, 3);
     }
-    std::vector<int> lengths(kMainSymbols, 0);
+    std::vector<int> lengths(static_cast<std::size_t>(mainSymbols), 0);
     for (const int symbol : symbols)
         lengths.at(static_cast<std::size_t>(symbol)) = 2;
     PutLengths(bits, std::vector<int>(lengths.begin(), lengths.begin() + 256));
@@ -200,6 +201,56 @@ TEST(LzxDecoder, RefusesATreeWithTooManyCodes)
     EXPECT_TRUE(tree.Build());
     // One code of one bit, two of two.
     EXPECT_EQ(tree.symbols, (std::vector<std::uint16_t>{0, 1, 2}));
+}
+
+TEST(LzxDecoder, LargestWindowsHaveMoreClassesOfOffsets)
+{
+    // 1 MB has 42 classes of offsets: 256 + 8 * 42 = 592 symbols; 2 MB has 50: 656.
+    const std::pair<int, int> windows[]{{20, 592}, {21, 656}};
+    for (const auto& [windowBits, symbols] : windows) {
+        BitWriter bits;
+        bits.Put(0, 1);
+        const int match = 256 + 4 * 8 + 4;
+        PutBlock(bits, 1, 8, {'a', 'b', 'c', match}, symbols);
+        bits.Put(0, 2);
+        bits.Put(1, 2);
+        bits.Put(3, 2);
+        bits.Put(0, 1);
+        LzxDecoder decoder(windowBits);
+
+        EXPECT_TRUE(decoder.AppendFrame(bits.Bytes(), 8)) << windowBits;
+
+        EXPECT_EQ(decoder.Unpacked(), "abababab") << windowBits;
+    }
+}
+
+TEST(LzxDecoder, PassesOverTheByteBehindAnOddBlock)
+{
+    // Three bytes that are not packed and one up to the word; then a block of four:
+    // "011", 24 bits of length, 5 bits up to the word.
+    BitWriter next;
+    next.Put(3, 3);
+    next.Put(4, 24);
+    const QByteArray offsets("\1\0\0\0\1\0\0\0\1\0\0\0", 12);
+    LzxDecoder decoder(15);
+
+    EXPECT_TRUE(decoder.AppendFrame(RawFrame("Sto") + 'X' + next.Bytes() + offsets + "ikal", 7));
+
+    EXPECT_EQ(decoder.Unpacked(), "Stoikal");
+}
+
+TEST(LzxDecoder, RefusesATreeOfLowBitsWithTooManyCodes)
+{
+    // Eight codes of one bit each, where there is room for two.
+    BitWriter bits;
+    bits.Put(0, 1);
+    bits.Put(2, 3);
+    bits.Put(8, 24);
+    for (int i = 0; i < 8; ++i)
+        bits.Put(1, 3);
+    LzxDecoder decoder(15);
+
+    EXPECT_FALSE(decoder.AppendFrame(bits.Bytes() + QByteArray(400, '\0'), 8));
 }
 
 } // namespace stoikal

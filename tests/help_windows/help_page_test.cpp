@@ -114,6 +114,32 @@ TEST_F(HelpPageTest, FindsATextWhateverItsCaseAndAccents)
     EXPECT_TRUE(page.extraSelections().isEmpty());
 }
 
+TEST_F(HelpPageTest, MarksAShortWordOnlyWhereItStandsAlone)
+{
+    const auto marked = [this] {
+        QStringList words;
+        const auto marks = page.extraSelections();
+        for (const auto& mark : marks) {
+            QTextCursor word(page.document());
+            word.setPosition(mark.cursor.selectionStart());
+            word.select(QTextCursor::WordUnderCursor);
+            words << word.selectedText();
+        }
+        words.removeDuplicates();
+        return words;
+    };
+    page.ShowPage({{}, u"/o.html"_s, {}});
+    ASSERT_TRUE(page.toPlainText().contains(u"oxydes"_s));
+
+    page.MarkWords({u"de"_s});
+    EXPECT_EQ(marked(), (QStringList{u"de"_s}));
+    // A part of a word is shown where it is nowhere a word of its own.
+    page.MarkWords({u"xyg"_s});
+    EXPECT_GT(page.extraSelections().size(), 1);
+    page.MarkWords({u"oxyg"_s});
+    EXPECT_GT(page.extraSelections().size(), 1);
+}
+
 TEST_F(HelpPageTest, StaysOnWhitePaperOnADarkDesktop)
 {
     EXPECT_EQ(page.palette().color(QPalette::Base), QColor(Qt::white));

@@ -9,7 +9,7 @@ import sys
 import threading
 import time
 
-from stage import JourneyError, Stage, coefficients_of, equations_of, wait_for
+from stage import JourneyError, Stage, coefficients_of, equations_of, pause, wait_for
 
 
 def expect(what, truth):
@@ -56,7 +56,7 @@ def solution_shown(stage):
     stage.window("Equation n°1")
     stage.type("2")
     stage.key("Tab", "Tab", "Tab", "space")
-    time.sleep(1.8)
+    pause(1.8)
     window = stage.window("Equation n°1")
     stage.click(window, stage.width(window) // 2, 68)
     stage.answer(2, ["1", "1", "1"])
@@ -109,7 +109,7 @@ def network_class(stage):
     stage.window("Stoikal v")
     wait_for("the journal", lambda: list((share / "Dépôt").glob("EQU_dupont_*.txt")))
     expect("the common password's file", (share / "Dépôt" / "MotDePasse.txt").read_bytes() == b"")
-    time.sleep(1.8)
+    pause(1.8)
     stage.window("Stoikal v")
     stage.key("alt+f", "q")
     expect("the end without a fault", stage.wait_end() == 0)

@@ -14,6 +14,9 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 # The build whose program is played: the optimised one, or the one under sanitizers.
 PROGRAM = ROOT / "build" / os.environ.get("STOIKAL_BUILD", "release") / "stoikal"
+# Words in front of the program's name, and how many times slower it is for them.
+UNDER = os.environ.get("STOIKAL_UNDER", "").split()
+SLOWNESS = float(os.environ.get("STOIKAL_SLOWNESS", "1"))
 
 
 class JourneyError(Exception):
@@ -27,9 +30,14 @@ def run(*words, env=None, check=True):
     return done.stdout
 
 
+def pause(seconds):
+    """What the program has to do meanwhile takes so long."""
+    time.sleep(seconds * SLOWNESS)
+
+
 def wait_for(what, look, seconds=15.0):
     """The first true answer of `look`, asked every 50 ms."""
-    end = time.monotonic() + seconds
+    end = time.monotonic() + seconds * SLOWNESS
     while time.monotonic() < end:
         found = look()
         if found:
@@ -130,7 +138,7 @@ class Stage:
         if not tip:
             self.settings("[Options]", "Show Tips at Startup=0")
         self.output = open(self.home / "output.log", "wb")
-        self.program = subprocess.Popen([str(PROGRAM)], env=self.env, stdout=self.output, stderr=self.output)
+        self.program = subprocess.Popen([*UNDER, str(PROGRAM)], env=self.env, stdout=self.output, stderr=self.output)
 
     def start(self):
         self.start_only()
@@ -141,7 +149,7 @@ class Stage:
         self.picture("start")
 
     def wait_end(self):
-        return self.program.wait(self.patience)
+        return self.program.wait(self.patience * SLOWNESS)
 
     # Windows, keys, mouse
 
@@ -169,7 +177,7 @@ class Stage:
     def click(self, window, x, y):
         left, top, _, _ = self.geometry(window)
         run("xdotool", "mousemove", "--sync", left + x, top + y, "click", 1, env=self.env)
-        time.sleep(0.1)
+        pause(0.1)
 
     def width(self, window):
         return self.geometry(window)[2]
@@ -177,18 +185,18 @@ class Stage:
     def key(self, *keys):
         for key in keys:
             run("xdotool", "key", key, env=self.env)
-            time.sleep(0.06)
+            pause(0.06)
 
     def type(self, text):
         run("xdotool", "type", "--delay", "15", text, env=self.env)
-        time.sleep(0.1)
+        pause(0.1)
 
     def picture(self, name):
         if self.pictures is None:
             return
         self.pictures.mkdir(parents=True, exist_ok=True)
         self.picture_number += 1
-        time.sleep(0.15)
+        pause(0.15)
         run("import", "-window", "root", self.pictures / f"{self.picture_number:02d}_{name}.png", env=self.env)
 
     # What a pupil does
@@ -236,4 +244,4 @@ class Stage:
         if picture:
             self.picture(picture)
         self.click(window, self.width(window) // 2, 68)
-        self.quiet_from = time.monotonic() + 1.7
+        self.quiet_from = time.monotonic() + 1.7 * min(SLOWNESS, 3)

@@ -74,4 +74,65 @@ TEST_F(QtFileDialog, GivesTheFileAndTheFilterLeftActive)
     EXPECT_EQ(choice->filter, 0);
 }
 
+TEST_F(QtFileDialog, BeginsWithTheNameGiven)
+{
+    request.fileName = u"Serie.Equ"_s;
+    request.filter = 0;
+    OnDialog([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+
+    const auto choice = dialogs.OpenFile(nullptr, request);
+
+    ASSERT_TRUE(choice.has_value());
+    EXPECT_EQ(choice->path, folder.filePath(u"Serie.Equ"_s));
+}
+
+TEST_F(QtFileDialog, TakesANewNameToAddTo)
+{
+    OnDialog([this](QFileDialog& dialog) {
+        dialog.selectFile(folder.filePath(u"Nouveau.Avt"_s));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+
+    const auto choice = dialogs.AppendToFile(nullptr, request);
+
+    ASSERT_TRUE(choice.has_value());
+    EXPECT_EQ(choice->path, folder.filePath(u"Nouveau.Avt"_s));
+    EXPECT_EQ(choice->filter, 1);
+    EXPECT_FALSE(QFile::exists(choice->path));
+}
+
+TEST_F(QtFileDialog, DoesNotAskWhetherToReplaceWhatIsAddedTo)
+{
+    QStringList questions;
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, [&questions] {
+        auto* const modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (modal != nullptr && modal->objectName() != u"cdgOpen"_s) {
+            questions << modal->windowTitle();
+            modal->accept();
+        }
+    });
+    person.start(1);
+    OnDialog([this](QFileDialog& dialog) {
+        dialog.selectFile(folder.filePath(u"Serie.Equ"_s));
+        QMetaObject::invokeMethod(&dialog, "accept");
+        // Asked after all, the dialog would stay.
+        if (dialog.isVisible())
+            dialog.reject();
+    });
+
+    const auto choice = dialogs.AppendToFile(nullptr, request);
+
+    EXPECT_EQ(questions, QStringList());
+    ASSERT_TRUE(choice.has_value());
+    EXPECT_EQ(choice->path, folder.filePath(u"Serie.Equ"_s));
+}
+
+TEST_F(QtFileDialog, GivesNothingToAddToWhenItIsCancelled)
+{
+    OnDialog([](QFileDialog& dialog) { dialog.reject(); });
+
+    EXPECT_FALSE(dialogs.AppendToFile(nullptr, request).has_value());
+}
+
 } // namespace stoikal

@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 
 namespace stoikal {
 
@@ -157,6 +159,30 @@ TEST(QtProgramsCalculator, IsSeenToBeClosedByItsUser)
     EXPECT_TRUE(programs.CalculatorRuns());
     ASSERT_EQ(::kill(note.section(u' ', 0, 0).toInt(), SIGKILL), 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !programs.CalculatorRuns(); }, 20000));
+}
+
+TEST(QtProgramsCalculator, IsOverThoughNobodyHasAskedHowItEnded)
+{
+    const CalculatorProgram calculator;
+    const Variable command("STOIKAL_CALCULATOR", u"\"%1\""_s.arg(calculator.path));
+    // What loses its parent comes to this process, which does not ask.
+    ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0);
+    QtPrograms programs;
+    ASSERT_TRUE(programs.StartCalculator());
+    const int number = calculator.Note().section(u' ', 0, 0).toInt();
+    EXPECT_TRUE(programs.CalculatorRuns());
+
+    ASSERT_EQ(::kill(number, SIGKILL), 0);
+    const auto isLeft = [number] {
+        QFile state(u"/proc/%1/stat"_s.arg(number));
+        return state.open(QIODevice::ReadOnly) && state.readAll().contains(") Z ");
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isLeft, 20000));
+
+    EXPECT_FALSE(programs.CalculatorRuns());
+    EXPECT_TRUE(isLeft());
+    ::waitpid(number, nullptr, 0);
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0, 0, 0, 0);
 }
 
 TEST(QtProgramsCalculator, IsClosedByTheProgram)

@@ -396,6 +396,22 @@ TEST(ComputeProgress, EndsAtACoefficientOfZero)
     EXPECT_EQ(CauseOf(u"C+O2=CO2/x,1,1#Q1"_s), u"le coefficient de C est nul."_s);
 }
 
+TEST(ComputeProgress, EndsWithoutAFirstReactant)
+{
+    // The furthest advancement is counted from the first reactant's amount.
+    EquationRecord record = RecordOf(u"C+O2=CO2/1,1,1#Q1,Q1"_s);
+    const MolarMasses masses = MassesOf(record);
+    const ProgressTexts texts = FillProgressTable(record);
+    record.Slots[0] = {};
+
+    try {
+        ComputeProgress(record, masses, texts, 22.4);
+        ADD_FAILURE() << "no fault";
+    } catch (const FatalFault& fault) {
+        EXPECT_EQ(fault.Cause(), u"l'équation n'a pas de premier réactif."_s);
+    }
+}
+
 TEST(ComputeProgress, EndsAtWhatIsNegative)
 {
     // Judged against a negative amount, every answer would be right.

@@ -2,6 +2,7 @@
 
 #include "base/session_state.h"
 
+#include "support/failing_file.h"
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
 
@@ -296,6 +297,45 @@ TEST_F(EquationFolder, IsNotMadeWhenAFileCannotBeCopied)
     EXPECT_TRUE(seeded.Reason().contains(u"/nowhere/Perdu.Equ"_s)) << seeded.Reason().toStdString();
     EXPECT_FALSE(QFileInfo::exists(own));
     EXPECT_FALSE(QFileInfo::exists(own + u".nouveau"_s));
+}
+
+TEST_F(EquationFolder, IsNotMadeWhenAFileCannotBeReadToItsEnd)
+{
+    const QString broken = folder.filePath(u"program/exercises/Perdu.Equ"_s);
+    ASSERT_TRUE(MakeFailingFile(broken));
+    desktop.folders.seeds << broken;
+
+    const auto seeded = SeedEquationFolder(own, desktop.Doors());
+
+    ASSERT_FALSE(seeded.Succeeded());
+    EXPECT_EQ(seeded.Reason(), u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(broken, FailingFileReason()));
+    EXPECT_FALSE(QFileInfo::exists(own));
+    EXPECT_FALSE(QFileInfo::exists(own + u".nouveau"_s));
+}
+
+TEST_F(EquationFolder, IsNotMadeWhereNothingCanBeWritten)
+{
+    // A file stands where the folder around it would be.
+    WriteBytes(folder.filePath(u"documents"_s), "");
+
+    const auto seeded = SeedEquationFolder(folder.filePath(u"documents/Stoikal"_s), desktop.Doors());
+
+    ASSERT_FALSE(seeded.Succeeded());
+    EXPECT_EQ(seeded.Reason(), u"le dossier qui doit le contenir ne peut pas être écrit"_s);
+}
+
+TEST_F(EquationFolder, IsNotMadeWhenAFileStandsWhereItWouldGrow)
+{
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(own).absolutePath()));
+    WriteBytes(own + u".nouveau"_s, "another's");
+
+    const auto seeded = SeedEquationFolder(own, desktop.Doors());
+
+    ASSERT_FALSE(seeded.Succeeded());
+    EXPECT_EQ(seeded.Reason(),
+              u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(own + u".nouveau"_s));
+    EXPECT_FALSE(QFileInfo::exists(own));
+    EXPECT_EQ(BytesOf(own + u".nouveau"_s), QByteArray("another's"));
 }
 
 } // namespace stoikal

@@ -130,6 +130,17 @@ TEST_F(ProgramWithAFault, NamesTheLineWhoseAdvancementIsNothing)
     EXPECT_TRUE(Text().contains(u"Ligne 1\u00A0: C+O2"_s));
 }
 
+TEST_F(ProgramWithAFault, EndsByAFaultOfTheLibrariesAsByItsOwn)
+{
+    Run({u"H2+O2=H2O/2,1,2"_s}, u"internal"_s);
+
+    ExpectOneBoxAndTheEnd();
+    EXPECT_EQ(Title(), u"Stoikal"_s);
+    EXPECT_EQ(Icon(), QMessageBox::Critical);
+    EXPECT_TRUE(Text().startsWith(u"Erreur d'exécution"_s)) << Text().toStdString();
+    EXPECT_TRUE(Text().contains(u"erreur interne (nothing at 7)."_s)) << Text().toStdString();
+}
+
 TEST_F(ProgramWithAFault, TakesTheExerciseOutOfTheWayOfItsBox)
 {
     Run({u"H2+O2=H2O/2,1,2"_s, u"H2+O2"_s}, u"open"_s, u"2,1,,2"_s);

@@ -336,4 +336,35 @@ TEST_F(MenuCommands, OnlyHideTheStopwatchOfAScoredRun)
     EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 8.0);
 }
 
+TEST_F(MenuCommands, TellABadSymbolBeforeTheComposition)
+{
+    OpenFile({u"H2+Xy=HXy/1,2,2"_s});
+    messages.shown.clear();
+
+    Choose("Mnu_Reactif(1)");
+
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(messages.shown[0].title, u"Stoikal - Erreur dans le fichier Serie1.Equ"_s);
+    EXPECT_EQ(messages.shown[0].text,
+              u"Il existe une erreur dans le fichier d'équations : Serie1.Equ\n\n"
+              "Le symbole de l'atome suivant 'Xy' est incorrect.\nVeuillez corriger ce fichier."_s);
+    EXPECT_EQ(messages.shown[1].icon, QMessageBox::Information);
+}
+
+TEST_F(MenuCommands, LeaveTheKeyboardToTheExerciseAfterAClickOnTheAtoms)
+{
+    OpenFile({kIron});
+    for (const char* const window : {"frmReactif", "frmProduit"}) {
+        shell->MainWindow().activateWindow();
+        Settle();
+        ASSERT_EQ(QApplication::activeWindow(), &shell->MainWindow());
+
+        QTest::mouseClick(&Atoms(window), Qt::LeftButton);
+        Settle();
+
+        EXPECT_EQ(QApplication::activeWindow(), &Exercise()) << window;
+    }
+}
+
 } // namespace stoikal

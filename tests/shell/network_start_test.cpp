@@ -95,6 +95,18 @@ TEST_F(NetworkStart, MakesAJournalOfItsOwn)
     EXPECT_TRUE(QFileInfo::exists(State().FichierResultat));
 }
 
+TEST_F(NetworkStart, CallsAnUnknownUserInconnuInTheJournalsName)
+{
+    desktop.user.login.clear();
+    const QString own = desktop.folders.appData + u"/Tovik_MARLEN/Stoikal"_s;
+    ASSERT_TRUE(QDir().mkpath(own));
+    WriteTextFile(own + u"/ConfEQU_Inconnu.ini"_s, {u"[Réseau]"_s, u"Dossier Dépôt=Classe3"_s});
+
+    Start();
+
+    EXPECT_EQ(State().FichierResultat, Share("Classe3/EQU_Inconnu_5_3_2016_14_7.txt"));
+}
+
 TEST_F(NetworkStart, AppendsToTheJournalOfTheSameMinute)
 {
     NameTheDeposit();

@@ -2,6 +2,8 @@
 
 #include "base/session_state.h"
 #include "base/settings_store.h"
+#include "support/failing_file.h"
+#include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -230,6 +232,45 @@ TEST_F(PasswordStoreTest, DepositWithANameOfBlanksIsTheShareItself)
     state.DossierDepot = u"   "_s;
 
     EXPECT_EQ(passwords.CommonFile(), folder.filePath(u"MotDePasse.txt"_s));
+}
+
+TEST_F(PasswordStoreTest, FileThatCannotBeReadToItsEndIsNoEmptyPassword)
+{
+    OnAShare();
+    ASSERT_TRUE(MakeFailingFile(Common()));
+
+    EXPECT_EQ(Password(),
+              u"!Le fichier du mot de passe ne peut pas être lu :\n%1\n(%2)\n\n"
+              "Vérifiez que le dossier de dépôt est accessible, puis recommencez."_s.arg(
+                  Common(), FailingFileReason()));
+}
+
+TEST_F(PasswordStoreTest, CommonFileThatAPupilMayOnlyReadIsThere)
+{
+    OnAShare();
+    Put("sesame\r\n");
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(Common()), 0444), 0);
+    const AsOrdinaryUser pupil;
+    ASSERT_TRUE(pupil.IsOrdinary());
+
+    EXPECT_TRUE(passwords.MakeCommonFile());
+    EXPECT_EQ(Password(), u"sesame"_s);
+}
+
+TEST_F(PasswordStoreTest, CommonFileThatAPupilMayNotReadIsAFailure)
+{
+    OnAShare();
+    Put("sesame\r\n");
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(Common()), 0), 0);
+    const AsOrdinaryUser pupil;
+    ASSERT_TRUE(pupil.IsOrdinary());
+
+    const auto made = passwords.MakeCommonFile();
+
+    ASSERT_FALSE(made);
+    EXPECT_EQ(made.Reason(), u"l'accès est refusé"_s);
 }
 
 } // namespace stoikal

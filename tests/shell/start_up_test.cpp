@@ -219,6 +219,24 @@ TEST_F(StartOfTheProgram, FillsANewEquationFolder)
     EXPECT_EQ(TextOfFile(EquationFolder() + u"/Serie.Equ"_s), u"H2+O2=H2O/2,1,2\r\n"_s);
 }
 
+TEST_F(StartOfTheProgram, EndsWhenTheEquationFolderCannotBeMade)
+{
+    // A file stands where its parent would be.
+    WriteTextFile(desktop.folders.documents + u"/Tovik_MARLEN"_s, {});
+    MakeShell();
+
+    try {
+        shell->Start();
+        ADD_FAILURE() << "the start went on";
+    } catch (const FatalFault& fault) {
+        EXPECT_EQ(fault.File(), EquationFolder());
+        EXPECT_EQ(fault.Cause(),
+                  u"le dossier des fichiers d'équations ne peut pas être créé "
+                  "(le dossier qui doit le contenir ne peut pas être écrit)."_s);
+    }
+    EXPECT_FALSE(shell->MainWindow().isVisible());
+}
+
 TEST_F(StartOfTheProgram, EndsWhenTheJournalCannotBeOpened)
 {
     QDir().mkpath(EquationFolder() + u"/Resultat.txt"_s);

@@ -65,6 +65,17 @@ TEST(IsNewer, IsFalseForTheSameVersion)
     EXPECT_FALSE(IsNewer(u"4.0"_s, u"4.0"_s));
 }
 
+TEST(IsNewer, IsFalseForATextThatIsTooLongForAVersion)
+{
+    EXPECT_TRUE(IsNewer(QString(32, u'9'), u"4.0"_s));
+    EXPECT_FALSE(IsNewer(QString(33, u'9'), u"4.0"_s));
+    // What a hotel's network answers with, whatever was asked for.
+    EXPECT_FALSE(
+        IsNewer(RemoteVersion(u"<html lang=\"fr\" id=90><body>Connectez-vous à notre réseau</body></html>"_s),
+                u"4.0"_s));
+    EXPECT_FALSE(IsNewer(RemoteVersion(u"<p id=90>Connectez-vous à notre réseau sans fil</p>"_s), u"4.0"_s));
+}
+
 TEST(IsNewer, IsFalseForATextOfNoDigits)
 {
     EXPECT_FALSE(IsNewer(u"bientôt"_s, u"4.0"_s));

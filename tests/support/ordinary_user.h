@@ -6,11 +6,15 @@
 namespace stoikal {
 
 /// The rights of a user without privileges while this lives: the superuser,
-/// under whom tests may run, is refused nothing.
+/// under whom tests may run, is refused nothing. Only the superuser becomes the
+/// user of that number.
 class AsOrdinaryUser
 {
 public:
-    AsOrdinaryUser() = default;
+    explicit AsOrdinaryUser(uid_t user = 65534)
+        : m_isOrdinary(!m_wasSuperuser || setresuid(user, user, 0) == 0)
+    {
+    }
     ~AsOrdinaryUser()
     {
         if (m_wasSuperuser && setresuid(0, 0, 0) == 0)
@@ -23,7 +27,7 @@ public:
 
 private:
     bool m_wasSuperuser = geteuid() == 0;
-    bool m_isOrdinary = !m_wasSuperuser || setresuid(65534, 65534, 0) == 0;
+    bool m_isOrdinary;
 };
 
 } // namespace stoikal

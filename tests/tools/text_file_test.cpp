@@ -1,11 +1,14 @@
 #include "tools/text_file.h"
 
+#include "support/failing_file.h"
+#include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -112,6 +115,32 @@ TEST(TextFile, ItsOwnSavingIsNoChangeFromOutside)
     ASSERT_TRUE(file.Save({u"a"_s}));
 
     EXPECT_FALSE(file.HasChangedOutside());
+}
+
+TEST(TextFile, TellsThatItCannotBeReadToItsEnd)
+{
+    const OneFile place;
+    ASSERT_TRUE(MakeFailingFile(place.path));
+
+    const auto lines = TextFile(place.path).Load();
+
+    ASSERT_FALSE(lines);
+    EXPECT_EQ(lines.Reason(), FailingFileReason());
+}
+
+TEST(TextFile, TellsThatItMayNotBeRead)
+{
+    const OneFile place;
+    place.Write("secret");
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0200), 0);
+    const AsOrdinaryUser user;
+    ASSERT_TRUE(user.IsOrdinary());
+
+    const auto lines = TextFile(place.path).Load();
+
+    ASSERT_FALSE(lines);
+    EXPECT_EQ(lines.Reason(), u"l'accès est refusé"_s);
 }
 
 } // namespace stoikal

@@ -350,6 +350,9 @@ void frmNewFile::chkPreview_Click()
     // Stored or not, what is there is shown; a failure is told by its own box.
     (void)StoreEquation(m_desk.number);
     RefreshPreview(m_desk.count);
+    // A long search lets the desktop's events in: the preview may be gone again.
+    if (m_preview == nullptr)
+        return;
     m_preview->RestorePlaceAndSize();
     m_preview->show();
     // The teacher goes on writing.

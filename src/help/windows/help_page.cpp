@@ -11,6 +11,8 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QWheelEvent>
+#include <algorithm>
+#include <iterator>
 
 namespace stoikal {
 namespace {
@@ -244,13 +246,30 @@ int HelpPage::FindText(const QString& text, bool isBackward, bool isFromStart)
     return static_cast<int>(places.size());
 }
 
+/// The places of a word. A short one, as "de", is part of half of the words of a
+/// page: where it stands alone, only those places count.
+QList<int> HelpPage::PlacesOfWord(const QString& word) const
+{
+    constexpr qsizetype kLongestShortWord = 3;
+    QList<int> places = PlacesOf(word);
+    if (word.size() > kLongestShortWord)
+        return places;
+    const auto standsAlone = [this, length = word.size()](int place) {
+        return !document()->characterAt(place - 1).isLetterOrNumber()
+            && !document()->characterAt(place + static_cast<int>(length)).isLetterOrNumber();
+    };
+    QList<int> alone;
+    std::copy_if(places.cbegin(), places.cend(), std::back_inserter(alone), standsAlone);
+    return alone.isEmpty() ? places : alone;
+}
+
 void HelpPage::MarkWords(const QStringList& words)
 {
     setExtraSelections({});
     int first = -1;
     qsizetype length = 0;
     for (const QString& word : words) {
-        const QList<int> places = PlacesOf(word);
+        const QList<int> places = PlacesOfWord(word);
         Mark(places, word.size());
         if (!places.isEmpty() && (first < 0 || places.first() < first)) {
             first = places.first();

@@ -59,6 +59,7 @@ private:
     QUrl UrlOf(const PageAddress& address) const;
     QString Zoomed(const QString& text) const;
     QList<int> PlacesOf(const QString& text) const;
+    QList<int> PlacesOfWord(const QString& word) const;
     QTextCursor Selected(int place, qsizetype length) const;
     void Mark(const QList<int>& places, qsizetype length);
     void GoTo(int place, qsizetype length);

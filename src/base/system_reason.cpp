@@ -1,5 +1,8 @@
 #include "base/system_reason.h"
 
+#include <QCoreApplication>
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -10,6 +13,28 @@ struct Reason {
     int code;
     QString words;
 };
+
+/// For these the toolkit has words of its own, whatever the system's language.
+struct ToolkitReason {
+    const char* text;
+    int code;
+};
+constexpr std::array kToolkitReasons{
+    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "Permission denied"), EACCES},
+    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "No such file or directory"), ENOENT},
+    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "No space left on device"), ENOSPC}};
+
+/// Whether the system or the toolkit tells this failure so.
+bool Tells(const QString& text, int code)
+{
+    if (text == QString::fromLocal8Bit(std::strerror(code)))
+        return true;
+    return std::any_of(kToolkitReasons.begin(), kToolkitReasons.end(), [&](const ToolkitReason& reason) {
+        return reason.code == code
+            && (text == QLatin1String(reason.text)
+                || text == QCoreApplication::translate("QIODevice", reason.text));
+    });
+}
 
 } // namespace
 
@@ -36,7 +61,7 @@ QString FrenchReason(const QString& systemReason)
         {ETIMEDOUT, QStringLiteral("le serveur ne répond pas")},
     };
     for (const Reason& reason : reasons) {
-        if (systemReason == QString::fromLocal8Bit(std::strerror(reason.code)))
+        if (Tells(systemReason, reason.code))
             return reason.words;
     }
     return systemReason;

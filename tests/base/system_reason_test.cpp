@@ -36,6 +36,13 @@ TEST(SystemReason, ShareThatWentIsToldInFrench)
     EXPECT_EQ(FrenchReason(OfSystem(EROFS)), u"le disque est en lecture seule"_s);
 }
 
+TEST(SystemReason, ToolkitsOwnWordsAreToldInFrenchToo)
+{
+    EXPECT_EQ(FrenchReason(u"Permission denied"_s), u"l'accès est refusé"_s);
+    EXPECT_EQ(FrenchReason(u"No such file or directory"_s), u"le fichier ou le dossier n'existe pas"_s);
+    EXPECT_EQ(FrenchReason(u"No space left on device"_s), u"le disque est plein"_s);
+}
+
 TEST(SystemReason, AnotherReasonStaysAsItIs)
 {
     EXPECT_EQ(FrenchReason(u"Permission refusée"_s), u"Permission refusée"_s);

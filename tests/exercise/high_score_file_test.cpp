@@ -3,7 +3,6 @@
 #include "base/file_lock.h"
 
 #include "base/text_lines.h"
-#include "support/failing_file.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
@@ -471,16 +470,6 @@ TEST_F(HighScorePrograms, KilledAtAnyPointLeavesTheOldFileOrTheNewOne)
         }
         ASSERT_TRUE(writer.HasConfirmed() || round != kRounds - 1) << writer.Errors();
     }
-}
-
-TEST(HighScoreFile, ThatCannotBeReadToItsEndIsLeftAsItStands)
-{
-    ScoreFolder place;
-    ASSERT_TRUE(MakeFailingFile(place.path));
-
-    place.ExpectPathError();
-
-    EXPECT_EQ(QFile::symLinkTarget(place.path), u"/proc/self/mem"_s);
 }
 
 } // namespace stoikal

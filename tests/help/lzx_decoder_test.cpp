@@ -57,14 +57,14 @@ constexpr int kMainSymbols = 496;
 /// The head of a block with these four symbols of the main tree, each with a code
 /// of 2 bits in the order of their numbers.
 void PutBlock(BitWriter& bits, unsigned kind, unsigned length, const std::vector<int>& symbols,
-              int mainSymbols = kMainSymbols)
+              int mainSymbols = kMainSymbols, unsigned lowBits = 3)
 {
     bits.Put(kind, 3);
     bits.Put(length, 24);
     if (kind == 2) {
         // Eight low bits of an offset, each with its own number as code.
         for (int i = 0; i < 8; ++i)
-            bits.Put(3, 3);
+            bits.Put(lowBits, 3);
     }
     std::vector<int> lengths(static_cast<std::size_t>(mainSymbols), 0);
     for (const int symbol : symbols)
@@ -241,16 +241,18 @@ TEST(LzxDecoder, PassesOverTheByteBehindAnOddBlock)
 
 TEST(LzxDecoder, RefusesATreeOfLowBitsWithTooManyCodes)
 {
-    // Eight codes of one bit each, where there is room for two.
-    BitWriter bits;
-    bits.Put(0, 1);
-    bits.Put(2, 3);
-    bits.Put(8, 24);
-    for (int i = 0; i < 8; ++i)
-        bits.Put(1, 3);
-    LzxDecoder decoder(15);
+    // Eight codes of three bits fill their room; eight of one bit want four times as
+    // much, and this even where no match asks for them.
+    for (const unsigned length : {3U, 1U}) {
+        BitWriter bits;
+        bits.Put(0, 1);
+        PutBlock(bits, 2, 2, {'a', 'b', 'c', 'd'}, kMainSymbols, length);
+        bits.Put(0, 2);
+        bits.Put(1, 2);
+        LzxDecoder decoder(15);
 
-    EXPECT_FALSE(decoder.AppendFrame(bits.Bytes() + QByteArray(400, '\0'), 8));
+        EXPECT_EQ(decoder.AppendFrame(bits.Bytes(), 2), length == 3) << length;
+    }
 }
 
 } // namespace stoikal

@@ -1,6 +1,8 @@
 #include "help_window_support.h"
 
+#include <QImage>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace stoikal {
 
@@ -113,6 +115,39 @@ TEST_F(FrmHelp, FindsWordsInAllPagesAndMarksThem)
     EXPECT_EQ(Page().Title(), u"La réaction vue par ses particules"_s);
     ASSERT_EQ(Page().extraSelections().size(), 1);
     EXPECT_EQ(Page().extraSelections().first().cursor.selectedText(), u"thermomètre"_s);
+}
+
+TEST_F(FrmHelp, ShowsThePagesFoundByTitleAndTwoWholeLines)
+{
+    Open();
+    ShowTab(2);
+    Type(Control<QLineEdit>(window, "txtSearch"), u"thermometre"_s);
+    Press(Control<QLineEdit>(window, "txtSearch"), Qt::Key_Return);
+    auto& list = Control<QListWidget>(window, "lstFound");
+    ASSERT_GT(list.count(), 0);
+    list.clearSelection();
+    list.setCurrentItem(nullptr);
+    Settle();
+    const QRect place = list.visualItemRect(list.item(0));
+    const int line = list.fontMetrics().lineSpacing();
+    const auto darkest = [&list](const QRect& part) {
+        const QImage image = list.viewport()->grab(part).toImage();
+        int lightness = 255;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                lightness = std::min(lightness, image.pixelColor(x, y).lightness());
+        }
+        return lightness;
+    };
+    // 6 pixels above, the title, 2 pixels, two lines, 6 pixels: 3 lines and 14.
+    const QRect title(place.left(), place.top() + 6, place.width(), line);
+    const QRect excerpt(place.left(), place.top() + 6 + line + 2, place.width(), 2 * line);
+
+    EXPECT_EQ(place.height(), 3 * line + 14);
+    const int paper = list.palette().color(QPalette::Base).lightness();
+    EXPECT_LT(darkest(title), darkest(excerpt));
+    EXPECT_LT(darkest(excerpt), paper - 40);
+    EXPECT_EQ(darkest(QRect(place.left(), place.bottom() - 3, place.width(), 3)), paper);
 }
 
 TEST_F(FrmHelp, AsksForWordsWhenThereAreNone)
@@ -239,6 +274,26 @@ TEST_F(FrmHelp, EnlargesTheTextAndKeepsTheSize)
     EXPECT_EQ(settings.Read(u"Help Window"_s, u"Zoom"_s), u"120"_s);
     Press(window, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(Control<QLabel>(window, "lblZoom").text(), u"100\u00A0%"_s);
+}
+
+TEST_F(FrmHelp, EnlargesAndReducesByTheWheelWithControl)
+{
+    Open();
+    const auto turn = [this](int angle, Qt::KeyboardModifiers modifiers) {
+        QWidget& paper = *Page().viewport();
+        const QPointF middle = paper.rect().center();
+        QWheelEvent event(middle, paper.mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&paper, &event);
+        Settle();
+        return Control<QLabel>(window, "lblZoom").text();
+    };
+
+    // Without the key the page only rolls.
+    EXPECT_EQ(turn(120, Qt::ControlModifier), u"110\u00A0%"_s);
+    EXPECT_EQ(turn(-120, Qt::ControlModifier), u"100\u00A0%"_s);
+    EXPECT_EQ(turn(-120, Qt::ControlModifier), u"90\u00A0%"_s);
+    EXPECT_EQ(turn(120, Qt::NoModifier), u"90\u00A0%"_s);
 }
 
 TEST_F(FrmHelp, EnlargesUpToABound)

@@ -38,6 +38,14 @@ protected:
         });
     }
 
+    /// Presses the button that accepts; a dialog that does not take it is left.
+    static void Accept(QFileDialog& dialog)
+    {
+        QMetaObject::invokeMethod(&dialog, "accept");
+        if (dialog.isVisible())
+            dialog.reject();
+    }
+
     QTemporaryDir folder;
     Dialogs::Request request;
     ModalScript script;
@@ -78,7 +86,7 @@ TEST_F(QtFileDialog, BeginsWithTheNameGiven)
 {
     request.fileName = u"Serie.Equ"_s;
     request.filter = 0;
-    OnDialog([](QFileDialog& dialog) { QMetaObject::invokeMethod(&dialog, "accept"); });
+    OnDialog([](QFileDialog& dialog) { Accept(dialog); });
 
     const auto choice = dialogs.OpenFile(nullptr, request);
 
@@ -90,7 +98,7 @@ TEST_F(QtFileDialog, TakesANewNameToAddTo)
 {
     OnDialog([this](QFileDialog& dialog) {
         dialog.selectFile(folder.filePath(u"Nouveau.Avt"_s));
-        QMetaObject::invokeMethod(&dialog, "accept");
+        Accept(dialog);
     });
 
     const auto choice = dialogs.AppendToFile(nullptr, request);
@@ -115,10 +123,7 @@ TEST_F(QtFileDialog, DoesNotAskWhetherToReplaceWhatIsAddedTo)
     person.start(1);
     OnDialog([this](QFileDialog& dialog) {
         dialog.selectFile(folder.filePath(u"Serie.Equ"_s));
-        QMetaObject::invokeMethod(&dialog, "accept");
-        // Asked after all, the dialog would stay.
-        if (dialog.isVisible())
-            dialog.reject();
+        Accept(dialog);
     });
 
     const auto choice = dialogs.AppendToFile(nullptr, request);

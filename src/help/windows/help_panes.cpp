@@ -264,12 +264,6 @@ void SearchPane::SetFile(std::shared_ptr<const HelpFile> file)
     lblFound->clear();
 }
 
-void SearchPane::FocusBox()
-{
-    txtSearch->setFocus();
-    txtSearch->selectAll();
-}
-
 void SearchPane::Search()
 {
     lstFound->clear();
@@ -341,11 +335,6 @@ void FindBar::Close()
 {
     hide();
     Q_EMIT Closed();
-}
-
-void FindBar::SetText(const QString& text)
-{
-    txtFind->setText(text);
 }
 
 QString FindBar::Text() const

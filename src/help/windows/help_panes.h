@@ -72,7 +72,6 @@ public:
     explicit SearchPane(QWidget* parent);
 
     void SetFile(std::shared_ptr<const HelpFile> file);
-    void FocusBox();
 
 Q_SIGNALS:
     /// A page that was found, and the words that were sought.
@@ -99,7 +98,6 @@ public:
 
     void Open();
     void Close();
-    void SetText(const QString& text);
     QString Text() const;
     /// Tells how often the text stands on the page.
     void ShowCount(int count);

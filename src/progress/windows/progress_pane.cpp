@@ -293,11 +293,6 @@ void ProgressPane::SetOutOfDate(bool isOutOfDate)
                                      : QString());
 }
 
-bool ProgressPane::ShowsData() const
-{
-    return m_controls.chkDataMol->isChecked();
-}
-
 void ProgressPane::SetShowsData(bool shown)
 {
     m_controls.chkDataMol->setChecked(shown);
@@ -308,11 +303,6 @@ void ProgressPane::chkDataMol_Click(bool checked)
     Q_EMIT DataToggled(checked);
     if (!checked && isVisible() && m_controls.txtMasMol[0]->isEnabled())
         m_controls.txtMasMol[0]->setFocus();
-}
-
-bool ProgressPane::ShowsDrawings() const
-{
-    return m_controls.chkHistoMol->isChecked();
 }
 
 void ProgressPane::SetShowsDrawings(bool shown)

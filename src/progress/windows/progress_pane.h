@@ -50,9 +50,7 @@ public:
 
     const ProgressTable& Table() const { return m_run.Table(); }
 
-    bool ShowsData() const;
     void SetShowsData(bool shown);
-    bool ShowsDrawings() const;
     void SetShowsDrawings(bool shown);
 
     Needs LeastSizes(const QWidget& next) const override;

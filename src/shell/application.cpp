@@ -73,7 +73,7 @@ void Application::EndByFault(const QString& title, const QString& text, QMessage
     else
         messages.Information(nullptr, title, text);
     // No unload handlers, no code behind a nested loop: the process is over.
-    std::quick_exit(EXIT_FAILURE);
+    std::_Exit(EXIT_FAILURE);
 }
 
 } // namespace stoikal

@@ -40,17 +40,29 @@ const QString& Folder()
     return path;
 }
 
-void SearchFolder(benchmark::State& state)
-{
+/// A window on the screen, over the real desktop and settings that are kept nowhere.
+template <typename Window>
+struct Shown {
+    explicit Shown(const QString& equationFolder)
+        : window({clock, dialogs, messages, settings, equationFolder}, nullptr)
+    {
+        window.resize(1000, 650);
+        window.show();
+    }
+
     QtClock clock;
     QtDialogs dialogs;
     DesktopMessages messages;
     SettingsStore store;
-    const QString none;
-    Settings settings(store, none);
-    frmSearch window({clock, dialogs, messages, settings, Folder()}, nullptr);
-    window.resize(1000, 650);
-    window.show();
+    QString none;
+    Settings settings{store, none};
+    Window window;
+};
+
+void SearchFolder(benchmark::State& state)
+{
+    Shown<frmSearch> shown(Folder());
+    frmSearch& window = shown.window;
     window.findChild<QLineEdit*>(QStringLiteral("txtMolecule(0)"))->setText(QStringLiteral("KMnO4"));
     auto* const button = window.findChild<QPushButton*>(QStringLiteral("cmdSearch"));
     auto* const list = window.findChild<QPlainTextEdit*>(QStringLiteral("txtResult"));
@@ -92,15 +104,8 @@ BENCHMARK(GrepFolder)->Unit(benchmark::kMillisecond)->UseRealTime();
 /// coefficients are sought, the bar walks to its end, the list shows the result.
 void SearchInShownWindow(benchmark::State& state)
 {
-    QtClock clock;
-    QtDialogs dialogs;
-    DesktopMessages messages;
-    SettingsStore store;
-    const QString none;
-    Settings settings(store, none);
-    frmExpert window({clock, dialogs, messages, settings, QString()}, nullptr);
-    window.resize(1000, 650);
-    window.show();
+    Shown<frmExpert> shown{QString()};
+    frmExpert& window = shown.window;
     QApplication::processEvents();
     for (const auto& [place, molecule] : {std::pair{0, "C"}, {1, "O2"}, {3, "CO"}, {4, "CO2"}})
         window.findChild<QLineEdit*>(QStringLiteral("txtMolecule(%1)").arg(place))

@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 
+#include <QByteArrayList>
 #include <array>
 #include <charconv>
 #include <cmath>

@@ -35,7 +35,7 @@ ElementValue NumberOrDash(std::optional<Number> number)
 
 /// Places for all texts of a capital and at most two small letters, each with
 /// the number of its element, counted from 1, or 0.
-using SymbolPlaces = std::array<std::uint8_t, 27 * 27 * 27>;
+using SymbolPlaces = std::array<std::uint8_t, std::size_t{27} * 27 * 27>;
 
 /// The place of a text that can be a symbol of the table; 0 for all others.
 std::size_t SymbolPlace(QStringView symbol)
@@ -51,7 +51,7 @@ std::size_t SymbolPlace(QStringView symbol)
             const char16_t c = symbol[i].unicode();
             if (c < first || c >= first + 26)
                 return 0;
-            letter = static_cast<std::size_t>(c - first + 1);
+            letter = static_cast<std::size_t>(c - first) + 1;
         }
         place = place * 27 + letter;
     }

@@ -3,6 +3,7 @@
 #include "base/fatal_fault.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
+#include "equation_files/equation_file.h"
 #include "equation_files/equation_pieces.h"
 
 #include <QDir>
@@ -130,13 +131,10 @@ LoadedFile ReadEquations(const QByteArray& bytes, const QString& path)
 
 Outcome<LoadedFile> LoadFileIntoEditor(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(path)};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(path)};
-    return ReadEquations(bytes, path);
+    const auto bytes = ReadEquationFile(path);
+    if (!bytes)
+        return Failure{bytes.Reason()};
+    return ReadEquations(*bytes, path);
 }
 
 QByteArray EquationFileBytes(const QString& head, const std::vector<WorkEquation>& equations, FileType type)

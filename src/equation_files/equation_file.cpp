@@ -86,6 +86,17 @@ FirstPass CountEquations(QByteArrayView bytes)
     return pass;
 }
 
+Outcome<QByteArray> ReadEquationFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(path)};
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(path)};
+    return bytes;
+}
+
 EquationFile::EquationFile(QByteArray bytes)
     : m_bytes(std::move(bytes))
     , m_walker(m_bytes)
@@ -94,13 +105,10 @@ EquationFile::EquationFile(QByteArray bytes)
 
 Outcome<EquationFile> EquationFile::Open(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(path)};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(path)};
-    return EquationFile(NormaliseTextBytes(bytes));
+    const auto bytes = ReadEquationFile(path);
+    if (!bytes)
+        return Failure{bytes.Reason()};
+    return EquationFile(NormaliseTextBytes(*bytes));
 }
 
 bool EquationFile::NextLine()

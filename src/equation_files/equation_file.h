@@ -20,6 +20,10 @@ struct FirstPass {
 /// apostrophe; a line of blanks alone counts as an equation. Never fails.
 FirstPass CountEquations(QByteArrayView bytes);
 
+/// The bytes of an equation file as they stand there. Fails with a French sentence
+/// when it cannot be opened or read.
+Outcome<QByteArray> ReadEquationFile(const QString& path);
+
 /// The equation file of a run: gives its usable lines one after another, in the
 /// file's order. It is read whole at the opening, so that nothing that happens
 /// to the file later disturbs the run; what a line means is not its matter.

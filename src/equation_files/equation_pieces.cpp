@@ -93,7 +93,7 @@ QString TakeState(QString& species)
     const qsizetype closing = species.indexOf(QLatin1Char('>'), opening);
     if (closing < 0)
         throw FatalFault(QStringLiteral("un état ouvert par « < » n'est pas fermé par « > »."));
-    const QString state = species.sliced(opening + 1, closing - opening - 1).trimmed().toLower();
+    QString state = species.sliced(opening + 1, closing - opening - 1).trimmed().toLower();
     species.remove(opening, closing - opening + 1);
     return state;
 }

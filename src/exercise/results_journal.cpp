@@ -23,7 +23,7 @@ Outcome<QString> ResultsJournal::Open(const QString& path)
     m_file.setFileName(path);
     m_isMeantOpen = true;
     if (!OpenFile())
-        return Failure{u"%1 : %2"_s.arg(path, FrenchReason(m_file.errorString()))};
+        return Failure{FrenchReason(m_file.errorString())};
     return path;
 }
 

@@ -26,7 +26,7 @@ public:
 
     /// Opens a file for appending and returns its path. The file is made when
     /// missing, its folder is not. A journal open before is closed first. Fails
-    /// with the system's reason behind the path; the journal is then closed, and
+    /// with the reason in French words; the journal is then closed, and
     /// each write tries once more to open it.
     Outcome<QString> Open(const QString& path);
 

@@ -1,10 +1,30 @@
 #include "forms/messages.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QPointer>
 #include <QPushButton>
 
 namespace stoikal {
+
+namespace {
+
+/// A box is as wide as its text: makes room for a title that is longer than
+/// that, beside the icon and the buttons of the title bar.
+void MakeRoomForTitle(QMessageBox& box)
+{
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr)
+        return;
+    QFont bold = box.font();
+    bold.setBold(true);
+    constexpr int kIconAndButtons = 100;
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + kIconAndButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+} // namespace
 
 void Messages::InputError(QWidget* parent, const QString& text)
 {
@@ -77,6 +97,7 @@ QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message
         box.setEscapeButton(QMessageBox::No);
     if (message.preset != QMessageBox::NoButton)
         box.setDefaultButton(message.preset);
+    MakeRoomForTitle(box);
     box.show();
     box.raise();
     box.activateWindow();

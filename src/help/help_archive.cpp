@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 constexpr std::int64_t kFileHead = 0x60;
 constexpr std::int64_t kDirectoryHead = 0x54;
 constexpr std::int64_t kListHead = 0x14;
-constexpr std::int64_t kLargestBlock = 1024 * 1024;
+constexpr std::int64_t kLargestBlock = std::int64_t{1024} * 1024;
 /// An interval of 4 MB is far above what any compiler writes.
 constexpr std::int64_t kMostFramesPerInterval = 128;
 constexpr qsizetype kLongestName = 512;

@@ -31,7 +31,7 @@ class HelpArchive
 {
 public:
     /// No file inside may be larger than this; a help page has some kilobytes.
-    static constexpr std::int64_t kLargestFile = 16 * 1024 * 1024;
+    static constexpr std::int64_t kLargestFile = std::int64_t{16} * 1024 * 1024;
 
     /// Opens the file and reads its directory. The reason of a failure is a
     /// French sentence.

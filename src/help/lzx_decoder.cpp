@@ -108,7 +108,7 @@ public:
     {
         if (m_count == 0)
             Take(16);
-        m_next -= 2 * (m_count / 16);
+        m_next -= 2LL * (m_count / 16);
         m_count = 0;
     }
 

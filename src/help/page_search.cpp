@@ -12,8 +12,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qsizetype kLargestPage = 2 * 1024 * 1024;
-constexpr qsizetype kLargestWhole = 32 * 1024 * 1024;
+constexpr qsizetype kLargestPage = qsizetype{2} * 1024 * 1024;
+constexpr qsizetype kLargestWhole = qsizetype{32} * 1024 * 1024;
 constexpr qsizetype kExcerptBefore = 40;
 constexpr qsizetype kExcerptLength = 140;
 
@@ -50,7 +50,7 @@ QString PageTitle(const QString& html)
             inside = walker.Tag();
             continue;
         }
-        const QString text = walker.Text().simplified();
+        QString text = walker.Text().simplified();
         if (inside == "title"_L1 && !text.isEmpty())
             return text;
         if (inside == "h1"_L1 && heading.isEmpty())
@@ -130,6 +130,7 @@ std::vector<PageSearch::Hit> PageSearch::Find(const HelpFile& file, const QStrin
         return a.isInTitle != b.isInTitle ? a.isInTitle : a.places > b.places;
     });
     std::vector<Hit> hits;
+    hits.reserve(ranked.size());
     for (const Ranked& rank : ranked)
         hits.push_back({rank.page->path, rank.page->title, Excerpt(rank.page->text, rank.first)});
     return hits;

@@ -88,6 +88,7 @@ public:
         QStringList filters; ///< "Stoikal Equilibrage (*.Equ)"
         int filter = 0; ///< index of the one shown first
         QString fileName;
+        QString accept = QString(); ///< caption of the button that accepts; empty: the desktop's
     };
     struct Choice {
         QString path;

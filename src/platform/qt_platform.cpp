@@ -71,6 +71,8 @@ std::optional<Dialogs::Choice> RunFileDialog(QFileDialog& dialog, const Dialogs:
         dialog.selectNameFilter(request.filters.at(request.filter));
     if (!request.fileName.isEmpty())
         dialog.selectFile(request.fileName);
+    if (!request.accept.isEmpty())
+        dialog.setLabelText(QFileDialog::Accept, request.accept);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const qsizetype filter = request.filters.indexOf(dialog.selectedNameFilter());

@@ -241,7 +241,7 @@ bool IsGas(const SpeciesSlot& slot)
 
 QString IntermediateText(int slot, int coefficient, const QString& initialText)
 {
-    const QString turnedOver = QStringLiteral("%1*xmax").arg(coefficient);
+    QString turnedOver = QStringLiteral("%1*xmax").arg(coefficient);
     if (slot >= static_cast<int>(kFirstProduct))
         return turnedOver;
     if (TypedNumber(initialText) == 0)

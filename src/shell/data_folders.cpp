@@ -144,7 +144,7 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
         return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(growing)};
     const QStringList seeds = desktop.folders.SeedFiles();
     for (const QString& seed : seeds) {
-        const auto copied = CopyFile(seed, WithSeparator(growing) + QFileInfo(seed).fileName());
+        auto copied = CopyFile(seed, WithSeparator(growing) + QFileInfo(seed).fileName());
         if (!copied) {
             QDir(growing).removeRecursively();
             return copied;

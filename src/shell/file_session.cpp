@@ -178,7 +178,7 @@ void FileSession::RefuseEmptyFile()
 void FileSession::StartRun(int equationCount)
 {
     const QString& title = m_session.state.TitreFichier;
-    m_mainWindow.setWindowTitle(
+    m_mainWindow.SetCaption(
         QStringLiteral("%1 - %2 - %3 équations").arg(product::Caption(), title).arg(equationCount));
     WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
                    HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
@@ -193,7 +193,7 @@ void FileSession::LeaveRun()
     m_session.run.Close();
     Q_EMIT ToolsToHide();
     m_desk.CloseExercise();
-    m_mainWindow.setWindowTitle(product::Caption());
+    m_mainWindow.SetCaption(product::Caption());
     SetFileSessionMenus(m_session.menu, false);
 }
 

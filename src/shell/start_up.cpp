@@ -48,7 +48,7 @@ void StartUp::Run()
     m_steps << QStringLiteral("window size");
     SizeMainWindow();
     m_steps << QStringLiteral("caption");
-    m_mainWindow.setWindowTitle(product::Caption());
+    m_mainWindow.SetCaption(product::Caption());
     m_steps << QStringLiteral("background");
     ChooseBackground();
     m_steps << QStringLiteral("user and settings");

@@ -182,9 +182,9 @@ void TeacherDesk::ReopenJournal()
         return;
     m_session.messages.Critical(
         &m_others.mainWindow, Title(),
-        QStringLiteral("Le fichier des résultats ne peut pas être rouvert :\n%1\n\n"
+        QStringLiteral("Le fichier des résultats ne peut pas être rouvert :\n%1 : %2\n\n"
                        "Rien n'est perdu\u00A0: les lignes en attente seront écrites dès que possible.")
-            .arg(opened.Reason()));
+            .arg(m_session.state.FichierResultat, opened.Reason()));
 }
 
 void TeacherDesk::ShowAnswers()

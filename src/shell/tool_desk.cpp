@@ -64,22 +64,43 @@ void ToolDesk::Unload(QPointer<Window>& window, const char* entry)
     m_session.menu.SetChecked(entry, false);
 }
 
+/// The window comes into the main area, and its entry has a mark.
+template <typename Window>
+void ToolDesk::ShowTool(QPointer<Window>& window, const char* entry, int topic)
+{
+    connect(window, &Window::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    connect(window, &Form::HelpAsked, this, [this, topic] { Q_EMIT HelpAsked(topic); });
+    m_session.menu.SetChecked(entry, true);
+    m_mainWindow.AddTool(window);
+}
+
+/// Its title bar gives up a search first.
+template <typename Window>
+void ToolDesk::ShowSearchingTool(QPointer<Window>& window, const char* entry, int topic)
+{
+    const Platform& desktop = m_session.desktop;
+    window = new Window({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
+                         m_session.state.DossierDocuments + OwnFolder()},
+                        nullptr);
+    connect(window, &Window::Unloaded, this, [this, &window, entry] { Unload(window, entry); });
+    connect(window, &Form::CloseAsked, window, &Window::Close);
+    ShowTool(window, entry, topic);
+}
+
+/// Its title bar takes it away at once.
+template <typename Window>
+void ToolDesk::ShowStandingTool(QPointer<Window>& window, const char* entry, int topic)
+{
+    connect(window, &Form::CloseAsked, this, [this, &window, entry] { Unload(window, entry); });
+    ShowTool(window, entry, topic);
+}
+
 void ToolDesk::Mnu_Balance_Click()
 {
-    if (m_expert != nullptr) {
+    if (m_expert != nullptr)
         m_expert->Close();
-        return;
-    }
-    const Platform& desktop = m_session.desktop;
-    m_expert = new frmExpert({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
-                              m_session.state.DossierDocuments + OwnFolder()},
-                             nullptr);
-    connect(m_expert, &frmExpert::Unloaded, this, [this] { Unload(m_expert, "Mnu_Balance"); });
-    connect(m_expert, &Form::CloseAsked, m_expert, &frmExpert::Close);
-    connect(m_expert, &frmExpert::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
-    connect(m_expert, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kExpert); });
-    m_session.menu.SetChecked("Mnu_Balance", true);
-    m_mainWindow.AddTool(m_expert);
+    else
+        ShowSearchingTool(m_expert, "Mnu_Balance", help_topics::kExpert);
 }
 
 void ToolDesk::Mnu_Search_Click()
@@ -88,17 +109,8 @@ void ToolDesk::Mnu_Search_Click()
         m_search->Close();
         return;
     }
-    const Platform& desktop = m_session.desktop;
-    m_search = new frmSearch({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
-                              m_session.state.DossierDocuments + OwnFolder()},
-                             nullptr);
-    connect(m_search, &frmSearch::Unloaded, this, [this] { Unload(m_search, "Mnu_Search"); });
-    connect(m_search, &Form::CloseAsked, m_search, &frmSearch::Close);
-    connect(m_search, &frmSearch::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
+    ShowSearchingTool(m_search, "Mnu_Search", help_topics::kSearch);
     connect(m_search, &frmSearch::FileGathered, this, &ToolDesk::OpenGathered);
-    connect(m_search, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kSearch); });
-    m_session.menu.SetChecked("Mnu_Search", true);
-    m_mainWindow.AddTool(m_search);
 }
 
 void ToolDesk::Mnu_Tableau_Click()
@@ -109,11 +121,7 @@ void ToolDesk::Mnu_Tableau_Click()
     }
     m_tableau = new frmTableauPeriodique(nullptr);
     connect(m_tableau, &frmTableauPeriodique::ElementChosen, this, &ToolDesk::ShowElement);
-    connect(m_tableau, &Form::CloseAsked, this, [this] { Unload(m_tableau, "Mnu_Tableau"); });
-    connect(m_tableau, &frmTableauPeriodique::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
-    connect(m_tableau, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kTableau); });
-    m_session.menu.SetChecked("Mnu_Tableau", true);
-    m_mainWindow.AddTool(m_tableau);
+    ShowStandingTool(m_tableau, "Mnu_Tableau", help_topics::kTableau);
 }
 
 void ToolDesk::Mnu_SimulAnim_Click()
@@ -126,11 +134,7 @@ void ToolDesk::Mnu_SimulAnim_Click()
     m_simulAnim = new frmSimulAnim({desktop.clock, m_session.messages, desktop.sound, desktop.clipboard,
                                     desktop.randomness, desktop.regional.DecimalSeparator()},
                                    nullptr);
-    connect(m_simulAnim, &Form::CloseAsked, this, [this] { Unload(m_simulAnim, "Mnu_SimulAnim"); });
-    connect(m_simulAnim, &frmSimulAnim::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
-    connect(m_simulAnim, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kSimulAnim); });
-    m_session.menu.SetChecked("Mnu_SimulAnim", true);
-    m_mainWindow.AddTool(m_simulAnim);
+    ShowStandingTool(m_simulAnim, "Mnu_SimulAnim", help_topics::kSimulAnim);
 }
 
 void ToolDesk::ShowElement(int index)

@@ -52,6 +52,12 @@ private:
     void ShowElement(int index);
     void UnloadCalMol();
     template <typename Window>
+    void ShowTool(QPointer<Window>& window, const char* entry, int topic);
+    template <typename Window>
+    void ShowSearchingTool(QPointer<Window>& window, const char* entry, int topic);
+    template <typename Window>
+    void ShowStandingTool(QPointer<Window>& window, const char* entry, int topic);
+    template <typename Window>
     void Unload(QPointer<Window>& window, const char* entry);
     template <typename Window>
     void UnloadFloating(QPointer<Window>& window, const QString& section);

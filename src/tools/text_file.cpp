@@ -40,7 +40,7 @@ Outcome<QString> TextFile::Save(const QStringList& lines)
     QByteArray bytes;
     for (const QString& line : lines)
         bytes += EncodeLine(line) + "\r\n";
-    const auto written = ReplaceFile(m_path, bytes);
+    auto written = ReplaceFile(m_path, bytes);
     if (written)
         m_state = Now();
     return written;

@@ -1,5 +1,6 @@
 #include "balancing/balancing_engine.h"
 
+#include "balancing/engine_texts.h"
 #include "balancing/recording_observer.h"
 #include "base/fatal_fault.h"
 #include "support/qt_printers.h"
@@ -13,20 +14,7 @@ using namespace Qt::StringLiterals;
 namespace stoikal {
 namespace {
 
-using Coefficients = std::array<double, 6>;
-
-/// What a failure begins with: 15 blanks.
-const QString kFailure = QString(15, u' ') + u"ECHEC : "_s;
 const QString kTenAtoms = u"HHeLiBeBCNOFNe"_s;
-
-BalancingTask Task(const std::array<const char16_t*, 6>& molecules)
-{
-    BalancingTask task;
-    task.number = 1;
-    for (std::size_t position = 0; position < molecules.size(); ++position)
-        task.molecules[position] = QString::fromUtf16(molecules[position]);
-    return task;
-}
 
 /// A balancing with all that was told of it.
 struct Balanced {
@@ -47,12 +35,6 @@ Balanced Balance(const BalancingTask& task, std::vector<bool> answers = {})
 Balanced Balance(const std::array<const char16_t*, 6>& molecules, std::vector<bool> answers = {})
 {
     return Balance(Task(molecules), std::move(answers));
-}
-
-/// The line of the first equation, as the window shows it.
-QString Line(const QString& equation)
-{
-    return u"¤) Equation n°1  : "_s + equation + u'\n';
 }
 
 Coefficients Scaled(int lastIndex, Coefficients values)
@@ -176,7 +158,7 @@ TEST(BalanceEquation, ShowsTheEditorsLineAboveAFailureToo)
     task.comment = u"Faux"_s;
     task.states[0] = u"g"_s;
     EXPECT_EQ(Balance(task).observer.text,
-              u"Faux\n     0 H2 (g) -----> 0 O2\n"_s + kFailure
+              u"Faux\n     0 H2 (g) -----> 0 O2\n"_s + FailureHead()
                   + u"il n'y a pas les mêmes types d'atomes dans les réactifs et les produits : "
                     "l'atome H présent dans les réactifs n'est pas présent dans les produits.\n\n"_s);
 }
@@ -188,7 +170,7 @@ TEST(BalanceEquation, FailsAtASmallLetterWithoutASymbol)
     EXPECT_TRUE(slip.result.failed);
     EXPECT_EQ(
         slip.observer.text,
-        Line(u"0 H2 + 0 O2 -----> 0 h2O"_s) + kFailure
+        Line(u"0 H2 + 0 O2 -----> 0 h2O"_s) + FailureHead()
             + u"Erreur dans la saisie du symbole d'un atome pour la molécule h2O à la 4ème position.\n\n"_s);
     EXPECT_EQ(slip.observer.resultsWritten, 1) << "a failure can be saved, too";
     EXPECT_EQ(slip.result.coefficients, Coefficients{});
@@ -207,7 +189,7 @@ TEST(BalanceEquation, ShowsZerosAboveAnEarlyFailure)
 {
     const Balanced early = Balance({u"H2", u"O2", u"", u"H2O", u"Na", u""});
     EXPECT_EQ(early.observer.text,
-              Line(u"0 H2 + 0 O2 -----> 0 H2O + 0 Na"_s) + kFailure
+              Line(u"0 H2 + 0 O2 -----> 0 H2O + 0 Na"_s) + FailureHead()
                   + u"il n'y a pas les mêmes types d'atomes dans les réactifs et les produits.\n\n"_s);
     EXPECT_TRUE(early.result.failed);
     const Balanced refused = Balance({u"H2", u"O2", u"x", u"H2O", u"", u""});
@@ -218,7 +200,7 @@ TEST(BalanceEquation, NamesTheFirstAtomThatTheProductsLack)
 {
     const Balanced hydrogen = Balance({u"H2", u"", u"", u"O2", u"", u""});
     EXPECT_EQ(hydrogen.observer.text,
-              Line(u"0 H2 -----> 0 O2"_s) + kFailure
+              Line(u"0 H2 -----> 0 O2"_s) + FailureHead()
                   + u"il n'y a pas les mêmes types d'atomes dans les réactifs et les produits : "
                     "l'atome H présent dans les réactifs n'est pas présent dans les produits.\n\n"_s);
     const Balanced sodium = Balance({u"HNa", u"ClK", u"", u"HCl", u"CaMg", u""});
@@ -256,8 +238,8 @@ TEST(BalanceEquation, StopsOnNoButStillAsksAboutTheOthersOfThatSide)
     EXPECT_TRUE(refused.observer.questions[2].startsWith(u"Le symbole Zz présent dans les réactifs"_s));
     const QString line = Line(u"0 Xx + 0 YyO2 + 0 Zz -----> 0 XxO + 0 YyZz"_s);
     EXPECT_EQ(refused.observer.text,
-              line + kFailure + u"le symbole Xx n'est pas un symbole connu d'atome.\n\n"_s + line + kFailure
-                  + u"le symbole Zz n'est pas un symbole connu d'atome.\n\n"_s);
+              line + FailureHead() + u"le symbole Xx n'est pas un symbole connu d'atome.\n\n"_s + line
+                  + FailureHead() + u"le symbole Zz n'est pas un symbole connu d'atome.\n\n"_s);
     EXPECT_TRUE(refused.result.failed);
 }
 
@@ -268,7 +250,7 @@ TEST(BalanceEquation, StopsOnNoAmongTheProducts)
     ASSERT_EQ(refused.observer.questions.size(), 2);
     EXPECT_TRUE(refused.observer.questions[0].startsWith(u"Le symbole Xx présent dans les produits"_s));
     EXPECT_EQ(refused.observer.text,
-              Line(u"0 H2 + 0 O2 -----> 0 XxO + 0 Yy"_s) + kFailure
+              Line(u"0 H2 + 0 O2 -----> 0 XxO + 0 Yy"_s) + FailureHead()
                   + u"le symbole Xx n'est pas un symbole connu d'atome.\n\n"_s)
         << "the sides are not compared any more";
 }
@@ -278,7 +260,7 @@ TEST(BalanceEquation, CallsAContradictionImpossible)
     // H wants 1, O wants 2 of H2O2: the last pivot wipes the answer to 0.
     const Balanced contradiction = Balance({u"H2O", u"", u"", u"H2O2", u"", u""});
     EXPECT_EQ(contradiction.observer.text,
-              Line(u"H2O -----> 0 H2O2"_s) + kFailure + u"équation chimique impossible à équilibrer.\n"_s
+              Line(u"H2O -----> 0 H2O2"_s) + FailureHead() + u"équation chimique impossible à équilibrer.\n"_s
                   + QString(15, u' ') + u" ? H2O ----->  ? H2O2\n\n"_s);
     EXPECT_TRUE(contradiction.result.failed);
     EXPECT_EQ(contradiction.result.coefficients, (Coefficients{1, 0, 0, 0, 0, 0}));
@@ -290,7 +272,7 @@ TEST(BalanceEquation, CallsANegativeCoefficientImpossible)
     // C: 1 + b = c, O: b = 2c, so c = -1 and b = -2.
     const Balanced negative = Balance({u"C", u"CO", u"", u"CO2", u"", u""});
     EXPECT_EQ(negative.observer.text,
-              Line(u"C + -2 CO -----> -1 CO2"_s) + kFailure
+              Line(u"C + -2 CO -----> -1 CO2"_s) + FailureHead()
                   + u"équation chimique impossible à équilibrer.\n"_s + QString(15, u' ')
                   + u" ? C +  ? CO ----->  ? CO2\n\n"_s);
 }
@@ -299,7 +281,7 @@ TEST(BalanceEquation, CallsAZeroCoefficientImpossible)
 {
     // H: 2 = 2c; O: 1 + 2b = c, so b = 0.
     const Balanced zero = Balance({u"H2O", u"O2", u"", u"H2O", u"", u""});
-    EXPECT_TRUE(zero.observer.text.startsWith(Line(u"H2O + 0 O2 -----> H2O"_s) + kFailure));
+    EXPECT_TRUE(zero.observer.text.startsWith(Line(u"H2O + 0 O2 -----> H2O"_s) + FailureHead()));
     EXPECT_TRUE(zero.result.failed);
 }
 
@@ -308,7 +290,7 @@ TEST(BalanceEquation, CallsAMixtureWithoutASinglePivotImpossible)
     // C and H say the same: after C3H6 no pivot is left, the reduction stops with
     // 2/3 and 0. By 3: 3, 2, 0 (7, 2, 2 would be a solution).
     const Balanced alkenes = Balance({u"C2H4", u"", u"", u"C3H6", u"C4H8", u""});
-    EXPECT_TRUE(alkenes.observer.text.startsWith(Line(u"3 C2H4 -----> 2 C3H6 + 0 C4H8"_s) + kFailure));
+    EXPECT_TRUE(alkenes.observer.text.startsWith(Line(u"3 C2H4 -----> 2 C3H6 + 0 C4H8"_s) + FailureHead()));
 }
 
 TEST(BalanceEquation, AddsTheLineBreakBehindASuccessOnlyInTheWindow)

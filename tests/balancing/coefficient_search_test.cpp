@@ -1,5 +1,6 @@
 #include "balancing/coefficient_search.h"
 
+#include "balancing/engine_texts.h"
 #include "balancing/recording_observer.h"
 #include "base/fatal_fault.h"
 #include "support/qt_printers.h"
@@ -11,24 +12,7 @@ using namespace Qt::StringLiterals;
 namespace stoikal {
 namespace {
 
-using Coefficients = std::array<double, 6>;
-
-const QString kFailure = QString(15, u' ') + u"ECHEC : "_s;
 const QString kWait = u"Veuillez patienter pendant les calculs ...\n"_s;
-
-BalancingTask Task(const std::array<const char16_t*, 6>& molecules)
-{
-    BalancingTask task;
-    task.number = 1;
-    for (std::size_t position = 0; position < molecules.size(); ++position)
-        task.molecules[position] = QString::fromUtf16(molecules[position]);
-    return task;
-}
-
-QString Line(const QString& equation)
-{
-    return u"¤) Equation n°1  : "_s + equation + u'\n';
-}
 
 /// A system of one row with these cells, 0 for an empty position.
 SearchSystem OneRow(const std::array<double, 6>& cells, int excess)
@@ -174,7 +158,7 @@ TEST(CoefficientSearch, FailsWithTheLastCoefficientsBehindTheLastChoice)
     const BalancingResult result = BalanceEquation(Task(kNoSolution), observer);
 
     EXPECT_EQ(observer.text,
-              kWait + Line(u"-3 C + 5 CO -----> 0 CO2 + C2O5"_s) + kFailure
+              kWait + Line(u"-3 C + 5 CO -----> 0 CO2 + C2O5"_s) + FailureHead()
                   + u"équation chimique impossible à équilibrer.\n"_s + QString(15, u' ')
                   + u" ? C +  ? CO ----->  ? CO2 +  ? C2O5\n\n"_s);
     EXPECT_TRUE(result.failed);

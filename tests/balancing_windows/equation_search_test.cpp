@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 #include "base/file_lock.h"
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -46,18 +47,9 @@ class EquationFolder : public testing::Test
 protected:
     QString Path(const QString& name) const { return folder.filePath(name); }
 
-    void Write(const QString& name, const QByteArray& bytes = {})
-    {
-        QFile file(Path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
+    void Write(const QString& name, const QByteArray& bytes = {}) { WriteBytes(Path(name), bytes); }
 
-    QByteArray Bytes(const QString& name) const
-    {
-        QFile file(Path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    QByteArray Bytes(const QString& name) const { return BytesOfFile(Path(name)); }
 
     QTemporaryDir folder;
 };

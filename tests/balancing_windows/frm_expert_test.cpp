@@ -1,18 +1,9 @@
 #include "balancing/windows/frm_expert.h"
 
-#include "base/settings_store.h"
-#include "support/fake_messages.h"
-#include "support/fake_platform.h"
-#include "support/window_driver.h"
+#include "searching_form_fixture.h"
 
-#include <QFile>
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace stoikal {
 
@@ -23,47 +14,15 @@ namespace {
 const QString kPleaseWait = u"Veuillez patienter pendant les calculs ...\n"_s;
 const QString kWater = u"¤) Equation n°1  : 2 H2 + O2 -----> 2 H2O\n\n"_s;
 
-/// Every look at it finds a tenth of a second gone: a search gives the event loop
-/// a turn at each attempt.
-struct RunningClock final : Clock {
-    mutable std::int64_t counter = 0;
-    std::int64_t Counter() const override { return ++counter; }
-    std::int64_t CountsPerSecond() const override { return 10; }
-    QDateTime Now() const override { return {}; }
-};
-
-/// The window on the screen, over a folder and settings of its own.
-class FrmExpert : public testing::Test
+/// The window on the screen.
+class FrmExpert : public SearchingFormTest<frmExpert>
 {
 protected:
-    FrmExpert()
-    {
-        window.show();
-        window.activateWindow();
-        Settle();
-        QObject::connect(&window, &frmExpert::Unloaded, [this] { ++unloads; });
-    }
+    FrmExpert() { Open(); }
 
-    QPushButton& Button(const char* name) { return Control<QPushButton>(window, name); }
     QPushButton& Balance() { return Button("cmdBalance"); }
     QPushButton& Save() { return Button("cmdSave"); }
     QProgressBar& Bar() { return Control<QProgressBar>(window, "pgbCompteur"); }
-    QPlainTextEdit& List() { return Control<QPlainTextEdit>(window, "txtResult"); }
-    QString ListText() { return List().toPlainText(); }
-    QLineEdit& Box(int position)
-    {
-        return Control<QLineEdit>(window, qPrintable(ArrayName("txtMolecule", position)));
-    }
-
-    /// Empties the boxes and types one text each.
-    void Fill(const QStringList& molecules)
-    {
-        for (int position = 0; position < 6; ++position) {
-            Box(position).clear();
-            if (position < molecules.size() && !molecules.at(position).isEmpty())
-                Type(Box(position), molecules.at(position));
-        }
-    }
 
     void BalanceThese(const QStringList& molecules)
     {
@@ -87,28 +46,12 @@ protected:
         });
     }
 
-    void ExpectFault(const QString& part)
-    {
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
-        EXPECT_TRUE(messages.shown[0].text.startsWith(u"Erreur d'exécution"_s));
-        EXPECT_TRUE(messages.shown[0].text.contains(part)) << messages.shown[0].text.toStdString();
-    }
-
     /// A file to add to.
     QString WriteFile(const QByteArray& bytes)
     {
         const QString path = folder.filePath(u"Série 1.Equ"_s);
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            throw std::runtime_error("cannot write a file");
+        WriteBytes(path, bytes);
         return path;
-    }
-
-    static QByteArray BytesOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
     }
 
     void SaveTo(const QString& path, int filter = 0)
@@ -119,15 +62,6 @@ protected:
 
     QString FilesByDefault() { return settings.Read(u"Options"_s, u"Files by default"_s); }
 
-    QTemporaryDir folder;
-    QString settingsFile = folder.filePath(u"ConfEQU.ini"_s);
-    SettingsStore store;
-    Settings settings{store, settingsFile};
-    RunningClock clock;
-    FakeDialogs dialogs;
-    FakeMessages messages;
-    frmExpert window{{clock, dialogs, messages, settings, u"/equations"_s}, nullptr};
-    int unloads = 0;
     bool isBusyThen = false;
 };
 
@@ -539,11 +473,12 @@ TEST_F(FrmExpert, AsksForTheFileInTheFolderOfEquations)
     Click(Save());
 
     ASSERT_EQ(dialogs.asked.size(), 2U);
-    EXPECT_EQ(dialogs.asked[0].folder, u"/equations"_s);
+    EXPECT_EQ(dialogs.asked[0].folder, equations);
     EXPECT_EQ(dialogs.asked[0].filters,
               QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));
     EXPECT_EQ(dialogs.asked[0].fileName, QString());
     EXPECT_EQ(dialogs.asked[0].filter, 0);
+    EXPECT_EQ(dialogs.asked[0].accept, u"&Enregistrer"_s);
     EXPECT_EQ(dialogs.asked[1].filter, 1);
 }
 
@@ -566,7 +501,7 @@ TEST_F(FrmExpert, AddsTheLastEquationToTheFile)
 
     SaveTo(path);
 
-    EXPECT_EQ(BytesOf(path), "'un\r\nA=B/1,1\r\n'\r\nH2+O2=H2O/2,1,2");
+    EXPECT_EQ(BytesOfFile(path), "'un\r\nA=B/1,1\r\n'\r\nH2+O2=H2O/2,1,2");
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, u"Enregistrement réussie"_s);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Information);
@@ -584,7 +519,7 @@ TEST_F(FrmExpert, AddsTheEquationAgainAtEachPress)
     SaveTo(path);
     SaveTo(path);
 
-    EXPECT_EQ(BytesOf(path), "\r\n'\r\nH2+O2=H2O/2,1,2\r\n'\r\nH2+O2=H2O/2,1,2");
+    EXPECT_EQ(BytesOfFile(path), "\r\n'\r\nH2+O2=H2O/2,1,2\r\n'\r\nH2+O2=H2O/2,1,2");
 }
 
 TEST_F(FrmExpert, RemembersTheFilterLeftActive)
@@ -616,7 +551,7 @@ TEST_F(FrmExpert, SavesTheZeroesOfAFailure)
 
     SaveTo(path);
 
-    EXPECT_EQ(BytesOf(path), "\r\n'\r\nH2=O2/0,0");
+    EXPECT_EQ(BytesOfFile(path), "\r\n'\r\nH2=O2/0,0");
 }
 
 TEST_F(FrmExpert, SavesTheEquationThatWasBalancedAndNotTheOneTypedMeanwhile)
@@ -629,7 +564,7 @@ TEST_F(FrmExpert, SavesTheEquationThatWasBalancedAndNotTheOneTypedMeanwhile)
     SaveTo(path);
 
     EXPECT_TRUE(isBusyThen);
-    EXPECT_EQ(BytesOf(path), "\r\n'\r\nH2+O2+H2O2=H2O/3,1,1,4");
+    EXPECT_EQ(BytesOfFile(path), "\r\n'\r\nH2+O2+H2O2=H2O/3,1,1,4");
 }
 
 TEST_F(FrmExpert, AsksForItsHelpPageAtF1)

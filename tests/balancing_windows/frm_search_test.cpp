@@ -1,33 +1,16 @@
 #include "balancing/windows/frm_search.h"
 
-#include "base/settings_store.h"
-#include "support/fake_messages.h"
-#include "support/fake_platform.h"
-#include "support/window_driver.h"
+#include "searching_form_fixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Every look at it finds a tenth of a second gone: a search gives the event loop
-/// a turn behind each file.
-struct RunningClock final : Clock {
-    mutable std::int64_t counter = 0;
-    std::int64_t Counter() const override { return ++counter; }
-    std::int64_t CountsPerSecond() const override { return 10; }
-    QDateTime Now() const override { return {}; }
-};
 
 /// What a search adds to the list: the heads of the files with their findings.
 QString Head(const QString& file)
@@ -46,48 +29,22 @@ QString End()
 }
 
 /// The window on the screen, over a folder of equation files.
-class FrmSearch : public testing::Test
+class FrmSearch : public SearchingFormTest<frmSearch>
 {
 protected:
     FrmSearch()
     {
         QDir().mkpath(equations);
-        QObject::connect(&window, &frmSearch::Unloaded, [this] { ++unloads; });
         QObject::connect(&window, &frmSearch::FileGathered,
                          [this](const QString& path) { gathered << path; });
     }
 
-    void Open()
-    {
-        window.show();
-        window.activateWindow();
-        Settle();
-    }
-
     QString Path(const QString& name) const { return equations + u'/' + name; }
 
-    void Write(const QString& name, const QByteArray& bytes)
-    {
-        QFile file(Path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            throw std::runtime_error("cannot write " + name.toStdString());
-    }
+    void Write(const QString& name, const QByteArray& bytes) { WriteBytes(Path(name), bytes); }
 
-    QByteArray BytesOf(const QString& path) const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-
-    QPushButton& Button(const char* name) { return Control<QPushButton>(window, name); }
     QPushButton& SearchButton() { return Button("cmdSearch"); }
     QCheckBox& Gathers() { return Control<QCheckBox>(window, "chkSave"); }
-    QPlainTextEdit& List() { return Control<QPlainTextEdit>(window, "txtResult"); }
-    QString ListText() { return List().toPlainText(); }
-    QLineEdit& Box(int position)
-    {
-        return Control<QLineEdit>(window, qPrintable(ArrayName("txtMolecule", position)));
-    }
 
     QStringList Files()
     {
@@ -103,11 +60,7 @@ protected:
     {
         if (!window.isVisible())
             Open();
-        for (int position = 0; position < 6; ++position) {
-            Box(position).clear();
-            if (position < molecules.size() && !molecules.at(position).isEmpty())
-                Type(Box(position), molecules.at(position));
-        }
+        Fill(molecules);
         Click(SearchButton());
     }
 
@@ -124,23 +77,9 @@ protected:
 
     void ExpectFault(const QString& file, const QString& line)
     {
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
-        const QString text = messages.shown[0].text;
-        EXPECT_TRUE(text.startsWith(u"Erreur d'exécution"_s));
-        EXPECT_TRUE(text.contains(Path(file) + u'\n' + line)) << text.toStdString();
+        SearchingFormTest::ExpectFault(Path(file) + u'\n' + line);
     }
 
-    QTemporaryDir folder;
-    QString equations = folder.filePath(u"equations"_s);
-    QString settingsFile = folder.filePath(u"ConfEQU.ini"_s);
-    SettingsStore store;
-    Settings settings{store, settingsFile};
-    RunningClock clock;
-    FakeDialogs dialogs;
-    FakeMessages messages;
-    frmSearch window{{clock, dialogs, messages, settings, equations}, nullptr};
-    int unloads = 0;
     QStringList gathered;
 };
 
@@ -527,7 +466,7 @@ TEST_F(FrmSearch, GathersTheFindingsInANewFileByteForByte)
 
     Gather({u"H2"_s}, output);
 
-    EXPECT_EQ(BytesOf(output), " H2 + N2=NH3/3,1,2 \xE9\r\nH2+O2=H2O/2,1,2 \xC3\xA9\r\n");
+    EXPECT_EQ(BytesOfFile(output), " H2 + N2=NH3/3,1,2 \xE9\r\nH2+O2=H2O/2,1,2 \xC3\xA9\r\n");
     EXPECT_EQ(gathered, QStringList{output});
     EXPECT_TRUE(ListText().endsWith(End()));
     EXPECT_EQ(Files(), QStringList({u"a.Equ"_s, u"sortie.Equ"_s}));
@@ -540,7 +479,7 @@ TEST_F(FrmSearch, AddsTheFindingsToAnExistingFileThatItReadBefore)
     Gather({u"H2"_s}, Path(u"a.Equ"_s));
 
     // Its own line was found once and stands behind it, after a line end.
-    EXPECT_EQ(BytesOf(Path(u"a.Equ"_s)), "H2+N2=NH3/3,1,2\r\nH2+N2=NH3/3,1,2\r\n");
+    EXPECT_EQ(BytesOfFile(Path(u"a.Equ"_s)), "H2+N2=NH3/3,1,2\r\nH2+N2=NH3/3,1,2\r\n");
 }
 
 TEST_F(FrmSearch, MakesTheFileEvenWithoutAFinding)
@@ -549,7 +488,7 @@ TEST_F(FrmSearch, MakesTheFileEvenWithoutAFinding)
 
     Gather({u"H2"_s}, output);
 
-    EXPECT_EQ(BytesOf(output), "");
+    EXPECT_EQ(BytesOfFile(output), "");
     EXPECT_EQ(gathered, QStringList{output});
 }
 

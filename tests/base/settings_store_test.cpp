@@ -1,21 +1,20 @@
 #include "base/settings_store.h"
 
 #include "base/file_lock.h"
+#include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
+#include "support/waiting_program.h"
 
-#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <algorithm>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -37,11 +36,7 @@ struct SettingsFolder {
         return store.ReadSetting(path, section, key);
     }
 
-    QByteArray Bytes() const
-    {
-        QFile reader(path);
-        return reader.open(QIODevice::ReadOnly) ? reader.readAll() : QByteArray("(no file)");
-    }
+    QByteArray Bytes() const { return BytesOfFile(path); }
 
     /// Writes the file in its place, as another program would.
     bool Put(const QByteArray& bytes) const
@@ -64,68 +59,18 @@ struct SettingsFolder {
     }
 };
 
-/// From now on files of this process cannot grow past a size: the system cuts
-/// the write that crosses it and refuses the next. RLIM_INFINITY lifts it.
-void LimitFileSize(rlim_t bytes)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-/// Another program that writes one setting. It stands ready until Go.
-class Writer
-{
-public:
+/// Another program that writes one setting.
+struct Writer final : WaitingProgram {
     Writer(const QString& file, const QString& key, const QString& value)
+        : WaitingProgram(QStringLiteral(STOIKAL_SETTINGS_WRITER), {file, u"Options"_s, key, value})
     {
-        m_process.start(QStringLiteral(STOIKAL_SETTINGS_WRITER), {file, u"Options"_s, key, value});
     }
-
-    bool WaitUntilReady()
-    {
-        while (!m_output.contains("ready")) {
-            if (!m_process.waitForReadyRead(kPatienceMs))
-                return false;
-            m_output += m_process.readAllStandardOutput();
-        }
-        return true;
-    }
-
-    void Go()
-    {
-        m_process.write("go\n");
-        m_process.waitForBytesWritten(kPatienceMs);
-    }
-
-    bool HasSucceeded()
-    {
-        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(kPatienceMs))
-            return false;
-        return m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
-    }
-
-    std::string Errors() { return m_process.readAllStandardError().toStdString(); }
-
-private:
-    static constexpr int kPatienceMs = 60000;
-    QProcess m_process;
-    QByteArray m_output;
 };
 
-class SettingsPrograms : public testing::Test
+class SettingsPrograms : public ProgramsTest
 {
 protected:
     SettingsFolder m_place;
-
-private:
-    // Processes need an application object.
-    int m_argc = 1;
-    char m_name[5] = "test";
-    char* m_argv[2] = {m_name, nullptr};
-    QCoreApplication m_application = QCoreApplication(m_argc, m_argv);
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "base/whole_file.h"
 
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -16,11 +17,7 @@ namespace {
 class WholeFile : public testing::Test
 {
 protected:
-    QByteArray Bytes() const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    QByteArray Bytes() const { return BytesOfFile(path); }
 
     QTemporaryDir folder;
     const QString path = folder.filePath(u"Serie.Equ"_s);

@@ -2,14 +2,14 @@
 
 #include "base/fatal_fault.h"
 #include "support/failing_file.h"
+#include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 namespace stoikal {
 
@@ -40,19 +40,6 @@ WorkEquation Water()
     water.Coeff = {u"2"_s, u"1"_s, u""_s, u"2"_s, u""_s, u""_s};
     water.MVQ = {u"Q1"_s, u"Q2"_s, u""_s, u"Q0"_s, u""_s, u""_s};
     return water;
-}
-
-QByteArray FileOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
-
-void Put(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
 } // namespace
@@ -248,40 +235,35 @@ TEST(WriteEquationFile, MakesTheFolderAndTheFile)
     const auto written = WriteEquationFile(place, u"Série.Equ"_s, "A=B/1,1\r\n");
 
     ASSERT_TRUE(written.Succeeded());
-    EXPECT_EQ(FileOf(place + u"/Série.Equ"_s), QByteArray("A=B/1,1\r\n"));
+    EXPECT_EQ(BytesOfFile(place + u"/Série.Equ"_s), QByteArray("A=B/1,1\r\n"));
 }
 
 TEST(WriteEquationFile, TakesOtherSpellingsOfTheNameAway)
 {
     const QTemporaryDir folder;
-    Put(folder.filePath(u"SERIE.equ"_s), "old");
-    Put(folder.filePath(u"serie.avt"_s), "other kind");
-    Put(folder.filePath(u"serie2.equ"_s), "other name");
+    WriteBytes(folder.filePath(u"SERIE.equ"_s), "old");
+    WriteBytes(folder.filePath(u"serie.avt"_s), "other kind");
+    WriteBytes(folder.filePath(u"serie2.equ"_s), "other name");
 
     ASSERT_TRUE(WriteEquationFile(folder.path(), u"Serie.Equ"_s, "new").Succeeded());
 
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files),
               QStringList({u"serie.avt"_s, u"Serie.Equ"_s, u"serie2.equ"_s}));
-    EXPECT_EQ(FileOf(folder.filePath(u"Serie.Equ"_s)), QByteArray("new"));
+    EXPECT_EQ(BytesOfFile(folder.filePath(u"Serie.Equ"_s)), QByteArray("new"));
 }
 
 TEST(WriteEquationFile, FullDiskLeavesTheOldFileWhole)
 {
     const QTemporaryDir folder;
-    Put(folder.filePath(u"Serie.Equ"_s), "old");
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    rlimit small = before;
-    small.rlim_cur = 4096;
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    WriteBytes(folder.filePath(u"Serie.Equ"_s), "old");
+    LimitFileSize(4096);
 
     const auto written = WriteEquationFile(folder.path(), u"Serie.Equ"_s, QByteArray(100000, 'x'));
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    LimitFileSize(RLIM_INFINITY);
 
     EXPECT_FALSE(written.Succeeded());
     EXPECT_TRUE(written.Reason().contains(u"Votre saisie est conservée."_s));
-    EXPECT_EQ(FileOf(folder.filePath(u"Serie.Equ"_s)), QByteArray("old"));
+    EXPECT_EQ(BytesOfFile(folder.filePath(u"Serie.Equ"_s)), QByteArray("old"));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({u"Serie.Equ"_s}));
 }
 
@@ -310,7 +292,7 @@ TEST(WriteEquationFile, FolderThatCannotBeMadeIsTold)
 TEST(SameNames, ComparesWithoutCase)
 {
     const QTemporaryDir folder;
-    Put(folder.filePath(u"ÉTÉ.equ"_s), "x");
+    WriteBytes(folder.filePath(u"ÉTÉ.equ"_s), "x");
 
     EXPECT_EQ(SameNames(folder.path(), u"été.Equ"_s), QStringList({u"ÉTÉ.equ"_s}));
     EXPECT_TRUE(SameNames(folder.path(), u"été.Avt"_s).isEmpty());

@@ -5,10 +5,10 @@
 #include "base/settings_store.h"
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_bytes.h"
 #include "support/window_driver.h"
 
 #include <QCheckBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -69,16 +69,10 @@ protected:
 
     void Put(const QString& name, const QByteArray& bytes) const
     {
-        QFile file(equationFolder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
+        WriteBytes(equationFolder.filePath(name), bytes);
     }
 
-    QByteArray FileOf(const QString& name) const
-    {
-        QFile file(equationFolder.filePath(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    QByteArray FileOf(const QString& name) const { return BytesOfFile(equationFolder.filePath(name)); }
 
     QString WorkPath() const { return workFolder.filePath(QStringLiteral("FileTemp.txt")); }
 

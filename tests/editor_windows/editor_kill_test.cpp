@@ -1,10 +1,10 @@
 #include "editor/work_file.h"
 
 #include "base/settings_store.h"
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
@@ -40,18 +40,9 @@ protected:
 
     QString WorkPath() const { return cache.filePath(u"FileTemp.txt"_s); }
 
-    QByteArray File() const
-    {
-        QFile file(folder.filePath(u"Serie.Equ"_s));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    QByteArray File() const { return BytesOfFile(folder.filePath(u"Serie.Equ"_s)); }
 
-    void Put(const QByteArray& bytes) const
-    {
-        QFile file(folder.filePath(u"Serie.Equ"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-    }
+    void Put(const QByteArray& bytes) const { WriteBytes(folder.filePath(u"Serie.Equ"_s), bytes); }
 
     QTemporaryDir folder;
     QTemporaryDir cache;

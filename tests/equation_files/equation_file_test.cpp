@@ -3,11 +3,11 @@
 #include "base/fatal_fault.h"
 #include "equation_files/equation_line.h"
 #include "support/failing_file.h"
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <vector>
 
@@ -35,9 +35,7 @@ protected:
     QString Written(const QByteArray& bytes)
     {
         const QString path = m_folder.filePath(u"Essai.Equ"_s);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
+        WriteBytes(path, bytes);
         return path;
     }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "base/text_lines.h"
-#include "equation_files/equation_file.h"
-#include "exercise/exercise_run.h"
+#include "exercise/open_run.h"
 #include "exercise/results_journal.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/filter_edit.h"
@@ -36,17 +35,7 @@ protected:
         EXPECT_TRUE(journal.Open(folder.filePath(QStringLiteral("Resultat.txt"))));
     }
 
-    void OpenFile(const QByteArray& text)
-    {
-        const QString path = folder.filePath(session.TitreFichier);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        const auto opened = EquationFile::Open(path);
-        ASSERT_TRUE(opened);
-        run.Open(*opened);
-    }
+    void OpenFile(const QByteArray& text) { OpenRun(run, folder.filePath(session.TitreFichier), text); }
 
     void Open(const QByteArray& text, RunKind kind = RunKind::Balancing)
     {

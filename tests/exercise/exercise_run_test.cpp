@@ -2,9 +2,9 @@
 
 #include "base/fatal_fault.h"
 #include "equation_files/equation_line.h"
+#include "open_run.h"
 #include "support/qt_printers.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -25,17 +25,7 @@ struct Bench {
 
     explicit Bench(const QByteArray& text) { Open(text); }
 
-    void Open(const QByteArray& text)
-    {
-        const QString path = folder.filePath(u"chimie.Equ"_s);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        const auto opened = EquationFile::Open(path);
-        EXPECT_TRUE(opened);
-        run.Open(*opened);
-    }
+    void Open(const QByteArray& text) { OpenRun(run, folder.filePath(u"chimie.Equ"_s), text); }
 
     /// Types the coefficients and validates them, as the window does.
     Verdict Answer(const ExerciseRun::Texts& coefficients)

@@ -3,24 +3,22 @@
 #include "base/file_lock.h"
 
 #include "base/text_lines.h"
+#include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
+#include "support/waiting_program.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QThread>
 #include <algorithm>
-#include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -63,11 +61,7 @@ struct ScoreFolder {
     static bool Allow(const QString& of, mode_t rights) { return ::chmod(qPrintable(of), rights) == 0; }
 
     /// The bytes of the file, each as the Latin-1 character of its number.
-    QString Text() const
-    {
-        QFile reader(path);
-        return reader.open(QIODevice::ReadOnly) ? QString::fromLatin1(reader.readAll()) : u"(no file)"_s;
-    }
+    QString Text() const { return QString::fromLatin1(BytesOfFile(path)); }
 
     /// Writes the file from such a text.
     bool Put(const QString& text) const
@@ -88,68 +82,18 @@ struct ScoreFolder {
     }
 };
 
-/// From now on files of this process cannot grow past a size: the system cuts
-/// the write that crosses it and refuses the next. RLIM_INFINITY lifts it.
-void LimitFileSize(rlim_t bytes)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-/// Another program that records one result. It stands ready until Go.
-class Writer
-{
-public:
+/// Another program that records one result and confirms it.
+struct Writer final : WaitingProgram {
     Writer(const QString& folder, const QString& title, const QString& name, double mark, double seconds)
+        : WaitingProgram(QStringLiteral(STOIKAL_HIGH_SCORE_WRITER),
+                         {folder, title, name, QString::number(mark), QString::number(seconds)})
     {
-        m_process.start(QStringLiteral(STOIKAL_HIGH_SCORE_WRITER),
-                        {folder, title, name, QString::number(mark), QString::number(seconds)});
     }
 
-    bool WaitUntilReady()
-    {
-        while (!m_output.contains("ready")) {
-            if (!m_process.waitForReadyRead(kPatienceMs))
-                return false;
-            m_output += m_process.readAllStandardOutput();
-        }
-        return true;
-    }
-
-    void Go()
-    {
-        m_process.write("go\n");
-        m_process.waitForBytesWritten(kPatienceMs);
-    }
-
-    void KillAfter(unsigned long delayUs)
-    {
-        QThread::usleep(delayUs);
-        m_process.kill();
-    }
-
-    bool WaitForEnd()
-    {
-        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(kPatienceMs))
-            return false;
-        m_output += m_process.readAllStandardOutput();
-        return true;
-    }
-
-    bool HasConfirmed() const { return m_output.contains("recorded"); }
-
-    std::string Errors() { return m_process.readAllStandardError().toStdString(); }
-
-private:
-    static constexpr int kPatienceMs = 60000;
-    QProcess m_process;
-    QByteArray m_output;
+    bool HasConfirmed() const { return HasSaid("recorded"); }
 };
 
-class HighScorePrograms : public testing::Test
+class HighScorePrograms : public ProgramsTest
 {
 protected:
     /// Runs thirty programs that record at the same moment: number i (0 to 29)
@@ -172,13 +116,6 @@ protected:
 
     static constexpr int kPrograms = 30;
     ScoreFolder m_place;
-
-private:
-    // Processes need an application object.
-    int m_argc = 1;
-    char m_name[5] = "test";
-    char* m_argv[2] = {m_name, nullptr};
-    QCoreApplication m_application = QCoreApplication(m_argc, m_argv);
 };
 
 } // namespace

@@ -1,28 +1,14 @@
 #include "exercise/results_journal.h"
 
+#include "journal_folder.h"
+
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct JournalFolder {
-    QTemporaryDir folder;
-    QString path = folder.filePath(u"Resultat.txt"_s);
-
-    QByteArray Content() const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-};
-
-} // namespace
 
 TEST(LostJournal, IsMadeAnewWhenAnotherProgramTakesItAwayMeanwhile)
 {

@@ -1,11 +1,10 @@
 #include "forms/disc_pictures.h"
 
+#include "image_colours.h"
 #include "support/window_driver.h"
 
-#include <QImage>
 #include <QPainter>
 #include <gtest/gtest.h>
-#include <set>
 
 namespace stoikal {
 
@@ -22,15 +21,6 @@ QImage Painted(const DiscLook& look, bool smooth)
     QPainter painter(&image);
     PaintDisc(painter, {30, 30}, look, smooth);
     return image;
-}
-
-std::set<QRgb> ColoursOf(const QImage& image)
-{
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            colours.insert(image.pixelColor(x, y).rgba());
-    return colours;
 }
 
 /// True when nothing was drawn on the outermost pixels.

@@ -38,6 +38,9 @@ public:
     bool hasSeen = false;
     bool isModal = false;
     bool isActive = false;
+    int width = 0;
+    int textWidth = 0; ///< what the label of the text has
+    int textNeeds = 0; ///< what the longest line of the text takes
     QString name;
     QString title;
     QString text;
@@ -55,8 +58,14 @@ private:
         isModal = QApplication::activeModalWidget() == box;
         isActive = QTest::qWaitForWindowActive(box);
         name = box->objectName();
+        width = box->width();
         title = box->windowTitle();
-        text = box->findChild<QLabel*>(u"qt_msgbox_label"_s)->text();
+        const auto* const label = box->findChild<QLabel*>(u"qt_msgbox_label"_s);
+        text = label->text();
+        textWidth = label->contentsRect().width();
+        const auto lines = text.split(u'\n');
+        for (const QString& line : lines)
+            textNeeds = std::max(textNeeds, label->fontMetrics().horizontalAdvance(line));
         icon = box->icon();
         const auto all = box->buttons();
         for (const QAbstractButton* const button : all)
@@ -128,6 +137,31 @@ TEST(Messages, KindsDifferByTheirIcon)
         EXPECT_EQ(reader.icon, QMessageBox::Information);
         EXPECT_EQ(reader.buttons, QStringList({u"OK"_s}));
     }
+}
+
+TEST(Messages, TitleIsNotCutAboveAShortText)
+{
+    DesktopMessages messages;
+    const Reader reader(ClickOk);
+    const QString title = u"Une explication de titre bien plus longue que le texte"_s;
+
+    messages.Warning(nullptr, title, u"Non !"_s);
+
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    // The title bar also has an icon and three buttons, each about 20 wide.
+    EXPECT_GE(reader.width, QFontMetrics(bold).horizontalAdvance(title) + 4 * 20);
+}
+
+TEST(Messages, TextIsNotCutBelowAShortTitle)
+{
+    DesktopMessages messages;
+    const Reader reader(ClickOk);
+
+    messages.Information(nullptr, u"Stoikal"_s,
+                         u"La molécule CaCO3 est composée de :\n --> 99 atomes de calcium\n"_s);
+
+    EXPECT_GE(reader.textWidth, reader.textNeeds);
 }
 
 TEST(Messages, BoxStandsBeforeAllOtherWindows)

@@ -1,10 +1,10 @@
 #include "forms/picture_surface.h"
 
+#include "image_colours.h"
 #include "support/window_driver.h"
 
 #include <QFontMetricsF>
 #include <gtest/gtest.h>
-#include <set>
 
 namespace stoikal {
 
@@ -32,15 +32,6 @@ std::set<QRgb> ColoursOf(const PictureSurface& surface)
     for (int y = 0; y < surface.height(); ++y)
         for (int x = 0; x < surface.width(); ++x)
             colours.insert(surface.ColourAt({x, y}).rgba());
-    return colours;
-}
-
-std::set<QRgb> ColoursOf(const QImage& image)
-{
-    std::set<QRgb> colours;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            colours.insert(image.pixelColor(x, y).rgba());
     return colours;
 }
 

@@ -13,6 +13,24 @@ namespace {
 
 const QRect kArea(100, 50, 800, 600); // Its last column is 899, its last row 649.
 
+/// A window that is not shown yet, of an owner that is: what a frame takes is known.
+struct OwnedWindow {
+    OwnedWindow(const QRect& ownerPlace, const QSize& size)
+    {
+        screen.area = kArea;
+        owner.setGeometry(ownerPlace);
+        owner.show();
+        Settle();
+        frame = owner.frameGeometry().size() - owner.size();
+        window.resize(size);
+    }
+
+    FakeScreen screen;
+    QWidget owner;
+    QWidget window{&owner, Qt::Tool};
+    QSize frame;
+};
+
 } // namespace
 
 TEST(Twips, AreFifteenToAPixel)
@@ -83,23 +101,16 @@ TEST(PlaceWindow, BringsALostWindowBack)
 
 TEST(PlaceWindow, CountsTheFrameOfAWindowNotShownYet)
 {
-    FakeScreen screen;
-    screen.area = kArea;
-    QWidget owner;
-    owner.setGeometry(200, 100, 400, 300);
-    owner.show();
-    Settle();
-    const QSize frame = owner.frameGeometry().size() - owner.size();
-    ASSERT_GT(frame.height(), 0);
-    QWidget window(&owner, Qt::Tool);
-    window.resize(300, 200);
+    OwnedWindow owned({200, 100, 400, 300}, {300, 200});
+    ASSERT_GT(owned.frame.height(), 0);
 
-    PlaceWindow(window, screen, 57600, 57600);
-    window.show();
+    PlaceWindow(owned.window, owned.screen, 57600, 57600);
+    owned.window.show();
     Settle();
 
-    EXPECT_EQ(window.pos(), QPoint(600 - frame.width(), 450 - frame.height())); // 900 - 300, 650 - 200.
-    EXPECT_EQ(window.frameGeometry().bottomRight(), QPoint(899, 649));
+    // 900 - 300, 650 - 200.
+    EXPECT_EQ(owned.window.pos(), QPoint(600 - owned.frame.width(), 450 - owned.frame.height()));
+    EXPECT_EQ(owned.window.frameGeometry().bottomRight(), QPoint(899, 649));
 }
 
 TEST(CentreOver, PutsAWindowOverTheMiddleOfAnother)
@@ -135,24 +146,16 @@ TEST(CentreOver, KeepsAWindowInsideTheWorkAreaAndNoLarger)
 
 TEST(CentreOver, CountsTheFrameOfAWindowNotShownYet)
 {
-    FakeScreen screen;
-    screen.area = kArea;
-    QWidget owner;
-    owner.setGeometry(200, 400, 400, 240);
-    owner.show();
-    Settle();
-    const QSize frame = owner.frameGeometry().size() - owner.size();
-    ASSERT_GT(frame.height(), 0);
-    QWidget window(&owner, Qt::Tool);
-    window.resize(300, 2000);
+    OwnedWindow owned({200, 400, 400, 240}, {300, 2000});
+    ASSERT_GT(owned.frame.height(), 0);
 
-    CentreOver(window, screen, owner);
-    window.show();
+    CentreOver(owned.window, owned.screen, owned.owner);
+    owned.window.show();
     Settle();
 
-    EXPECT_EQ(window.height(), 600 - frame.height());
-    EXPECT_EQ(window.frameGeometry().top(), 50);
-    EXPECT_EQ(window.frameGeometry().bottom(), 649);
+    EXPECT_EQ(owned.window.height(), 600 - owned.frame.height());
+    EXPECT_EQ(owned.window.frameGeometry().top(), 50);
+    EXPECT_EQ(owned.window.frameGeometry().bottom(), 649);
 }
 
 TEST(PlaceOf, IsWhatPlaceWindowTakes)

@@ -2,6 +2,7 @@
 
 #include "help/help_archive.h"
 #include "help/help_file.h"
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QFile>
@@ -26,13 +27,6 @@ inline QByteArray BytesOf(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         throw std::runtime_error("cannot read " + path.toStdString());
     return file.readAll();
-}
-
-inline void WriteBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        throw std::runtime_error("cannot write " + path.toStdString());
 }
 
 /// Opens a help file that must be one.

@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include "support/environment.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 #include "support/window_driver.h"
@@ -100,8 +101,8 @@ TEST(QtUserAccount, WithoutAnAccountHasNoName)
     constexpr uid_t kNobodys = 4242424;
     if (geteuid() != 0)
         GTEST_SKIP() << "only the superuser becomes a user without an account";
-    const QByteArray said = qgetenv("STOIKAL_USER");
-    qunsetenv("STOIKAL_USER");
+    Environment environment;
+    environment.Unset("STOIKAL_USER");
     QString login;
     QString realName;
     {
@@ -110,8 +111,6 @@ TEST(QtUserAccount, WithoutAnAccountHasNoName)
         login = QtUserAccount().LoginName();
         realName = QtUserAccount().RealName();
     }
-    if (!said.isNull())
-        qputenv("STOIKAL_USER", said);
 
     EXPECT_EQ(login, QString());
     EXPECT_EQ(realName, QString());

@@ -94,6 +94,18 @@ TEST_F(QtFileDialog, BeginsWithTheNameGiven)
     EXPECT_EQ(choice->path, folder.filePath(u"Serie.Equ"_s));
 }
 
+TEST_F(QtFileDialog, NamesWhatAcceptingDoes)
+{
+    request.accept = u"&Enregistrer"_s;
+    OnDialog([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.labelText(QFileDialog::Accept), u"&Enregistrer"_s);
+        dialog.reject();
+    });
+
+    EXPECT_FALSE(dialogs.OpenFile(nullptr, request).has_value());
+    EXPECT_EQ(script.Left(), 0U);
+}
+
 TEST_F(QtFileDialog, TakesANewNameToAddTo)
 {
     OnDialog([this](QFileDialog& dialog) {

@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include "support/environment.h"
 #include "support/qt_printers.h"
 
 #include <QCoreApplication>
@@ -8,12 +9,9 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <QTemporaryDir>
-#include <QTest>
 #include <gtest/gtest.h>
 #include <pwd.h>
 #include <unistd.h>
-#include <utility>
-#include <vector>
 
 namespace stoikal {
 
@@ -21,56 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Environment variables for one test; what stood there before comes back.
-class Environment
-{
-public:
-    Environment() = default;
-    ~Environment()
-    {
-        for (const auto& [name, value] : m_before) {
-            if (value.isNull())
-                qunsetenv(name.constData());
-            else
-                qputenv(name.constData(), value);
-        }
-    }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-    void Set(const char* name, const QString& value)
-    {
-        m_before.insert(m_before.begin(), {name, qgetenv(name)});
-        qputenv(name, value.toLocal8Bit());
-    }
-
-    void Unset(const char* name)
-    {
-        m_before.insert(m_before.begin(), {name, qgetenv(name)});
-        qunsetenv(name);
-    }
-
-private:
-    std::vector<std::pair<QByteArray, QByteArray>> m_before; ///< the last change first
-};
-
 bool Put(const QString& path)
 {
     QFile file(path);
     return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly);
-}
-
-QByteArray Content(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// True when a process is over: gone, or waiting only to be counted ("Z").
-bool IsOver(const QByteArray& process)
-{
-    const QByteArray status = Content(u"/proc/%1/stat"_s.arg(QString::fromLatin1(process)));
-    return status.isEmpty() || status.sliced(status.lastIndexOf(')')).startsWith(") Z");
 }
 
 } // namespace
@@ -214,82 +166,6 @@ TEST(QtUserAccount, WithoutAVariableItIsTheAccount)
     environment.Unset("STOIKAL_USER");
 
     EXPECT_EQ(QtUserAccount().LoginName(), QString::fromLocal8Bit(entry->pw_name));
-}
-
-TEST(QtWebFetch, SiteIsWhatItsVariableSays)
-{
-    Environment environment;
-    environment.Set("STOIKAL_SITE", u"http://chimie.example"_s);
-    EXPECT_EQ(QtWebFetch().Site(), u"http://chimie.example"_s);
-
-    environment.Unset("STOIKAL_SITE");
-    EXPECT_EQ(QtWebFetch().Site(), QString());
-}
-
-TEST(QtPrograms, CalculatorIsTheCommandOfItsVariableWithItsArguments)
-{
-    const QTemporaryDir folder;
-    const QString script = folder.filePath(u"my calculator"_s);
-    const QString note = folder.filePath(u"process"_s);
-    {
-        QFile file(script);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\necho $$ \"$2\" > \"$1.part\"\nmv \"$1.part\" \"$1\"\nexec sleep 60\n");
-        ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    }
-    Environment environment;
-    environment.Set("STOIKAL_CALCULATOR", u"\"%1\" \"%2\" \"two words\""_s.arg(script, note));
-    QtPrograms programs;
-    ASSERT_FALSE(programs.CalculatorRuns());
-
-    ASSERT_TRUE(programs.StartCalculator());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(note); }, 60000));
-    const QByteArray said = Content(note).trimmed();
-    const QByteArray process = said.split(' ').first();
-
-    EXPECT_EQ(said, process + " two words");
-    EXPECT_TRUE(programs.CalculatorRuns());
-    EXPECT_FALSE(IsOver(process));
-
-    programs.CloseCalculator();
-
-    EXPECT_FALSE(programs.CalculatorRuns());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return IsOver(process); }, 60000));
-}
-
-TEST(QtPrograms, CalculatorThatIsNotInstalledIsNotStarted)
-{
-    Environment environment;
-    environment.Set("STOIKAL_CALCULATOR", u"/no/such/calculator"_s);
-    QtPrograms programs;
-
-    EXPECT_FALSE(programs.StartCalculator());
-    EXPECT_FALSE(programs.CalculatorRuns());
-    programs.CloseCalculator(); // Nothing to close, and nothing happens.
-    EXPECT_FALSE(programs.CalculatorRuns());
-}
-
-TEST(QtPrograms, FirstInstalledCalculatorOfTheListIsStarted)
-{
-    const QTemporaryDir folder;
-    const QString note = folder.filePath(u"process"_s);
-    {
-        QFile file(folder.filePath(u"galculator"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("#!/bin/sh\necho $$ > '" + note.toLocal8Bit() + ".part'\n/bin/mv '" + note.toLocal8Bit()
-                   + ".part' '" + note.toLocal8Bit() + "'\nexec /bin/sleep 60\n");
-        ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    }
-    Environment environment;
-    environment.Unset("STOIKAL_CALCULATOR");
-    environment.Set("PATH", folder.path());
-    QtPrograms programs;
-
-    ASSERT_TRUE(programs.StartCalculator());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(note); }, 60000));
-
-    programs.CloseCalculator();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return IsOver(Content(note).trimmed()); }, 60000));
 }
 
 } // namespace stoikal

@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include "support/environment.h"
 #include "support/qt_printers.h"
 #include "support/window_driver.h"
 
@@ -17,46 +18,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Sets a variable of the environment for one test.
-class Variable
-{
-public:
-    Variable(const char* name, const QString& value)
-        : m_name(name)
-        , m_before(qgetenv(name))
-    {
-        if (value.isNull())
-            qunsetenv(name);
-        else
-            qputenv(name, value.toLocal8Bit());
-    }
-    ~Variable()
-    {
-        if (m_before.isNull())
-            qunsetenv(m_name);
-        else
-            qputenv(m_name, m_before);
-    }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* m_name;
-    QByteArray m_before;
-};
-
-/// A folder of programs; each notes the file that it was given.
-struct EditorFolder {
+/// Programs that note what they were given.
+struct NotingPrograms {
     QTemporaryDir folder;
     QString note = folder.filePath(u"note"_s);
+    Environment environment;
 
-    void Add(const QString& name) const
+    /// A program that notes `words`, in which the shell puts its values, and then
+    /// does `further`. The note stands there whole or not at all.
+    void Add(const QString& name, const QByteArray& words, const QByteArray& further = {}) const
     {
         QFile file(folder.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         const QByteArray target = note.toLocal8Bit();
-        file.write("#!/bin/sh\n/bin/echo \"" + name.toLocal8Bit() + ": $1\" > '" + target
-                   + ".part'\n/bin/mv '" + target + ".part' '" + target + "'\n");
+        file.write("#!/bin/sh\n/bin/echo \"" + words + "\" > '" + target + ".part'\n/bin/mv '" + target
+                   + ".part' '" + target + "'\n" + further);
         ASSERT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
 
@@ -68,6 +44,51 @@ struct EditorFolder {
     }
 };
 
+/// A desktop with the programs of one folder, and no editor named by the variable.
+/// Each notes its name and the file that it was given.
+struct EditorFolder : NotingPrograms {
+    EditorFolder()
+    {
+        environment.Set("PATH", folder.path());
+        environment.Unset("STOIKAL_EDITOR");
+    }
+
+    void Add(const QString& name) const { NotingPrograms::Add(name, name.toLocal8Bit() + ": $1"); }
+};
+
+/// A calculator that notes its process and what it was given, and stays. The
+/// variable names it.
+struct CalculatorProgram : NotingPrograms {
+    QString path;
+
+    explicit CalculatorProgram(const QString& name = u"calc (old)"_s)
+        : path(folder.filePath(name))
+    {
+        Add(name, "$$ $1", "exec /bin/sleep 300\n");
+        environment.Set("STOIKAL_CALCULATOR", u"\"%1\""_s.arg(path));
+    }
+
+    int Process() const { return Note().section(u' ', 0, 0).toInt(); }
+};
+
+/// What the system tells of a process; nothing when there is none.
+QByteArray StateOf(int process)
+{
+    QFile state(u"/proc/%1/stat"_s.arg(process));
+    return state.open(QIODevice::ReadOnly) ? state.readAll() : QByteArray();
+}
+
+/// Its work is over, and it waits only to be counted.
+bool IsLeftUncounted(int process)
+{
+    return StateOf(process).contains(") Z ");
+}
+
+bool IsOver(int process)
+{
+    return StateOf(process).isEmpty() || IsLeftUncounted(process);
+}
+
 } // namespace
 
 TEST(QtProgramsEditor, IsTheDesktopsOpener)
@@ -75,8 +96,6 @@ TEST(QtProgramsEditor, IsTheDesktopsOpener)
     const EditorFolder programs;
     programs.Add(u"gedit"_s);
     programs.Add(u"xdg-open"_s);
-    const Variable path("PATH", programs.folder.path());
-    const Variable none("STOIKAL_EDITOR", QString());
 
     EXPECT_TRUE(QtPrograms().EditText(u"/srv/classe/Résultats à lire.txt"_s));
 
@@ -87,8 +106,6 @@ TEST(QtProgramsEditor, IsAnEditorThatIsThereWithoutTheOpener)
 {
     const EditorFolder programs;
     programs.Add(u"mousepad"_s);
-    const Variable path("PATH", programs.folder.path());
-    const Variable none("STOIKAL_EDITOR", QString());
 
     EXPECT_TRUE(QtPrograms().EditText(u"/srv/a.txt"_s));
 
@@ -97,11 +114,10 @@ TEST(QtProgramsEditor, IsAnEditorThatIsThereWithoutTheOpener)
 
 TEST(QtProgramsEditor, IsTheCommandOfItsVariable)
 {
-    const EditorFolder programs;
+    EditorFolder programs;
     programs.Add(u"xdg-open"_s);
     programs.Add(u"mine"_s);
-    const Variable path("PATH", programs.folder.path());
-    const Variable mine("STOIKAL_EDITOR", u"mine"_s);
+    programs.environment.Set("STOIKAL_EDITOR", u"mine"_s);
 
     EXPECT_TRUE(QtPrograms().EditText(u"/srv/a.txt"_s));
 
@@ -111,105 +127,92 @@ TEST(QtProgramsEditor, IsTheCommandOfItsVariable)
 TEST(QtProgramsEditor, MayBeMissing)
 {
     const EditorFolder programs;
-    const Variable path("PATH", programs.folder.path());
-    const Variable none("STOIKAL_EDITOR", QString());
 
     EXPECT_FALSE(QtPrograms().EditText(u"/srv/a.txt"_s));
 }
 
-namespace {
+TEST(QtProgramsCalculator, IsTheCommandOfItsVariableWithItsArguments)
+{
+    CalculatorProgram calculator;
+    calculator.environment.Set("STOIKAL_CALCULATOR", u"\"%1\" \"two words\""_s.arg(calculator.path));
+    QtPrograms programs;
+    ASSERT_FALSE(programs.CalculatorRuns());
 
-/// A calculator that notes its process and what it was given, and stays.
-struct CalculatorProgram {
-    QTemporaryDir folder;
-    QString note = folder.filePath(u"note"_s);
-    QString path = folder.filePath(u"calc (old)"_s);
+    ASSERT_TRUE(programs.StartCalculator());
 
-    CalculatorProgram()
-    {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        const QByteArray target = note.toLocal8Bit();
-        file.write("#!/bin/sh\n/bin/echo \"$$ $1\" > '" + target + ".part'\n/bin/mv '" + target + ".part' '"
-                   + target + "'\nexec /bin/sleep 300\n");
-        EXPECT_TRUE(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    }
+    EXPECT_EQ(calculator.Note().section(u' ', 1), u"two words"_s);
+    EXPECT_TRUE(programs.CalculatorRuns());
+    EXPECT_FALSE(IsOver(calculator.Process()));
+    programs.CloseCalculator();
+}
 
-    QString Note() const
-    {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return QFile::exists(note); }, 60000));
-        QFile file(note);
-        return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()).trimmed() : QString();
-    }
-};
+TEST(QtProgramsCalculator, IsTheFirstInstalledOneOfTheListWithoutItsVariable)
+{
+    CalculatorProgram calculator(u"galculator"_s);
+    calculator.environment.Unset("STOIKAL_CALCULATOR");
+    calculator.environment.Set("PATH", calculator.folder.path());
+    QtPrograms programs;
 
-} // namespace
+    ASSERT_TRUE(programs.StartCalculator());
+
+    EXPECT_FALSE(IsOver(calculator.Process()));
+    programs.CloseCalculator();
+}
 
 TEST(QtProgramsCalculator, IsSeenToBeClosedByItsUser)
 {
     const CalculatorProgram calculator;
-    const Variable command("STOIKAL_CALCULATOR", u"\"%1\" \"two words\""_s.arg(calculator.path));
     QtPrograms programs;
-    EXPECT_FALSE(programs.CalculatorRuns());
-
     ASSERT_TRUE(programs.StartCalculator());
-
-    const QString note = calculator.Note();
-    EXPECT_EQ(note.section(u' ', 1), u"two words"_s);
+    const int process = calculator.Process();
     EXPECT_TRUE(programs.CalculatorRuns());
-    ASSERT_EQ(::kill(note.section(u' ', 0, 0).toInt(), SIGKILL), 0);
+
+    ASSERT_EQ(::kill(process, SIGKILL), 0);
+
     EXPECT_TRUE(QTest::qWaitFor([&] { return !programs.CalculatorRuns(); }, 20000));
 }
 
 TEST(QtProgramsCalculator, IsOverThoughNobodyHasAskedHowItEnded)
 {
     const CalculatorProgram calculator;
-    const Variable command("STOIKAL_CALCULATOR", u"\"%1\""_s.arg(calculator.path));
     // What loses its parent comes to this process, which does not ask.
     ASSERT_EQ(::prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0), 0);
     QtPrograms programs;
     ASSERT_TRUE(programs.StartCalculator());
-    const int number = calculator.Note().section(u' ', 0, 0).toInt();
+    const int process = calculator.Process();
     EXPECT_TRUE(programs.CalculatorRuns());
 
-    ASSERT_EQ(::kill(number, SIGKILL), 0);
-    const auto isLeft = [number] {
-        QFile state(u"/proc/%1/stat"_s.arg(number));
-        return state.open(QIODevice::ReadOnly) && state.readAll().contains(") Z ");
-    };
-    EXPECT_TRUE(QTest::qWaitFor(isLeft, 20000));
+    ASSERT_EQ(::kill(process, SIGKILL), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsLeftUncounted(process); }, 20000));
 
     EXPECT_FALSE(programs.CalculatorRuns());
-    EXPECT_TRUE(isLeft());
-    ::waitpid(number, nullptr, 0);
+    EXPECT_TRUE(IsLeftUncounted(process));
+    ::waitpid(process, nullptr, 0);
     ::prctl(PR_SET_CHILD_SUBREAPER, 0, 0, 0, 0);
 }
 
 TEST(QtProgramsCalculator, IsClosedByTheProgram)
 {
     const CalculatorProgram calculator;
-    const Variable command("STOIKAL_CALCULATOR", u"\"%1\""_s.arg(calculator.path));
     QtPrograms programs;
     ASSERT_TRUE(programs.StartCalculator());
-    const QString number = calculator.Note().section(u' ', 0, 0);
+    const int process = calculator.Process();
 
     programs.CloseCalculator();
 
     EXPECT_FALSE(programs.CalculatorRuns());
-    EXPECT_TRUE(QTest::qWaitFor(
-        [&number] {
-            QFile state(u"/proc/%1/stat"_s.arg(number));
-            return !state.open(QIODevice::ReadOnly) || state.readAll().contains(") Z ");
-        },
-        20000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return IsOver(process); }, 20000));
 }
 
 TEST(QtProgramsCalculator, MayBeMissing)
 {
-    const Variable command("STOIKAL_CALCULATOR", u"/no/such/calculator"_s);
+    Environment environment;
+    environment.Set("STOIKAL_CALCULATOR", u"/no/such/calculator"_s);
     QtPrograms programs;
 
     EXPECT_FALSE(programs.StartCalculator());
+    EXPECT_FALSE(programs.CalculatorRuns());
+    programs.CloseCalculator(); // Nothing to close, and nothing happens.
     EXPECT_FALSE(programs.CalculatorRuns());
 }
 

@@ -1,5 +1,7 @@
 #include "platform/qt_platform.h"
 
+#include "support/environment.h"
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -22,35 +24,15 @@ class QtTrashTest : public testing::Test
 protected:
     void SetUp() override
     {
-        m_before = qgetenv("XDG_DATA_HOME");
-        qputenv("XDG_DATA_HOME", DataHome().toLocal8Bit());
+        m_environment.Set("XDG_DATA_HOME", DataHome());
         m_here = QDir::currentPath();
         ASSERT_TRUE(QDir().mkpath(Here()));
         ASSERT_TRUE(QDir::setCurrent(Here()));
         ASSERT_TRUE(QDir().mkpath(QFileInfo(path).path()));
-        Put(path, "H2+O2=H2O/2,1,2\r\n");
+        WriteBytes(path, "H2+O2=H2O/2,1,2\r\n");
     }
 
-    void TearDown() override
-    {
-        QDir::setCurrent(m_here);
-        if (m_before.isNull())
-            qunsetenv("XDG_DATA_HOME");
-        else
-            qputenv("XDG_DATA_HOME", m_before);
-    }
-
-    static void Put(const QString& where, const QByteArray& bytes)
-    {
-        QFile file(where);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << where.toStdString();
-        file.write(bytes);
-    }
-    static QByteArray Content(const QString& where)
-    {
-        QFile file(where);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    void TearDown() override { QDir::setCurrent(m_here); }
 
     QString DataHome() const { return folder.filePath(u"home/data"_s); }
     QString InTrash(const QString& name) const { return DataHome() + u"/Trash/files/"_s + name; }
@@ -64,7 +46,7 @@ protected:
     QString path = folder.filePath(u"équations/Série à jeter.Equ"_s);
 
 private:
-    QByteArray m_before;
+    Environment m_environment;
     QString m_here;
 };
 
@@ -75,14 +57,14 @@ TEST_F(QtTrashTest, MovesAFileToWhereTheDesktopCanRestoreIt)
     EXPECT_TRUE(QtTrash().Move(path));
 
     EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(Content(InTrash(u"Série à jeter.Equ"_s)), "H2+O2=H2O/2,1,2\r\n");
+    EXPECT_EQ(BytesOfFile(InTrash(u"Série à jeter.Equ"_s)), "H2+O2=H2O/2,1,2\r\n");
 }
 
 TEST_F(QtTrashTest, NotesWhereTheFileCameFromAndWhen)
 {
     ASSERT_TRUE(QtTrash().Move(path));
 
-    const QList<QByteArray> lines = Content(Note(u"Série à jeter.Equ"_s)).split('\n');
+    const QList<QByteArray> lines = BytesOfFile(Note(u"Série à jeter.Equ"_s)).split('\n');
     ASSERT_GE(lines.size(), 3);
     EXPECT_EQ(lines[0], "[Trash Info]");
     ASSERT_TRUE(lines[1].startsWith("Path="));
@@ -104,7 +86,7 @@ TEST_F(QtTrashTest, MakesTheFolderOfTheUsersDataFirst)
 TEST_F(QtTrashTest, KeepsTwoFilesOfOneName)
 {
     ASSERT_TRUE(QtTrash().Move(path));
-    Put(path, "C+O2=CO2/1,1,1\r\n");
+    WriteBytes(path, "C+O2=CO2/1,1,1\r\n");
 
     EXPECT_TRUE(QtTrash().Move(path));
 
@@ -116,11 +98,11 @@ TEST_F(QtTrashTest, LeavesTheFileWhereTheUserCanHaveNoTrash)
 {
     // A file stands where the folder of the data would be.
     ASSERT_TRUE(QDir().mkpath(folder.filePath(u"home"_s)));
-    Put(DataHome(), "");
+    WriteBytes(DataHome(), "");
 
     EXPECT_FALSE(QtTrash().Move(path));
 
-    EXPECT_EQ(Content(path), "H2+O2=H2O/2,1,2\r\n");
+    EXPECT_EQ(BytesOfFile(path), "H2+O2=H2O/2,1,2\r\n");
     EXPECT_TRUE(QDir(Here()).isEmpty());
 }
 

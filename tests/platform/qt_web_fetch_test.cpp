@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include "support/environment.h"
 #include "support/qt_printers.h"
 
 #include <QElapsedTimer>
@@ -357,11 +358,12 @@ TEST_F(WebFetchTest, MayEndWhileAnAnswerIsAwaited)
 
 TEST(WebSite, IsTheOneThatIsConfiguredAndOtherwiseNone)
 {
-    qunsetenv("STOIKAL_SITE");
-    EXPECT_TRUE(QtWebFetch().Site().isEmpty());
-    qputenv("STOIKAL_SITE", "http://127.0.0.1:9");
+    Environment environment;
+    environment.Unset("STOIKAL_SITE");
+    EXPECT_EQ(QtWebFetch().Site(), QString());
+
+    environment.Set("STOIKAL_SITE", u"http://127.0.0.1:9"_s);
     EXPECT_EQ(QtWebFetch().Site(), u"http://127.0.0.1:9"_s);
-    qunsetenv("STOIKAL_SITE");
 }
 
 } // namespace stoikal

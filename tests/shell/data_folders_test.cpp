@@ -5,6 +5,7 @@
 #include "support/failing_file.h"
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_bytes.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,19 +18,6 @@ namespace stoikal {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void WriteBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray BytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-}
 
 /// A session and a desktop without folders, as they are before the start.
 class DataFolders : public testing::Test
@@ -240,7 +228,7 @@ TEST_F(EquationFolder, IsMadeAndFilledWithWhatShips)
 
     EXPECT_EQ(QDir(own).entryList(QDir::Files, QDir::Name),
               QStringList({u"Combustions.Equ"_s, u"Serie.Equ"_s, u"TipOfDayEqChm.txt"_s}));
-    EXPECT_EQ(BytesOf(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
+    EXPECT_EQ(BytesOfFile(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
 }
 
 TEST_F(EquationFolder, HoldsCopiesThatCanBeChanged)
@@ -259,7 +247,7 @@ TEST_F(EquationFolder, IsFilledOnlyOnce)
     Seed();
 
     EXPECT_FALSE(QFileInfo::exists(own + u"/Serie.Equ"_s));
-    EXPECT_EQ(BytesOf(own + u"/Combustions.Equ"_s), QByteArray("the teacher's"));
+    EXPECT_EQ(BytesOfFile(own + u"/Combustions.Equ"_s), QByteArray("the teacher's"));
 }
 
 TEST_F(EquationFolder, IsLeftAsItStandsWhenItWasThereBefore)
@@ -270,7 +258,7 @@ TEST_F(EquationFolder, IsLeftAsItStandsWhenItWasThereBefore)
     Seed();
 
     EXPECT_EQ(QDir(own).entryList(QDir::Files), QStringList{u"Serie.Equ"_s});
-    EXPECT_EQ(BytesOf(own + u"/Serie.Equ"_s), QByteArray("the teacher's"));
+    EXPECT_EQ(BytesOfFile(own + u"/Serie.Equ"_s), QByteArray("the teacher's"));
 }
 
 TEST_F(EquationFolder, IsBegunAgainWhenAnEarlierStartWasCutShort)
@@ -283,7 +271,7 @@ TEST_F(EquationFolder, IsBegunAgainWhenAnEarlierStartWasCutShort)
 
     EXPECT_EQ(QDir(own).entryList(QDir::Files, QDir::Name),
               QStringList({u"Combustions.Equ"_s, u"Serie.Equ"_s, u"TipOfDayEqChm.txt"_s}));
-    EXPECT_EQ(BytesOf(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
+    EXPECT_EQ(BytesOfFile(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
     EXPECT_FALSE(QFileInfo::exists(own + u".nouveau"_s));
 }
 
@@ -335,7 +323,7 @@ TEST_F(EquationFolder, IsNotMadeWhenAFileStandsWhereItWouldGrow)
     EXPECT_EQ(seeded.Reason(),
               u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(own + u".nouveau"_s));
     EXPECT_FALSE(QFileInfo::exists(own));
-    EXPECT_EQ(BytesOf(own + u".nouveau"_s), QByteArray("another's"));
+    EXPECT_EQ(BytesOfFile(own + u".nouveau"_s), QByteArray("another's"));
 }
 
 } // namespace stoikal

@@ -35,6 +35,17 @@ protected:
                 Button("cmdOK").toolTip(), Button("cmdAnnul").toolTip(), Button("cmdEnd").toolTip()};
     }
 
+    /// The question was shown and its box waits for the answer.
+    void ExpectAskedFor(int i, const QString& question)
+    {
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title, u"Saisie incomplète"_s);
+        EXPECT_EQ(messages.shown[0].text, question);
+        EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(Ident(i).hasFocus());
+    }
+
     FakeMessages messages;
     FakeSound sound;
     frmName window{messages, sound, nullptr};
@@ -54,6 +65,19 @@ TEST_F(FrmName, AsksForNameFirstNameAndClass)
     EXPECT_EQ(Button("cmdAnnul").text(), u"&Annuler"_s);
     EXPECT_EQ(Button("cmdEnd").text(), u"&Quitter"_s);
     EXPECT_TRUE(Ident(1).hasFocus());
+}
+
+TEST_F(FrmName, LeadsTheTabKeyFromBoxToBoxAndToTheButtons)
+{
+    QStringList order;
+    for (int i = 0; i < 6; ++i) {
+        order << window.focusWidget()->objectName();
+        Press(*window.focusWidget(), Qt::Key_Tab);
+    }
+
+    EXPECT_EQ(order,
+              QStringList({u"txtIdent(1)"_s, u"txtIdent(2)"_s, u"txtIdent(3)"_s, u"cmdOK"_s, u"cmdAnnul"_s,
+                           u"cmdEnd"_s}));
 }
 
 TEST_F(FrmName, ExplainsItselfAtLoad)
@@ -82,12 +106,7 @@ TEST_F(FrmName, RefusesAMissingName)
 
     Click(Button("cmdOK"));
 
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title, u"Saisie incomplète"_s);
-    EXPECT_EQ(messages.shown[0].text, u"Quel est votre nom ?"_s);
-    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(Ident(1).hasFocus());
+    ExpectAskedFor(1, u"Quel est votre nom ?"_s);
 }
 
 TEST_F(FrmName, RefusesAMissingFirstName)
@@ -97,10 +116,7 @@ TEST_F(FrmName, RefusesAMissingFirstName)
 
     Click(Button("cmdOK"));
 
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, u"Quel est votre prénom ?"_s);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(Ident(2).hasFocus());
+    ExpectAskedFor(2, u"Quel est votre prénom ?"_s);
 }
 
 TEST_F(FrmName, RefusesAMissingClass)
@@ -110,10 +126,7 @@ TEST_F(FrmName, RefusesAMissingClass)
 
     Click(Button("cmdOK"));
 
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, u"Quelle est votre classe ?"_s);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(Ident(3).hasFocus());
+    ExpectAskedFor(3, u"Quelle est votre classe ?"_s);
 }
 
 TEST_F(FrmName, TellsTheTextsAsTyped)

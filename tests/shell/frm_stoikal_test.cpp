@@ -5,6 +5,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace stoikal {
 
@@ -114,6 +115,24 @@ TEST_F(FrmStoikal, KeepsTheAtomWindowsOfARunOpen)
 
     EXPECT_NE(FindWindow("frmReactif"), nullptr);
     EXPECT_NE(FindWindow("frmProduit"), nullptr);
+}
+
+TEST_F(FrmStoikal, HasNoScrollBarsLeftForAHiddenChild)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+    QWidget* const child = Control<QWidget>(shell->MainWindow(), "frmReactif").parentWidget();
+    QMdiArea& area = shell->MainWindow().Area();
+    // Dragged half out of the area, to the lower right.
+    child->move(area.width() / 2, area.height() / 2);
+    Settle();
+    ASSERT_TRUE(area.horizontalScrollBar()->isVisible());
+    ASSERT_TRUE(area.verticalScrollBar()->isVisible());
+
+    child->hide();
+    Settle();
+
+    EXPECT_FALSE(area.horizontalScrollBar()->isVisible());
+    EXPECT_FALSE(area.verticalScrollBar()->isVisible());
 }
 
 TEST_F(FrmStoikal, EndsTheProgramWhenItIsClosed)

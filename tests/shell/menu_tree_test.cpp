@@ -153,6 +153,13 @@ QStringList InTreeOrder(const QStringList& names)
     return ordered;
 }
 
+void ExpectWholeTree(const QStringList& lines)
+{
+    ASSERT_EQ(lines.size(), kWholeTree.size());
+    for (qsizetype i = 0; i < lines.size(); ++i)
+        EXPECT_EQ(lines.at(i), kWholeTree.at(i));
+}
+
 struct FilledState {
     MenuState state;
     FilledState() { FillMenuState(state); }
@@ -166,9 +173,7 @@ TEST(MenuTree, HoldsEachEntryWithItsCaptionInItsPlace)
 
     AppendNodes(lines, 0, MenuTree());
 
-    ASSERT_EQ(lines.size(), kWholeTree.size());
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(lines.at(i), kWholeTree.at(i));
+    ExpectWholeTree(lines);
 }
 
 TEST(MenuTree, StandsOnTheScreenAsItIs)
@@ -179,9 +184,7 @@ TEST(MenuTree, StandsOnTheScreenAsItIs)
 
     AppendActions(lines, 0, window.menuBar()->actions());
 
-    ASSERT_EQ(lines.size(), kWholeTree.size());
-    for (qsizetype i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(lines.at(i), kWholeTree.at(i));
+    ExpectWholeTree(lines);
 }
 
 TEST(MenuTree, HasNoShortcutKeys)

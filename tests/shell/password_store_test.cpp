@@ -3,6 +3,7 @@
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "support/failing_file.h"
+#include "support/file_bytes.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
@@ -35,17 +36,8 @@ protected:
     QString Deposit() const { return folder.filePath(u"Dépôt"_s); }
     QString Common() const { return Deposit() + u"/MotDePasse.txt"_s; }
 
-    void Put(const QByteArray& bytes) const
-    {
-        QFile file(Common());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QByteArray Content() const
-    {
-        QFile file(Common());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    void Put(const QByteArray& bytes) const { WriteBytes(Common(), bytes); }
+    QByteArray Content() const { return BytesOfFile(Common()); }
 
     /// The password, or what was told in its place behind an exclamation mark.
     QString Password()

@@ -106,6 +106,14 @@ TEST_F(FrmMotPasse, ShowsAStarForEachCharacterAndTakesEight)
     EXPECT_EQ(Box().displayText(), u"********"_s);
 }
 
+TEST_F(FrmMotPasse, LeadsTheTabKeyFromTheBoxToTheButtons)
+{
+    Press(Box(), Qt::Key_Tab);
+    EXPECT_TRUE(Control<QPushButton>(window, "cmdOK").hasFocus());
+    Press(Control<QPushButton>(window, "cmdOK"), Qt::Key_Tab);
+    EXPECT_TRUE(Control<QPushButton>(window, "cmdCancel").hasFocus());
+}
+
 TEST_F(FrmMotPasse, IsAcceptedWithTheRightPassword)
 {
     Type(Box(), u"Sesame"_s);

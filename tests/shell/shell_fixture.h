@@ -6,6 +6,7 @@
 
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_bytes.h"
 #include "support/window_driver.h"
 
 #include <QAction>
@@ -32,8 +33,7 @@ inline void WriteTextFile(const QString& path, const QStringList& lines)
 /// The whole file as text; "(no file)" where there is none.
 inline QString TextOfFile(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QStringLiteral("(no file)");
+    return QString::fromLatin1(BytesOfFile(path));
 }
 
 /// The lines as they stand in a file: each ended by CRLF.

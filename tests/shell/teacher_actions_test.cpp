@@ -183,8 +183,9 @@ TEST_F(Results, ThatCannotBeEmptiedAreTold)
     ChooseAsTeacher("Mnu_Clean");
 
     ASSERT_EQ(messages.shown.size(), 3U);
-    EXPECT_TRUE(
-        messages.shown[1].text.startsWith(u"Le fichier des résultats ne peut pas être rouvert :\n"_s));
+    const QString told = messages.shown[1].text;
+    const QString start = u"Le fichier des résultats ne peut pas être rouvert :\n"_s;
+    EXPECT_TRUE(told.startsWith(start + Journal() + u" : c'est un dossier\n"_s)) << told.toStdString();
     EXPECT_EQ(messages.shown[2].text, u"Le fichier Resultat.txt n'a pas pu être vidé."_s);
 }
 

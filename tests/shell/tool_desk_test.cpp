@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -412,6 +413,41 @@ TEST_F(Tools, AreHiddenByARunThatStartsDuringASearch)
     EXPECT_TRUE(ListText("frmExpert").contains(u"3 H2 + O2 + H2O2 -----> 4 H2O"_s));
 }
 
+TEST_F(Tools, LeaveNothingInTheMenuBarAndTheCaptionOfARun)
+{
+    // Maximised one over the other: each has put its buttons into the menu bar.
+    ChooseAndSettle("Mnu_Tableau");
+    Choose("Mnu_Balance");
+    Choose("Mnu_Search");
+    Settle();
+    const QMenuBar& menuBar = *shell->MainWindow().menuBar();
+    ASSERT_NE(menuBar.cornerWidget(Qt::TopRightCorner), nullptr);
+
+    OpenFile({u"H2+O2=H2O/2,1,2"_s}, u"Serie1.Equ"_s);
+    Settle();
+
+    EXPECT_EQ(menuBar.cornerWidget(Qt::TopRightCorner), nullptr);
+    EXPECT_EQ(menuBar.cornerWidget(Qt::TopLeftCorner), nullptr);
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - Serie1.Equ - 1 équations"_s);
+    messages.answers = {QMessageBox::Yes};
+    ChooseAndSettle("Mnu_Close");
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0"_s);
+}
+
+TEST_F(Tools, LeaveTheButtonsToTheOneThatStays)
+{
+    ChooseAndSettle("Mnu_Tableau");
+    Choose("Mnu_Balance");
+    Settle();
+
+    ChooseAndSettle("Mnu_Balance");
+
+    const auto* const stays = qobject_cast<QMdiSubWindow*>(Tool("frmTableauPeriodique").parentWidget());
+    EXPECT_EQ(shell->MainWindow().menuBar()->cornerWidget(Qt::TopRightCorner),
+              stays->maximizedButtonsWidget());
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - [Tableau périodique]"_s);
+}
+
 TEST_F(Tools, SearchTheFolderOfEquations)
 {
     WriteEquations({u"H2+O2=H2O/2,1,2"_s}, u"A.Equ"_s);
@@ -544,12 +580,7 @@ TEST_F(Tools, GoHomeWhenTheGatheredFileHasNoEquation)
 
 TEST_F(Tools, AskNothingAboutAFileWhenTheProgramEndsDuringTheSearch)
 {
-    struct RunningClock final : Clock {
-        mutable std::int64_t counter = 0;
-        std::int64_t Counter() const override { return ++counter; }
-        std::int64_t CountsPerSecond() const override { return 10; }
-        QDateTime Now() const override { return {QDate(2016, 3, 5), QTime(14, 7, 12)}; }
-    } running;
+    RunningClock running;
     shell.reset();
     Platform doors = desktop.Doors();
     const Platform withClock{running,         doors.folders,    doors.user,     doors.regional, doors.screen,

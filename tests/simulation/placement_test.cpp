@@ -43,6 +43,34 @@ ParticleState Placed(const std::vector<std::pair<double, double>>& points)
     return model.State();
 }
 
+/// Places one disc of radius 10 by these random numbers, with heading 0, in a box
+/// twice as wide as high.
+ParticleState PlacedAlone(double x, double y)
+{
+    Script script({x, y, 0.0});
+    ParticleModel model;
+    model.SetInitialCount(kKindA, 1);
+    model.PlaceParticles(800.0, 400.0, 10, std::ref(script));
+    return model.State();
+}
+
+/// Where a disc stands, in the order of placing from 1.
+std::pair<double, double> PlaceOf(const ParticleState& state, std::size_t disc)
+{
+    return {state.ParticleX[disc], state.ParticleY[disc]};
+}
+
+/// Nothing but collisions: 7 and 5, of which 3 and 2 were effective.
+ParticleState WithTallies()
+{
+    ParticleState state = StateOf({});
+    state.ForwardCollisions = 7;
+    state.ForwardEffective = 3;
+    state.ReverseCollisions = 5;
+    state.ReverseEffective = 2;
+    return state;
+}
+
 double Middle()
 {
     return 0.5;
@@ -93,52 +121,35 @@ TEST(Placement, TakesThreeNumbersAParticleForXThenYThenHeading)
     model.PlaceParticles(400.0, 400.0, 10, std::ref(script));
 
     EXPECT_EQ(script.Taken(), 6U);
-    EXPECT_EQ(model.State().ParticleX[1], 300.0);
-    EXPECT_EQ(model.State().ParticleY[1], 200.0);
+    EXPECT_EQ(PlaceOf(model.State(), 1), std::pair(300.0, 200.0));
     EXPECT_EQ(model.State().ParticleAngle[1], 1.5707963265); // 0.25 x 6.283185306
-    EXPECT_EQ(model.State().ParticleX[2], 700.0);
-    EXPECT_EQ(model.State().ParticleY[2], 600.0);
+    EXPECT_EQ(PlaceOf(model.State(), 2), std::pair(700.0, 600.0));
     EXPECT_EQ(model.State().ParticleAngle[2], 3.141592653);
 }
 
 TEST(Placement, DividesTheWholeYByTheRatioWithoutRounding)
 {
-    Script script({Number(300), Number(301), 0.0});
-    ParticleModel model;
-    model.SetInitialCount(kKindA, 1);
+    const ParticleState state = PlacedAlone(Number(300), Number(301));
 
-    model.PlaceParticles(800.0, 400.0, 10, std::ref(script));
-
-    EXPECT_EQ(model.State().AspectRatio, 2.0);
-    EXPECT_EQ(model.State().BoxHeight(), 500.0);
-    EXPECT_EQ(model.State().ParticleX[1], 300.0);
-    EXPECT_EQ(model.State().ParticleY[1], 150.5);
+    EXPECT_EQ(state.AspectRatio, 2.0);
+    EXPECT_EQ(state.BoxHeight(), 500.0);
+    EXPECT_EQ(PlaceOf(state, 1), std::pair(300.0, 150.5));
 }
 
 TEST(Placement, RangeEndsARadiusTooLateAndTheClampTakesTheRest)
 {
     // floor(0.9999 x 991 + 10) = floor(1000.9009) = 1000, in y / 2 = 500.
-    Script script({0.9999, 0.9999, 0.0});
-    ParticleModel model;
-    model.SetInitialCount(kKindA, 1);
+    const ParticleState state = PlacedAlone(0.9999, 0.9999);
 
-    model.PlaceParticles(800.0, 400.0, 10, std::ref(script));
-
-    EXPECT_EQ(model.State().ParticleX[1], 990.0);
-    EXPECT_EQ(model.State().ParticleY[1], 490.0);
+    EXPECT_EQ(PlaceOf(state, 1), std::pair(990.0, 490.0));
 }
 
 TEST(Placement, RangeBeginsAtTheRadius)
 {
     // In y the radius is divided by 2 as well: 5, clamped to 10.
-    Script script({0.0, 0.0, 0.0});
-    ParticleModel model;
-    model.SetInitialCount(kKindA, 1);
+    const ParticleState state = PlacedAlone(0.0, 0.0);
 
-    model.PlaceParticles(800.0, 400.0, 10, std::ref(script));
-
-    EXPECT_EQ(model.State().ParticleX[1], 10.0);
-    EXPECT_EQ(model.State().ParticleY[1], 10.0);
+    EXPECT_EQ(PlaceOf(state, 1), std::pair(10.0, 10.0));
 }
 
 TEST(Placement, MovesATouchingDiscByTheOddAngle)
@@ -150,8 +161,7 @@ TEST(Placement, MovesATouchingDiscByTheOddAngle)
     // angle of the centres is 0 and would give (520.2, 500).
     EXPECT_NEAR(state.ParticleX[2], 500.0404015, 1e-6);
     EXPECT_NEAR(state.ParticleY[2], 479.8000404, 1e-6);
-    EXPECT_EQ(state.ParticleX[1], 500.0);
-    EXPECT_EQ(state.ParticleY[1], 500.0);
+    EXPECT_EQ(PlaceOf(state, 1), std::pair(500.0, 500.0));
 }
 
 TEST(Placement, CountsAnExactContactAsTouching)
@@ -167,8 +177,7 @@ TEST(Placement, LeavesADiscThatDoesNotTouch)
 {
     const ParticleState state = Placed({{500, 500}, {521, 500}});
 
-    EXPECT_EQ(state.ParticleX[2], 521.0);
-    EXPECT_EQ(state.ParticleY[2], 500.0);
+    EXPECT_EQ(PlaceOf(state, 2), std::pair(521.0, 500.0));
 }
 
 TEST(Placement, GoesOnWithTheNextDiscFromTheMovedPlace)
@@ -234,13 +243,8 @@ TEST(Placement, ForgetsTheParticlesOfBefore)
 
 TEST(Placement, KeepsTheTalliesOfCollisions)
 {
-    ParticleState state = StateOf({});
-    state.ForwardCollisions = 7;
-    state.ForwardEffective = 3;
-    state.ReverseCollisions = 5;
-    state.ReverseEffective = 2;
     ParticleModel model;
-    model.Restore(state);
+    model.Restore(WithTallies());
 
     model.PlaceParticles(400.0, 400.0, 10, Middle);
 
@@ -252,13 +256,8 @@ TEST(Placement, KeepsTheTalliesOfCollisions)
 
 TEST(Placement, ResetSetsAllFourTalliesToZero)
 {
-    ParticleState state = StateOf({});
-    state.ForwardCollisions = 7;
-    state.ForwardEffective = 3;
-    state.ReverseCollisions = 5;
-    state.ReverseEffective = 2;
     ParticleModel model;
-    model.Restore(state);
+    model.Restore(WithTallies());
 
     model.ResetTallies();
 
@@ -291,8 +290,7 @@ TEST(Placement, ABoxAsHighAsARadiusHoldsItsDiscsOnItsUpperEdge)
 
     model.PlaceParticles(1000.0, 10.0, 10, std::ref(script));
 
-    EXPECT_EQ(model.State().ParticleX[1], 500.0);
-    EXPECT_EQ(model.State().ParticleY[1], 0.0);
+    EXPECT_EQ(PlaceOf(model.State(), 1), std::pair(500.0, 0.0));
     EXPECT_DOUBLE_EQ(model.State().ParticleX[2], 520.2);
     EXPECT_EQ(model.State().ParticleY[2], 0.0);
 }

@@ -20,6 +20,16 @@ struct FakeClock final : Clock {
     QDateTime Now() const override { return now; }
 };
 
+/// A clock of which every look finds a tenth of a second gone: what gives the event
+/// loop its turns by the clock gives it one at each look.
+struct RunningClock final : Clock {
+    mutable std::int64_t counter = 0;
+    QDateTime now{QDate(2016, 3, 5), QTime(14, 7, 12)};
+    std::int64_t Counter() const override { return ++counter; }
+    std::int64_t CountsPerSecond() const override { return 10; }
+    QDateTime Now() const override { return now; }
+};
+
 struct FakeFolders final : Folders {
     QString appData;
     QString documents;

@@ -2,9 +2,9 @@
 
 #include "base/settings_store.h"
 #include "support/fake_platform.h"
+#include "support/file_bytes.h"
 #include "support/window_driver.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -25,10 +25,7 @@ class FrmTip : public testing::Test
 protected:
     frmTip& Open(const QByteArray& tips)
     {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(tips);
-        file.close();
+        WriteBytes(path, tips);
         return OpenWithoutFile();
     }
 

@@ -1,6 +1,7 @@
 #include "tools/text_file.h"
 
 #include "support/failing_file.h"
+#include "support/file_bytes.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
@@ -20,17 +21,8 @@ struct OneFile {
     QTemporaryDir folder;
     QString path = folder.filePath(u"texte.txt"_s);
 
-    void Write(const QByteArray& bytes) const
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QByteArray Bytes() const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
+    void Write(const QByteArray& bytes) const { WriteBytes(path, bytes); }
+    QByteArray Bytes() const { return BytesOfFile(path); }
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_bytes.h"
 #include "support/window_driver.h"
 
 #include <QDir>
@@ -23,18 +24,9 @@ namespace {
 class TextWindowTest : public testing::Test
 {
 protected:
-    void Put(const QByteArray& bytes)
-    {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    void Put(const QByteArray& bytes) { WriteBytes(path, bytes); }
 
-    std::string Bytes()
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(no file)";
-    }
+    std::string Bytes() const { return BytesOfFile(path).toStdString(); }
 
     bool Open(TextWindow::Use use)
     {

@@ -1,5 +1,6 @@
 #include "tools/tip_list.h"
 
+#include "support/file_bytes.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -15,16 +16,19 @@ namespace {
 
 /// A folder with a tips file of these bytes.
 struct TipsFile {
-    explicit TipsFile(const QByteArray& bytes)
-    {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
+    explicit TipsFile(const QByteArray& bytes) { WriteBytes(path, bytes); }
 
     QTemporaryDir folder;
     QString path = folder.filePath(u"TipOfDayEqChm.txt"_s);
 };
+
+/// The tips of such a file.
+TipList TipsOf(const QByteArray& bytes)
+{
+    TipList tips;
+    EXPECT_TRUE(tips.LoadTips(TipsFile(bytes).path));
+    return tips;
+}
 
 QString TipAt(TipList& tips, double chance)
 {
@@ -50,9 +54,7 @@ TEST(TipList, HoldsOneTipALine)
 
 TEST(TipList, ChoosesEachTipWithTheSameChance)
 {
-    const TipsFile file("a\nb\nc\nd\n");
-    TipList tips;
-    ASSERT_TRUE(tips.LoadTips(file.path));
+    TipList tips = TipsOf("a\nb\nc\nd\n");
 
     // floor(u * 4 + 1): a up to 0.25, b up to 0.5, c up to 0.75, d behind.
     EXPECT_EQ(TipAt(tips, 0), u"a"_s);
@@ -67,9 +69,7 @@ TEST(TipList, ChoosesEachTipWithTheSameChance)
 
 TEST(TipList, MayChooseTheSameTipTwiceRunning)
 {
-    const TipsFile file("a\nb\n");
-    TipList tips;
-    ASSERT_TRUE(tips.LoadTips(file.path));
+    TipList tips = TipsOf("a\nb\n");
 
     EXPECT_EQ(TipAt(tips, 0.6), u"b"_s);
     EXPECT_EQ(TipAt(tips, 0.7), u"b"_s);
@@ -77,9 +77,7 @@ TEST(TipList, MayChooseTheSameTipTwiceRunning)
 
 TEST(TipList, EmptyLineIsATipOfItsOwn)
 {
-    const TipsFile file("a\r\n\r\nc\r\n");
-    TipList tips;
-    ASSERT_TRUE(tips.LoadTips(file.path));
+    TipList tips = TipsOf("a\r\n\r\nc\r\n");
 
     EXPECT_EQ(tips.Count(), 3);
     EXPECT_EQ(TipAt(tips, 0.4), QString());
@@ -99,9 +97,7 @@ TEST(TipList, EmptyFileHasNoTipAndIsNoFailure)
 
 TEST(TipList, LinesAreReadInTheirOwnEncoding)
 {
-    const TipsFile file("\xE9l\xE8ve\r\n\xC3\xA9l\xC3\xA8ve \xE2\x82\x82\r\n");
-    TipList tips;
-    ASSERT_TRUE(tips.LoadTips(file.path));
+    TipList tips = TipsOf("\xE9l\xE8ve\r\n\xC3\xA9l\xC3\xA8ve \xE2\x82\x82\r\n");
 
     EXPECT_EQ(TipAt(tips, 0), u"élève"_s);
     EXPECT_EQ(TipAt(tips, 0.5), u"élève ₂"_s);

@@ -9,7 +9,6 @@
 #include "platform/doors.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -19,16 +18,9 @@
 #include <QVBoxLayout>
 
 namespace stoikal {
-namespace {
-
-/// The event loop has its turn this often during a search.
-constexpr double kTurnSeconds = 0.02;
-
-} // namespace
-
 frmExpert::frmExpert(const Doors& doors, QWidget* parent)
-    : Form(QStringLiteral("frmExpert"), QStringLiteral("Equilibrer une équation"), Kind::Child, parent)
-    , m_doors(doors)
+    : SearchingForm(QStringLiteral("frmExpert"), QStringLiteral("Equilibrer une équation"), doors, parent)
+    , BalancingWatch(*this, doors.messages, doors.clock, QEventLoop::AllEvents)
     , m_boxes(new MoleculeBoxes(FormulaField::Expert, doors.messages, this))
     , cmdBalance(Named(new QPushButton(QStringLiteral("Equilibrage"), this), QStringLiteral("cmdBalance"),
                        QStringLiteral("Equilibrage")))
@@ -56,7 +48,6 @@ frmExpert::frmExpert(const Doors& doors, QWidget* parent)
     cmdSave->setEnabled(false);
     ShowWhatCanBeDone();
     setFocusProxy(m_boxes);
-    setMouseTracking(true);
 }
 
 void frmExpert::Build()
@@ -68,13 +59,8 @@ void frmExpert::Build()
     cmdClearList->setToolTip(QStringLiteral("Pour effacer la liste de toutes les équations équilibrées"));
     cmdSave->setToolTip(
         QStringLiteral("Pour sauvegarder la dernière équation équilibrée dans le fichier de votre choix"));
-    txtResult->setReadOnly(true);
-    txtResult->setTabChangesFocus(true);
+    SetUpList(*txtResult);
     txtResult->setLineWrapMode(QPlainTextEdit::WidgetWidth);
-    txtResult->setUndoRedoEnabled(false);
-    QFont large = txtResult->font();
-    large.setPointSizeF(large.pointSizeF() + 1);
-    txtResult->setFont(large);
     QSizePolicy keepsPlace = pgbCompteur->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     pgbCompteur->setSizePolicy(keepsPlace);
@@ -104,10 +90,9 @@ void frmExpert::ShowWhatCanBeDone()
 void frmExpert::cmdBalance_Click()
 {
     // A press during a search changes nothing.
-    if (m_isBusy)
+    if (IsSearching())
         return;
-    m_isBusy = true;
-    m_isStopped = false;
+    BeginSearch();
     cmdSave->setEnabled(false);
     m_listBefore = txtResult->toPlainText();
     m_numberBefore = m_equationNumber;
@@ -127,21 +112,9 @@ void frmExpert::cmdBalance_Click()
         txtResult->setPlainText(m_listBefore);
         txtResult->moveCursor(QTextCursor::End);
         cmdSave->setEnabled(false);
-        m_doors.messages.OperationFault(this, fault.OperationText());
+        Desktop().messages.OperationFault(this, fault.OperationText());
     }
-    m_isBusy = false;
-    if (m_closesBehind)
-        Q_EMIT Unloaded();
-}
-
-void frmExpert::Close()
-{
-    if (!m_isBusy) {
-        Q_EMIT Unloaded();
-        return;
-    }
-    m_isStopped = true;
-    m_closesBehind = true;
+    EndSearch();
 }
 
 void frmExpert::cmdNewMol_Click()
@@ -161,21 +134,22 @@ void frmExpert::cmdClearList_Click()
 
 void frmExpert::cmdSave_Click()
 {
-    const auto choice
-        = m_doors.dialogs.OpenFile(this,
-                                   EquationFileRequest(m_doors.settings, m_doors.equationFolder,
-                                                       QStringLiteral("Sauvegarder l'équation")));
+    Dialogs::Request request = EquationFileRequest(Desktop().settings, Desktop().equationFolder,
+                                                   QStringLiteral("Sauvegarder l'équation"));
+    // The file exists, but it is written to, not opened.
+    request.accept = QStringLiteral("&Enregistrer");
+    const auto choice = Desktop().dialogs.OpenFile(this, request);
     if (!choice)
         return;
-    RememberFilter(m_doors.settings, choice->filter);
+    RememberFilter(Desktop().settings, choice->filter);
     const auto written
         = EquationAppender::AppendEquation(choice->path, BalancedEquationLine(m_molecules, m_coefficients));
     if (!written) {
-        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+        Desktop().messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
         return;
     }
     const QFileInfo file(choice->path);
-    m_doors.messages.Information(
+    Desktop().messages.Information(
         this, QStringLiteral("Enregistrement réussie"),
         QStringLiteral(
             "La dernière équation équilibrée vient d'être copiée dans le fichier %1 dans le dossier :\n%2")
@@ -184,61 +158,12 @@ void frmExpert::cmdSave_Click()
 
 void frmExpert::Append(const QString& text)
 {
-    txtResult->moveCursor(QTextCursor::End);
-    txtResult->insertPlainText(text);
-    txtResult->moveCursor(QTextCursor::End);
+    ShowAtEnd(*txtResult, text);
 }
 
 void frmExpert::ResultWritten()
 {
     cmdSave->setEnabled(true);
-}
-
-bool frmExpert::KeepsUnknownSymbol(const QString& title, const QString& question)
-{
-    return m_doors.messages.Ask(this, title, question, QMessageBox::Warning);
-}
-
-void frmExpert::SearchBegins()
-{
-    setCursor(Qt::WaitCursor);
-}
-
-void frmExpert::SearchEnds()
-{
-    unsetCursor();
-}
-
-void frmExpert::AttemptsBegin(int attempts)
-{
-    pgbCompteur->setRange(0, attempts);
-    pgbCompteur->setValue(0);
-    pgbCompteur->show();
-    m_lastTurn = m_doors.clock.Counter();
-}
-
-bool frmExpert::AttemptsDone(int attempts)
-{
-    const auto counter = m_doors.clock.Counter();
-    const double since
-        = static_cast<double>(counter - m_lastTurn) / static_cast<double>(m_doors.clock.CountsPerSecond());
-    if (since >= kTurnSeconds || attempts == pgbCompteur->maximum()) {
-        pgbCompteur->setValue(attempts);
-        QCoreApplication::processEvents();
-        m_lastTurn = m_doors.clock.Counter();
-    }
-    return !m_isStopped;
-}
-
-void frmExpert::AttemptsEnd()
-{
-    pgbCompteur->hide();
-}
-
-void frmExpert::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
 }
 
 } // namespace stoikal

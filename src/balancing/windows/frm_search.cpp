@@ -10,7 +10,6 @@
 #include "platform/doors.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -22,8 +21,6 @@
 namespace stoikal {
 namespace {
 
-/// The event loop has its turn this often during a search.
-constexpr double kTurnSeconds = 0.02;
 /// So many lines are looked at before the clock is asked again.
 constexpr int kLinesBetween = 256;
 /// More findings than these characters hold take long to be shown at once.
@@ -32,9 +29,9 @@ constexpr qsizetype kMostUnshown = 20000;
 } // namespace
 
 frmSearch::frmSearch(const Doors& doors, QWidget* parent)
-    : Form(QStringLiteral("frmSearch"), QStringLiteral("Rechercher dans les fichiers d'équations"),
-           Kind::Child, parent)
-    , m_doors(doors)
+    : SearchingForm(QStringLiteral("frmSearch"), QStringLiteral("Rechercher dans les fichiers d'équations"),
+                    doors, parent)
+    , m_turns(doors.clock)
     , m_boxes(new MoleculeBoxes(FormulaField::Search, doors.messages, this))
     , cmdSearch(Named(new QPushButton(QStringLiteral("Lancer la recherche"), this),
                       QStringLiteral("cmdSearch"), QStringLiteral("Lancer la recherche")))
@@ -57,17 +54,11 @@ frmSearch::frmSearch(const Doors& doors, QWidget* parent)
     connect(cmdClearList, &QPushButton::clicked, txtResult, &QPlainTextEdit::clear);
     cmdSearch->setEnabled(false);
     setFocusProxy(m_boxes);
-    setMouseTracking(true);
 }
 
 void frmSearch::Build()
 {
-    txtResult->setReadOnly(true);
-    txtResult->setTabChangesFocus(true);
-    txtResult->setUndoRedoEnabled(false);
-    QFont large = txtResult->font();
-    large.setPointSizeF(large.pointSizeF() + 1);
-    txtResult->setFont(large);
+    SetUpList(*txtResult);
     flbEQU->setUniformItemSizes(true);
     flbEQU->setSelectionMode(QAbstractItemView::SingleSelection);
     flbEQU->setFixedWidth(240);
@@ -98,50 +89,46 @@ void frmSearch::ShowFiles(const Outcome<QStringList>& files)
 
 void frmSearch::showEvent(QShowEvent* event)
 {
-    ShowFiles(EquationFilesOf(m_doors.equationFolder));
+    ShowFiles(EquationFilesOf(Desktop().equationFolder));
     Form::showEvent(event);
 }
 
 void frmSearch::SearchEquations()
 {
-    if (m_isBusy)
+    if (IsSearching())
         return;
     Gathering gathering;
     if (chkSave->isChecked() && !ChooseOutput(gathering))
         return;
-    m_isBusy = true;
-    m_isStopped = false;
+    BeginSearch();
     setCursor(Qt::WaitCursor);
-    const auto files = EquationFilesOf(m_doors.equationFolder);
+    const auto files = EquationFilesOf(Desktop().equationFolder);
     ShowFiles(files);
     const bool isComplete = SearchFiles(files, gathering);
     unsetCursor();
-    m_isBusy = false;
-    if (m_closesBehind) {
-        Q_EMIT Unloaded();
+    if (!EndSearch())
         return;
-    }
     // Of a search that did not come to its end nothing is written.
     if (!isComplete || gathering.path.isEmpty())
         return;
     const auto written = EquationAppender::AppendLines(gathering.path, gathering.lines);
     if (!written) {
-        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
+        Desktop().messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
         return;
     }
-    ShowFiles(EquationFilesOf(m_doors.equationFolder));
+    ShowFiles(EquationFilesOf(Desktop().equationFolder));
     Q_EMIT FileGathered(gathering.path);
 }
 
 bool frmSearch::ChooseOutput(Gathering& gathering)
 {
-    Dialogs::Request request = EquationFileRequest(m_doors.settings, m_doors.equationFolder,
+    Dialogs::Request request = EquationFileRequest(Desktop().settings, Desktop().equationFolder,
                                                    QStringLiteral("Créer un fichier d'équations"));
     request.fileName = QStringLiteral("Nom_du_Fichier.EQU");
-    const auto choice = m_doors.dialogs.AppendToFile(this, request);
+    const auto choice = Desktop().dialogs.AppendToFile(this, request);
     if (!choice)
         return false;
-    RememberFilter(m_doors.settings, choice->filter);
+    RememberFilter(Desktop().settings, choice->filter);
     gathering.path = choice->path;
     if (QFileInfo(gathering.path).suffix().isEmpty())
         gathering.path += choice->filter == 1 ? QStringLiteral(".Avt") : QStringLiteral(".Equ");
@@ -150,9 +137,9 @@ bool frmSearch::ChooseOutput(Gathering& gathering)
 
 bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gathering)
 {
-    m_lastTurn = m_doors.clock.Counter();
+    m_turns.Restart();
     if (!files) {
-        m_doors.messages.Critical(this, QStringLiteral("Stoikal"), files.Reason());
+        Desktop().messages.Critical(this, QStringLiteral("Stoikal"), files.Reason());
         return false;
     }
     EquationPattern pattern(m_boxes->Texts());
@@ -160,13 +147,13 @@ bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gather
         for (const QString& name : *files) {
             SearchFile(name, pattern, gathering);
             TakeTurn();
-            if (m_isStopped)
+            if (IsStopped())
                 return false;
         }
     } catch (const FatalFault& fault) {
         // The search is over; what was found so far stays.
         ShowList();
-        m_doors.messages.OperationFault(this, fault.OperationText());
+        Desktop().messages.OperationFault(this, fault.OperationText());
         return false;
     }
     AddToList(QLatin1Char('\n') + QString(100, QLatin1Char('*')));
@@ -177,7 +164,7 @@ bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gather
 void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering)
 {
     AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(name));
-    const QString path = m_doors.equationFolder + QLatin1Char('/') + name;
+    const QString path = Desktop().equationFolder + QLatin1Char('/') + name;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         AddToList(QStringLiteral("(illisible : %1)").arg(FrenchReason(file.errorString())));
@@ -195,7 +182,7 @@ void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gather
         const QByteArrayView line = walker.Next();
         if (++number % kLinesBetween == 0 || m_unshown.size() > kMostUnshown) {
             TakeTurn();
-            if (m_isStopped)
+            if (IsStopped())
                 return;
         }
         qsizetype first = 0;
@@ -221,37 +208,16 @@ void frmSearch::AddToList(const QString& text)
 
 void frmSearch::ShowList()
 {
-    txtResult->moveCursor(QTextCursor::End);
-    txtResult->insertPlainText(m_unshown);
-    txtResult->moveCursor(QTextCursor::End);
+    ShowAtEnd(*txtResult, m_unshown);
     m_unshown.clear();
 }
 
 void frmSearch::TakeTurn()
 {
-    const double since = static_cast<double>(m_doors.clock.Counter() - m_lastTurn)
-        / static_cast<double>(m_doors.clock.CountsPerSecond());
-    if (since < kTurnSeconds && m_unshown.size() <= kMostUnshown)
+    if (!m_turns.IsDue() && m_unshown.size() <= kMostUnshown)
         return;
     ShowList();
-    QCoreApplication::processEvents();
-    m_lastTurn = m_doors.clock.Counter();
-}
-
-void frmSearch::Close()
-{
-    if (!m_isBusy) {
-        Q_EMIT Unloaded();
-        return;
-    }
-    m_isStopped = true;
-    m_closesBehind = true;
-}
-
-void frmSearch::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
+    m_turns.Take();
 }
 
 } // namespace stoikal

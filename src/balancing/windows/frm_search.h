@@ -1,7 +1,8 @@
 #pragma once
 
+#include "balancing/windows/event_turns.h"
+#include "balancing/windows/searching_form.h"
 #include "base/outcome.h"
-#include "forms/form.h"
 
 #include <QByteArray>
 #include <QList>
@@ -14,45 +15,26 @@ class QPushButton;
 
 namespace stoikal {
 
-class Clock;
-class Dialogs;
 class EquationPattern;
-class Messages;
 class MoleculeBoxes;
-class Settings;
 
 /// Finds the equations of all files of the folder that hold given molecules, and
 /// can gather them in a file.
-class frmSearch final : public Form
+class frmSearch final : public SearchingForm
 {
     Q_OBJECT
 
 public:
-    struct Doors {
-        Clock& clock;
-        Dialogs& dialogs;
-        Messages& messages;
-        Settings& settings;
-        QString equationFolder;
-    };
-
     frmSearch(const Doors& doors, QWidget* parent);
 
-    void StopSearch() { m_isStopped = true; }
-    /// Asks for the window's end; a search is given up first.
-    void Close();
     /// Lists the files of the folder anew.
     void ShowFiles(const Outcome<QStringList>& files);
 
 Q_SIGNALS:
-    /// The window can be freed: nothing of it is running.
-    void Unloaded();
     /// The equations found were written to this file and the user may want it open.
     void FileGathered(const QString& path);
-    void MouseMovedOver();
 
 protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -71,12 +53,8 @@ private:
     void ShowList();
     void TakeTurn();
 
-    Doors m_doors;
+    EventTurns m_turns;
     QString m_unshown; ///< findings that are not in the box yet
-    bool m_isBusy = false;
-    bool m_isStopped = false;
-    bool m_closesBehind = false;
-    std::int64_t m_lastTurn = 0;
 
     MoleculeBoxes* m_boxes;
     QPushButton* cmdSearch;

@@ -1,10 +1,10 @@
 #include "balancing/windows/molecule_boxes.h"
 
 #include "chemistry/windows/formula_edit.h"
+#include "chemistry/windows/formula_side.h"
 #include "forms/form.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <algorithm>
 
 namespace stoikal {
@@ -21,29 +21,15 @@ MoleculeBoxes::MoleculeBoxes(FormulaField field, Messages& messages, QWidget* pa
     const QString toolTips[]{
         QStringLiteral("Saisir ici la formule moléculaire d'un des réactifs en respectant la syntaxe"),
         QStringLiteral("Saisir ici la formule moléculaire d'un des produits en respectant la syntaxe")};
-    const QString names[]{QStringLiteral("Formule du réactif %1"), QStringLiteral("Formule du produit %1")};
     for (int side = 0; side < 2; ++side) {
         auto* const frame = Named(new QGroupBox(captions[side], this), frameNames[side]);
-        auto* const row = new QHBoxLayout(frame);
-        row->setContentsMargins(12, 12, 12, 12);
-        row->setSpacing(8);
-        for (int i = 0; i < 3; ++i) {
-            const int position = 3 * side + i;
-            if (i > 0)
-                row->addWidget(new QLabel(QStringLiteral("+"), frame));
-            auto* const box = Named(new FormulaEdit(field, messages, frame),
-                                    ArrayName("txtMolecule", position), names[side].arg(i + 1));
-            box->setToolTip(toolTips[side]);
-            QFont large = box->font();
-            large.setPointSizeF(large.pointSizeF() + 1);
-            box->setFont(large);
-            box->setMinimumWidth(90);
-            row->addWidget(box);
-            connect(box, &FormulaEdit::Edited, this, &MoleculeBoxes::Edited);
-            connect(box, &FormulaEdit::FormulaChanged, this, &MoleculeBoxes::FormulaChanged);
-            txtMolecule.at(static_cast<size_t>(position)) = box;
-        }
+        const auto boxes = MakeFormulaSide(*frame, side, {field, 1}, toolTips[side], messages);
+        std::copy(boxes.begin(), boxes.end(), txtMolecule.begin() + std::ptrdiff_t{3} * side);
         sides->addWidget(frame);
+    }
+    for (FormulaEdit* const box : txtMolecule) {
+        connect(box, &FormulaEdit::Edited, this, &MoleculeBoxes::Edited);
+        connect(box, &FormulaEdit::FormulaChanged, this, &MoleculeBoxes::FormulaChanged);
     }
     setFocusProxy(txtMolecule[0]);
 }
@@ -58,7 +44,7 @@ std::array<QString, 6> MoleculeBoxes::Texts() const
 
 bool MoleculeBoxes::HasText(int side) const
 {
-    const auto from = txtMolecule.begin() + 3 * side;
+    const auto from = txtMolecule.begin() + std::ptrdiff_t{3} * side;
     return std::any_of(from, from + 3, [](const FormulaEdit* box) { return !box->text().isEmpty(); });
 }
 

@@ -2,9 +2,9 @@
 
 #include "chemistry/formula.h"
 #include "editor/windows/option_row.h"
+#include "editor/windows/slot_grid.h"
 #include "forms/form.h"
 
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
@@ -21,14 +21,7 @@ const char kLetters[] = "MVQ";
 DataPage::DataPage(QWidget* parent)
     : QWidget(parent)
 {
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(12, 12, 12, 12);
-    grid->setSpacing(8);
-    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
-        grid->addWidget(MakeSlot(slot), static_cast<int>(slot / 3), static_cast<int>(slot % 3));
-        grid->setColumnStretch(static_cast<int>(slot % 3), 1);
-    }
-    grid->setRowStretch(2, 1);
+    LaySlotsOut(*this, [this](std::size_t slot) { return MakeSlot(slot); });
 }
 
 QWidget* DataPage::MakeSlot(std::size_t slot)

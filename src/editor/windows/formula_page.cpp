@@ -1,6 +1,7 @@
 #include "editor/windows/formula_page.h"
 
 #include "chemistry/windows/formula_edit.h"
+#include "chemistry/windows/formula_side.h"
 #include "forms/form.h"
 
 #include <QFocusEvent>
@@ -23,32 +24,19 @@ FormulaPage::FormulaPage(Messages& messages, QWidget* parent)
     const QString captions[]{QStringLiteral("Réactifs"), QStringLiteral("Produits")};
     const QString toolTips[]{QStringLiteral("Saisir la formule d'un réactif"),
                              QStringLiteral("Saisir la formule d'un produit")};
-    const QString names[]{QStringLiteral("Formule du réactif %1"), QStringLiteral("Formule du produit %1")};
     for (int side = 0; side < 2; ++side) {
         if (side == 1)
             sides->addWidget(new QLabel(QStringLiteral("\u2192"), this), 0, Qt::AlignVCenter);
         auto* const frame = new QGroupBox(captions[side], this);
-        auto* const row = new QHBoxLayout(frame);
-        row->setContentsMargins(12, 12, 12, 12);
-        row->setSpacing(8);
-        for (int i = 0; i < 3; ++i) {
-            const int slot = 3 * side + i;
-            if (i > 0)
-                row->addWidget(new QLabel(QStringLiteral("+"), frame));
-            auto* const box = Named(new FormulaEdit(FormulaField::NewFile, messages, frame),
-                                    ArrayName("txtMolecule", slot), names[side].arg(i + 1));
-            box->setToolTip(toolTips[side]);
-            QFont large = box->font();
-            large.setPointSizeF(large.pointSizeF() + 2);
-            box->setFont(large);
-            box->setMinimumWidth(90);
-            box->installEventFilter(this);
-            row->addWidget(box);
-            connect(box, &FormulaEdit::Edited, this, &FormulaPage::Edited);
-            connect(box, &FormulaEdit::FormulaChanged, this, &FormulaPage::FormulaChanged);
-            txtMolecule.at(static_cast<std::size_t>(slot)) = box;
-        }
+        const auto boxes
+            = MakeFormulaSide(*frame, side, {FormulaField::NewFile, 2}, toolTips[side], messages);
+        std::copy(boxes.begin(), boxes.end(), txtMolecule.begin() + 3 * side);
         sides->addWidget(frame, 1);
+    }
+    for (FormulaEdit* const box : txtMolecule) {
+        box->installEventFilter(this);
+        connect(box, &FormulaEdit::Edited, this, &FormulaPage::Edited);
+        connect(box, &FormulaEdit::FormulaChanged, this, &FormulaPage::FormulaChanged);
     }
     auto* const advice = new QLabel(
         QStringLiteral(

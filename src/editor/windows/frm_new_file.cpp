@@ -44,6 +44,8 @@ QString ReadyMadeHead()
 frmNewFile::frmNewFile(const Doors& doors, QWidget* parent)
     : ModalForm(QStringLiteral("frmNewFile"), QStringLiteral("Stoikal - Editeur d'équations chimiques"),
                 parent)
+    // The window paints; keys and clicks wait, as the equation must not change then.
+    , BalancingWatch(*this, doors.messages, doors.clock, QEventLoop::ExcludeUserInputEvents)
     , m_doors(doors)
     , m_work(doors.store, doors.workFile)
 {
@@ -417,13 +419,19 @@ void frmNewFile::CheckLeftFormula(const QString& formula)
     }
 }
 
-void frmNewFile::showEvent(QShowEvent* event)
+void frmNewFile::setVisible(bool visible)
 {
-    // High on the screen, so that the preview finds room below.
-    const QRect area = m_doors.screen.WorkArea();
-    resize(size().boundedTo(area.size()));
-    move(area.left() + std::max(0, (area.width() - width()) / 2), area.top());
-    ModalForm::showEvent(event);
+    // High on the screen, so that the preview finds room below, yet with the title
+    // bar on it: a desktop may take the place as that of what is inside the frame.
+    if (visible && !isVisible()) {
+        const QRect area = m_doors.screen.WorkArea();
+        const QSize frame = FrameAround(*this);
+        resize(size().boundedTo(area.size() - frame));
+        const int left = std::max(0, (area.width() - width() - frame.width()) / 2);
+        move(area.topLeft()
+             + QPoint(left, std::min(frame.height(), area.height() - height() - frame.height())));
+    }
+    ModalForm::setVisible(visible);
 }
 
 } // namespace stoikal

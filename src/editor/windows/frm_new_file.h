@@ -1,6 +1,6 @@
 #pragma once
 
-#include "balancing/balancing_engine.h"
+#include "balancing/windows/balancing_watch.h"
 #include "editor/equation_balancing.h"
 #include "editor/work_file.h"
 #include "forms/form.h"
@@ -36,7 +36,7 @@ class StatePage;
 /// The teacher's editor of equation files, one equation at a time. The equations
 /// live in the work file; what stands in the boxes follows them there within a
 /// moment, so that nothing is lost with the process.
-class frmNewFile final : public ModalForm, private BalancingObserver
+class frmNewFile final : public ModalForm, private BalancingWatch
 {
     Q_OBJECT
 
@@ -67,7 +67,7 @@ protected:
     void EscapePressed() override;
     void TitleBarClosed() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void setVisible(bool visible) override;
 
 private:
     void MakeControls();
@@ -113,12 +113,7 @@ private:
     void UnloadPreview();
 
     void Append(const QString& text) override;
-    bool KeepsUnknownSymbol(const QString& title, const QString& question) override;
-    void SearchBegins() override;
-    void SearchEnds() override;
-    void AttemptsBegin(int attempts) override;
-    bool AttemptsDone(int attempts) override;
-    void AttemptsEnd() override;
+    QProgressBar& AttemptsBar() override { return *pgbCompteur; }
 
     Doors m_doors;
     WorkFile m_work;
@@ -133,7 +128,6 @@ private:
     QString m_extensionTyped; ///< what of the extension was typed behind the point
     bool m_draftFailed = false; ///< it was told that the work file cannot be written
     bool m_isUnloaded = false;
-    std::int64_t m_lastTurn = 0;
 
     QLineEdit* txtNameFile = nullptr;
     QRadioButton* optType[2]{};

@@ -8,7 +8,6 @@
 #include "forms/messages.h"
 #include "platform/doors.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
@@ -17,9 +16,6 @@
 
 namespace stoikal {
 namespace {
-
-/// The event loop has its turn this often during a search.
-constexpr double kTurnSeconds = 0.02;
 
 /// "Réactif 1 : H2".
 QString SlotCaption(std::size_t slot, const QString& formula)
@@ -170,47 +166,6 @@ void frmNewFile::Append(const QString& text)
 {
     if (m_preview != nullptr)
         m_preview->Append(text);
-}
-
-bool frmNewFile::KeepsUnknownSymbol(const QString& title, const QString& question)
-{
-    return m_doors.messages.Ask(this, title, question, QMessageBox::Warning);
-}
-
-void frmNewFile::SearchBegins()
-{
-    setCursor(Qt::WaitCursor);
-}
-
-void frmNewFile::SearchEnds()
-{
-    unsetCursor();
-}
-
-void frmNewFile::AttemptsBegin(int attempts)
-{
-    pgbCompteur->setRange(0, attempts);
-    pgbCompteur->setValue(0);
-    pgbCompteur->show();
-    m_lastTurn = m_doors.clock.Counter();
-}
-
-bool frmNewFile::AttemptsDone(int attempts)
-{
-    const auto since = static_cast<double>(m_doors.clock.Counter() - m_lastTurn);
-    if (since / static_cast<double>(m_doors.clock.CountsPerSecond()) >= kTurnSeconds
-        || attempts == pgbCompteur->maximum()) {
-        pgbCompteur->setValue(attempts);
-        // The window paints; keys and clicks wait, as the equation must not change now.
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        m_lastTurn = m_doors.clock.Counter();
-    }
-    return true;
-}
-
-void frmNewFile::AttemptsEnd()
-{
-    pgbCompteur->hide();
 }
 
 } // namespace stoikal

@@ -1,10 +1,10 @@
 #include "editor/windows/state_page.h"
 
 #include "editor/windows/option_row.h"
+#include "editor/windows/slot_grid.h"
 #include "forms/form.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -20,14 +20,7 @@ const char kLetters[] = "slg";
 StatePage::StatePage(QWidget* parent)
     : QWidget(parent)
 {
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(12, 12, 12, 12);
-    grid->setSpacing(8);
-    for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
-        grid->addWidget(MakeSlot(slot), static_cast<int>(slot / 3), static_cast<int>(slot % 3));
-        grid->setColumnStretch(static_cast<int>(slot % 3), 1);
-    }
-    grid->setRowStretch(2, 1);
+    LaySlotsOut(*this, [this](std::size_t slot) { return MakeSlot(slot); });
 }
 
 QWidget* StatePage::MakeSlot(std::size_t slot)

@@ -16,7 +16,8 @@ void ReactionArrow::paintEvent(QPaintEvent* /*event*/)
     const QColor ink = palette().color(QPalette::WindowText);
     constexpr double kMargin = 6;
     constexpr double kHead = 9;
-    const double y = height() / 2 + 0.5;
+    const int middle = height() / 2;
+    const double y = middle + 0.5;
     const double tip = width() - kMargin;
     painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(kMargin, y), QPointF(tip - kHead + 2, y));

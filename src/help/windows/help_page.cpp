@@ -20,7 +20,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr qint64 kMostPixels = 4'000'000;
-constexpr qsizetype kLargestPage = 2 * 1024 * 1024;
+constexpr qsizetype kLargestPage = qsizetype{2} * 1024 * 1024;
 constexpr int kMostMarks = 2000;
 constexpr int kPageMargins = 100;
 constexpr int kNarrowestPicture = 200;

@@ -1,5 +1,6 @@
 #include "shell/windows/frm_about.h"
 
+#include "forms/button_row.h"
 #include "forms/messages.h"
 #include "shell/product.h"
 
@@ -50,10 +51,7 @@ frmAbout::frmAbout(const QString& programFolder, Messages& messages, QWidget* pa
                 QStringLiteral("Informations sur le système"));
     auto* const cmdOK
         = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdOK"), QStringLiteral("OK"));
-    for (QPushButton* const button : {lblWeb, cmdSysInfo, cmdOK}) {
-        button->setAutoDefault(false);
-        rows->addWidget(button);
-    }
+    AddButtons(*rows, {lblWeb, cmdSysInfo, cmdOK});
     cmdOK->setFocus();
     columns->setSizeConstraint(QLayout::SetFixedSize);
     connect(lblWeb, &QPushButton::clicked, this, &frmAbout::WebAsked);

@@ -1,5 +1,6 @@
 #include "shell/windows/frm_corbeille.h"
 
+#include "forms/button_row.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
@@ -51,10 +52,7 @@ frmCorbeille::frmCorbeille(const QString& folder, const QStringList& names, Tras
     side->setSpacing(8);
     side->addWidget(Label3);
     side->addStretch();
-    for (QPushButton* const button : {cmdKill, cmdCancel}) {
-        button->setAutoDefault(false);
-        side->addWidget(button);
-    }
+    AddButtons(*side, {cmdKill, cmdCancel});
     auto* const columns = new QHBoxLayout(this);
     columns->setContentsMargins(16, 16, 16, 16);
     columns->setSpacing(16);

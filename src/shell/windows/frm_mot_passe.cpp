@@ -2,10 +2,9 @@
 
 #include "forms/messages.h"
 #include "shell/password_store.h"
+#include "shell/windows/entry_rows.h"
 #include "shell/windows/password_box.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -22,31 +21,13 @@ frmMotPasse::frmMotPasse(const PasswordStore& store, Messages& messages, QWidget
         QStringLiteral("Saisir ici le mot de passe en respectant l'écriture majuscule/minuscule"));
     auto* const label
         = Named(new QLabel(QStringLiteral("Entrez le mot de passe :"), this), QStringLiteral("Label1"));
-    label->setBuddy(txtPassWord);
     auto* const cmdOK
         = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdOK"), QStringLiteral("OK"));
     cmdOK->setToolTip(QStringLiteral("Valider pour accéder"));
     auto* const cmdCancel = Named(new QPushButton(QStringLiteral("Annuler"), this),
                                   QStringLiteral("cmdCancel"), QStringLiteral("Annuler"));
     cmdCancel->setToolTip(QStringLiteral("Pour annuler l'opération"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addStretch();
-    for (QPushButton* const button : {cmdOK, cmdCancel}) {
-        button->setAutoDefault(false);
-        buttons->addWidget(button);
-    }
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 16, 16, 12);
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
-    grid->addWidget(label, 0, 0);
-    grid->addWidget(txtPassWord, 0, 1);
-    grid->addItem(new QSpacerItem(0, 8), 1, 0);
-    grid->addLayout(buttons, 2, 0, 1, 2);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder(txtPassWord, cmdOK);
-    setTabOrder(cmdOK, cmdCancel);
+    LayEntriesOut(*this, {{label, txtPassWord}}, {cmdOK, cmdCancel});
     txtPassWord->setFocus();
     connect(cmdOK, &QPushButton::clicked, this, &frmMotPasse::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, [this] { done(Rejected); });

@@ -2,9 +2,8 @@
 
 #include "forms/messages.h"
 #include "platform/doors.h"
+#include "shell/windows/entry_rows.h"
 
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -53,39 +52,18 @@ frmName::frmName(Messages& messages, Sound& sound, QWidget* parent)
         {QStringLiteral("lblClasse"), QStringLiteral("Votre classe :"), QStringLiteral("Votre classe"),
          QStringLiteral("Saisissez ici votre numéro de classe")},
     };
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 16, 16, 12);
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
+    QLabel* labels[3]{};
     for (int i = 0; i < 3; ++i) {
         txtIdent[i] = Named(new IdentityBox(this), ArrayName("txtIdent", i + 1), texts[i].accessibleName);
         txtIdent[i]->setToolTip(texts[i].toolTip);
         txtIdent[i]->setMinimumWidth(240);
-        auto* const label = Named(new QLabel(texts[i].label, this), texts[i].labelName);
-        label->setBuddy(txtIdent[i]);
-        grid->addWidget(label, i, 0);
-        grid->addWidget(txtIdent[i], i, 1);
+        labels[i] = Named(new QLabel(texts[i].label, this), texts[i].labelName);
     }
     cmdOK->setToolTip(QStringLiteral("Pour commencer les exercices"));
     cmdAnnul->setToolTip(QStringLiteral("Pour revenir à l'accueil"));
     cmdEnd->setToolTip(QStringLiteral("Pour quitter le programme"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addStretch();
-    for (QPushButton* const button : {cmdOK, cmdAnnul, cmdEnd}) {
-        button->setAutoDefault(false);
-        buttons->addWidget(button);
-    }
-    grid->addItem(new QSpacerItem(0, 8), 3, 0);
-    grid->addLayout(buttons, 4, 0, 1, 2);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
-    QWidget* before = txtIdent[0];
-    for (QWidget* const next :
-         {static_cast<QWidget*>(txtIdent[1]), static_cast<QWidget*>(txtIdent[2]),
-          static_cast<QWidget*>(cmdOK), static_cast<QWidget*>(cmdAnnul), static_cast<QWidget*>(cmdEnd)}) {
-        setTabOrder(before, next);
-        before = next;
-    }
+    LayEntriesOut(*this, {{labels[0], txtIdent[0]}, {labels[1], txtIdent[1]}, {labels[2], txtIdent[2]}},
+                  {cmdOK, cmdAnnul, cmdEnd});
     txtIdent[0]->setFocus();
     connect(cmdOK, &QPushButton::clicked, this, &frmName::cmdOK_Click);
     connect(cmdAnnul, &QPushButton::clicked, this, &frmName::cmdAnnul_Click);

@@ -2,11 +2,10 @@
 
 #include "forms/messages.h"
 #include "shell/password_store.h"
+#include "shell/windows/entry_rows.h"
 #include "shell/windows/password_box.h"
 
 #include <QEvent>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -27,33 +26,11 @@ frmPassWord::frmPassWord(PasswordStore& store, Messages& messages, QWidget* pare
         = Named(new QLabel(QStringLiteral("Ancien mot de passe :"), this), QStringLiteral("Label1"));
     auto* const lblNew
         = Named(new QLabel(QStringLiteral("Nouveau mot de passe :"), this), QStringLiteral("Label2"));
-    lblOld->setBuddy(txtOldPassWord);
-    lblNew->setBuddy(txtNewPassWord);
     auto* const cmdOK
         = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cmdOK"), QStringLiteral("OK"));
     auto* const cmdCancel = Named(new QPushButton(QStringLiteral("Annuler"), this),
                                   QStringLiteral("cmdCancel"), QStringLiteral("Annuler"));
-    auto* const buttons = new QHBoxLayout;
-    buttons->setSpacing(8);
-    buttons->addStretch();
-    for (QPushButton* const button : {cmdOK, cmdCancel}) {
-        button->setAutoDefault(false);
-        buttons->addWidget(button);
-    }
-    auto* const grid = new QGridLayout(this);
-    grid->setContentsMargins(16, 16, 16, 12);
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(8);
-    grid->addWidget(lblOld, 0, 0);
-    grid->addWidget(txtOldPassWord, 0, 1);
-    grid->addWidget(lblNew, 1, 0);
-    grid->addWidget(txtNewPassWord, 1, 1);
-    grid->addItem(new QSpacerItem(0, 8), 2, 0);
-    grid->addLayout(buttons, 3, 0, 1, 2);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder(txtOldPassWord, txtNewPassWord);
-    setTabOrder(txtNewPassWord, cmdOK);
-    setTabOrder(cmdOK, cmdCancel);
+    LayEntriesOut(*this, {{lblOld, txtOldPassWord}, {lblNew, txtNewPassWord}}, {cmdOK, cmdCancel});
     connect(cmdOK, &QPushButton::clicked, this, &frmPassWord::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, [this] { done(Rejected); });
 }

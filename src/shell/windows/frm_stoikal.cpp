@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPointer>
+#include <algorithm>
 
 namespace stoikal {
 namespace {
@@ -27,6 +28,16 @@ public:
     {
         m_picture = picture;
         m_scaled = QPixmap();
+    }
+
+    /// A child that is hidden, to be freed a moment later, no longer counts
+    /// for the scroll bars: they are measured at a change of their policy.
+    void MeasureScrollBars()
+    {
+        for (const auto policy : {Qt::ScrollBarAlwaysOff, Qt::ScrollBarAsNeeded}) {
+            setHorizontalScrollBarPolicy(policy);
+            setVerticalScrollBarPolicy(policy);
+        }
     }
 
 protected:
@@ -79,15 +90,14 @@ frmStoikal::frmStoikal(MenuState& state)
     , m_area(new MainArea(this))
 {
     setObjectName(QStringLiteral("frmStoikal"));
-    setWindowTitle(product::Caption());
+    SetCaption(product::Caption());
     m_area->setObjectName(QStringLiteral("mdiArea"));
     m_area->setAccessibleName(QStringLiteral("Espace de travail"));
     // A window that comes over a maximised tool keeps its own size.
     m_area->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     m_area->setBackground(palette().window());
     menuBar()->setObjectName(QStringLiteral("menuBar"));
-    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    static_cast<MainArea*>(m_area)->MeasureScrollBars();
     setCentralWidget(m_area);
     for (const MenuNode& node : MenuTree()) {
         QMenu* const menu = menuBar()->addMenu(node.caption);
@@ -178,12 +188,39 @@ void frmStoikal::SetBackground(const QPixmap& picture)
     m_area->viewport()->update();
 }
 
+void frmStoikal::SetCaption(const QString& caption)
+{
+    m_caption = caption;
+    setWindowTitle(caption);
+}
+
+void frmStoikal::TidyBehindHiddenTools()
+{
+    const auto children = m_area->subWindowList();
+    const bool isOneMaximised = std::any_of(children.begin(), children.end(), [](const QMdiSubWindow* child) {
+        return !child->isHidden() && child->isMaximized();
+    });
+    if (isOneMaximised)
+        return;
+    // A maximised tool puts its buttons into the menu bar; when it goes, those
+    // of the one before come back, though that one may have gone first. So does
+    // the caption that it met.
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::TopRightCorner}) {
+        if (QWidget* const left = menuBar()->cornerWidget(corner)) {
+            menuBar()->setCornerWidget(nullptr, corner);
+            left->hide();
+        }
+    }
+    setWindowTitle(m_caption);
+}
+
 void frmStoikal::AddChild(Form* form)
 {
     auto* const child
         = new QMdiSubWindow(m_area, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     child->setWidget(form);
     child->setAttribute(Qt::WA_DeleteOnClose);
+    child->installEventFilter(this);
     m_area->addSubWindow(child);
     child->show();
 }
@@ -192,6 +229,7 @@ void frmStoikal::AddTool(Form* form)
 {
     auto* const child = new ChildFrame(m_area);
     child->setWidget(form);
+    child->installEventFilter(this);
     m_area->addSubWindow(child);
     child->showMaximized();
     form->setFocus();
@@ -223,6 +261,11 @@ bool frmStoikal::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseMove)
         Q_EMIT MouseMovedOver();
+    if (event->type() == QEvent::Hide && qobject_cast<QMdiSubWindow*>(watched) != nullptr) {
+        static_cast<MainArea*>(m_area)->MeasureScrollBars();
+        // The child itself has still to take what is its own out of the menu bar.
+        QMetaObject::invokeMethod(this, &frmStoikal::TidyBehindHiddenTools, Qt::QueuedConnection);
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 

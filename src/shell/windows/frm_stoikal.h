@@ -23,6 +23,9 @@ class frmStoikal final : public QMainWindow
 public:
     explicit frmStoikal(MenuState& state);
 
+    /// The caption while no maximised child adds its own to it.
+    void SetCaption(const QString& caption);
+
     void SetBackground(const QPixmap& picture);
 
     /// The area of the child windows.
@@ -53,9 +56,12 @@ private:
     void AddEntry(QMenu& menu, const MenuNode& node);
     void ShowEntry(const QString& name);
     void ListChildren();
+    /// Takes what hidden tools left in the menu bar and in the caption.
+    void TidyBehindHiddenTools();
 
     MenuState& m_state;
     QMdiArea* m_area;
+    QString m_caption;
     QHash<QString, QAction*> m_actions;
     QMenu* m_viewMenu = nullptr;
     QList<QAction*> m_childActions;

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "base/settings_store.h"
+#include "forms/button_row.h"
 #include "forms/colours.h"
 #include "forms/style.h"
 #include "platform/doors.h"
@@ -94,10 +95,7 @@ void frmTip::Build()
     auto* const bottom = new QHBoxLayout;
     bottom->setSpacing(8);
     bottom->addWidget(chkLoadTipsAtStartup, 1);
-    for (QPushButton* const button : {cmdNextTip, cmdOK}) {
-        button->setAutoDefault(false);
-        bottom->addWidget(button);
-    }
+    AddButtons(*bottom, {cmdNextTip, cmdOK});
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(16, 12, 16, 12);
     rows->setSpacing(8);

@@ -64,6 +64,21 @@ TEST_F(EditorDeskTest, ActionOneOpensABlankEditorModally)
     EXPECT_EQ(State().FichierTemporaire, WorkPath());
 }
 
+TEST_F(EditorDeskTest, EditorHasItsTitleBarOnTheScreen)
+{
+    const QRect area = desktop.screen.area;
+    const QWidget& mainWindow = shell->MainWindow();
+    const QSize frame = mainWindow.frameGeometry().size() - mainWindow.size();
+    ASSERT_GT(frame.height(), 0);
+    InTheEditor([area, frame](QWidget& editor) {
+        // A desktop that takes the place as that of what is inside puts the frame above it.
+        EXPECT_GE(editor.pos().y(), area.top() + frame.height());
+        EXPECT_LE(editor.geometry().bottom() + frame.height(), area.bottom());
+    });
+
+    Desk().OpenNew();
+}
+
 TEST_F(EditorDeskTest, ActionTwoAsksForAFileAndOpensIt)
 {
     AnswerDialog(WriteEquations({u"' Tête"_s, u"H2+O2=H2O/2,1,2"_s}));

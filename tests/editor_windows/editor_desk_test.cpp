@@ -4,6 +4,7 @@
 #include "shell/editor_desk.h"
 #include "shell/help_topics.h"
 
+#include <QScrollArea>
 #include <QScrollBar>
 
 namespace stoikal {
@@ -74,6 +75,36 @@ TEST_F(EditorDeskTest, EditorHasItsTitleBarOnTheScreen)
         // A desktop that takes the place as that of what is inside puts the frame above it.
         EXPECT_GE(editor.pos().y(), area.top() + frame.height());
         EXPECT_LE(editor.geometry().bottom() + frame.height(), area.bottom());
+    });
+
+    Desk().OpenNew();
+}
+
+TEST_F(EditorDeskTest, ShowsAllAtOnceWhereTheScreenHasRoom)
+{
+    InTheEditor([](QWidget& editor) {
+        const auto& sheet = Control<QScrollArea>(editor, "sheet");
+        EXPECT_FALSE(sheet.horizontalScrollBar()->isVisible());
+        EXPECT_FALSE(sheet.verticalScrollBar()->isVisible());
+    });
+
+    Desk().OpenNew();
+}
+
+TEST_F(EditorDeskTest, SmallScreenShowsTheControlThatHasTheKeyboard)
+{
+    // 1024 x 768 at 150 %, without a task bar.
+    desktop.screen.area = QRect(0, 0, 683, 470);
+    InTheEditor([](QWidget& editor) {
+        EXPECT_LE(editor.width(), 683);
+        EXPECT_LE(editor.height(), 470);
+        Control<QWidget>(editor, "cmdCancel").setFocus();
+        for (const char* const next : {"cmdHelp", "txtNameFile"}) {
+            Press(*editor.focusWidget(), Qt::Key_Tab);
+            const auto& control = Control<QWidget>(editor, next);
+            EXPECT_EQ(editor.focusWidget()->objectName(), QLatin1String(next));
+            EXPECT_TRUE(control.visibleRegion().contains(QPoint(5, control.height() / 2))) << next;
+        }
     });
 
     Desk().OpenNew();

@@ -92,7 +92,10 @@ class Stage:
         read_end, write_end = os.pipe()
         self.processes.append(
             subprocess.Popen(
-                ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp"],
+                # Without -noreset the first look would start the server anew behind it, and the
+                # window manager that is just coming would be thrown out.
+                ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self.size}x24", "-nolisten", "tcp",
+                 "-noreset"],
                 pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL))
         os.close(write_end)
         with os.fdopen(read_end) as answer:

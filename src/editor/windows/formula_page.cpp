@@ -30,7 +30,7 @@ FormulaPage::FormulaPage(Messages& messages, QWidget* parent)
         auto* const frame = new QGroupBox(captions[side], this);
         const auto boxes
             = MakeFormulaSide(*frame, side, {FormulaField::NewFile, 2}, toolTips[side], messages);
-        std::copy(boxes.begin(), boxes.end(), txtMolecule.begin() + 3 * side);
+        std::copy(boxes.begin(), boxes.end(), txtMolecule.begin() + std::ptrdiff_t{3} * side);
         sides->addWidget(frame, 1);
     }
     for (FormulaEdit* const box : txtMolecule) {

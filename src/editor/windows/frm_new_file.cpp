@@ -17,10 +17,12 @@
 #include <QCheckBox>
 #include <QFocusEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -426,7 +428,11 @@ void frmNewFile::setVisible(bool visible)
     if (visible && !isVisible()) {
         const QRect area = m_doors.screen.WorkArea();
         const QSize frame = FrameAround(*this);
-        resize(size().boundedTo(area.size() - frame));
+        // A screen of 1024 pixels holds it, frame and all.
+        constexpr int kWidth = 960;
+        m_sheet->widget()->ensurePolished();
+        m_sheet->widget()->layout()->activate();
+        resize(m_sheet->widget()->minimumSizeHint().expandedTo({kWidth, 0}).boundedTo(area.size() - frame));
         const int left = std::max(0, (area.width() - width() - frame.width()) / 2);
         move(area.topLeft()
              + QPoint(left, std::min(frame.height(), area.height() - height() - frame.height())));

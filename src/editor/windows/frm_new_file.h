@@ -16,6 +16,7 @@ class QListWidget;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+class QScrollArea;
 class QScrollBar;
 class QTabWidget;
 class QTimer;
@@ -137,6 +138,7 @@ private:
     StatePage* m_states = nullptr;
     CommentPage* m_comments = nullptr;
     DataPage* m_data = nullptr;
+    QScrollArea* m_sheet = nullptr;
     QScrollBar* hscNumEqu = nullptr;
     QLineEdit* txtNumEqu = nullptr;
     QLabel* lblCount = nullptr;

@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
@@ -160,7 +161,17 @@ void frmNewFile::Build()
     // Made in the order of the eye: the first control has the keyboard at first.
     QGroupBox* const file = MakeFileFrame();
     MakeControls();
-    auto* const rows = new QVBoxLayout(this);
+    // A screen that is too small for it all shows a part, and the keyboard's control in it.
+    m_sheet = Named(new QScrollArea(this), QStringLiteral("sheet"), QStringLiteral("Editeur"));
+    m_sheet->setFrameShape(QFrame::NoFrame);
+    m_sheet->setFocusPolicy(Qt::NoFocus);
+    m_sheet->setWidgetResizable(true);
+    auto* const content = new QWidget;
+    m_sheet->setWidget(content);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_sheet);
+    auto* const rows = new QVBoxLayout(content);
     rows->setContentsMargins(12, 12, 12, 12);
     rows->setSpacing(8);
     rows->addWidget(file);
@@ -197,8 +208,6 @@ void frmNewFile::Build()
         setTabOrder(order[i], order[i + 1]);
     setTabOrder(txtNameFile, optType[0]);
     setTabOrder(optType[0], optType[1]);
-    // A screen of 1024 pixels holds it, frame and all.
-    resize(minimumSizeHint().expandedTo(QSize(960, 0)));
 }
 
 } // namespace stoikal

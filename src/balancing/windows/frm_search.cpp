@@ -24,7 +24,7 @@ namespace {
 /// So many lines are looked at before the clock is asked again.
 constexpr int kLinesBetween = 256;
 /// More findings than these characters hold take long to be shown at once.
-constexpr qsizetype kMostUnshown = 20000;
+constexpr qsizetype kMostUnshown = 60000;
 
 } // namespace
 
@@ -82,9 +82,13 @@ void frmSearch::Build()
 
 void frmSearch::ShowFiles(const Outcome<QStringList>& files)
 {
+    const QStringList names = files ? *files : QStringList();
+    // Thousands of files are mostly those that stand there already.
+    if (names == m_listed)
+        return;
+    m_listed = names;
     flbEQU->clear();
-    if (files)
-        flbEQU->addItems(*files);
+    flbEQU->addItems(names);
 }
 
 void frmSearch::showEvent(QShowEvent* event)

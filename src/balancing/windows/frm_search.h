@@ -54,6 +54,7 @@ private:
     void TakeTurn();
 
     EventTurns m_turns;
+    QStringList m_listed; ///< the files that the list shows
     QString m_unshown; ///< findings that are not in the box yet
 
     MoleculeBoxes* m_boxes;

@@ -16,6 +16,8 @@ trap leave EXIT
 
 echo "== A bare system"
 [ -x "$root/bin/sh" ] || debootstrap --variant=minbase bookworm "$root" "${mirror:-http://deb.debian.org/debian}" >/dev/null
+# Its users must be let in.
+chmod 755 "$root"
 mount -t proc proc "$root/proc" 2>/dev/null || true
 for user in anna bruno; do inside useradd -m "$user" 2>/dev/null || true; done
 inside apt-get update -qq

@@ -102,7 +102,7 @@ QStringView ColourName(const ElementRecord& row)
     case 97:
         return u"berkelium";
     case 101:
-        return u"medelevium";
+        return u"mendelevium";
     case 102:
         return u"nobelium";
     default:

@@ -128,7 +128,7 @@ TEST_F(ElementColumns, GiveTheBallRadiusAndTheSmallName)
 
 TEST_F(ElementColumns, GiveTheNameOfEachKnownColourBetweenBlanks)
 {
-    const QHash<int, QString> ownNames{{50, u"étain"_s}, {71, u"lutécium"_s}};
+    const QHash<int, QString> ownNames{{50, u"étain"_s}, {71, u"lutécium"_s}, {101, u"mendelevium"_s}};
     for (int index = 0; index < kKnownAtomCount; ++index) {
         const QString name = ownNames.value(index + 1, Decapitalised(Cell(Name, index)));
         EXPECT_EQ(ElementNameByColour(Cell(Colour, index).toUInt(nullptr, 16)), u" %1 "_s.arg(name)) << index;
@@ -329,7 +329,7 @@ TEST(ElementNames, DifferBetweenTheThreeLists)
     for (const Row& row :
          {Row{u"Sn", u"Etain", u"étain", u" étain "}, Row{u"Lu", u"Lutétium", u"lutétium", u" lutécium "},
           Row{u"Bk", u"Berkelium", u"berkélium", u" berkelium "},
-          Row{u"Md", u"Medelevium", u"mendélévium", u" medelevium "},
+          Row{u"Md", u"Medelevium", u"mendélévium", u" mendelevium "},
           Row{u"No", u"Nobelium", u"nobélium", u" nobelium "}}) {
         const ElementBall ball = ElementBySymbol(QString::fromUtf16(row.symbol));
         EXPECT_EQ(ElementFieldText(ElementIndex(row.symbol), 1), QString::fromUtf16(row.field));

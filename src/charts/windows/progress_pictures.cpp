@@ -181,7 +181,7 @@ void DrawBars(Sheet& sheet, const Histogram& histogram)
         const QColor colour = SlotColour(bar.slot);
         const double width = bar.right - bar.left;
         if (bar.initial)
-            surface.DrawOpenBox(QRectF(bar.left, 0, width, *bar.initial), colour, 2);
+            surface.DrawOpenBox(QRectF(bar.left, 0, width, *bar.initial), colour, 1);
         surface.FillBox(QRectF(bar.left, 0, width, bar.present), colour);
         surface.DrawText({(bar.left + bar.right) / 2, labelTop}, bar.label, colours::kInk, font,
                          Qt::AlignHCenter | Qt::AlignTop);

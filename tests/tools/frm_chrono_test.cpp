@@ -1,6 +1,7 @@
 #include "tools/windows/frm_chrono.h"
 
 #include "base/session_state.h"
+#include "forms/colours.h"
 #include "support/fake_platform.h"
 #include "support/window_driver.h"
 
@@ -8,6 +9,8 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QToolButton>
+#include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace stoikal {
@@ -31,6 +34,9 @@ protected:
     QSlider& Interval() { return Control<QSlider>(window, "sldAlarme"); }
     QTimer& Timer() { return Control<QTimer>(window, "tmrChrono"); }
     QColor BackColour() { return window.grab().toImage().pixelColor(window.width() / 2, 14); }
+
+    /// The colour of an active window's title.
+    static QColor ActiveTitle() { return colours::kAccent; }
 
     /// Moves the counter and lets the running timer fire.
     void TickAt(std::int64_t counter)
@@ -278,13 +284,12 @@ TEST_F(FrmChrono, ShowsWhetherTheAlarmIsOn)
 
 TEST_F(FrmChrono, BeepsAndTurnsRedAtEachMultipleOfTheInterval)
 {
-    const QColor ordinary = BackColour();
     Click(Alarm());
     Click(StartStop());
 
     TickAt(49);
     EXPECT_EQ(sound.beeps, 0);
-    EXPECT_EQ(BackColour(), ordinary);
+    EXPECT_EQ(BackColour(), ActiveTitle());
     TickAt(50); // 5 s
     EXPECT_EQ(sound.beeps, 1);
     EXPECT_EQ(BackColour(), kRed);
@@ -292,7 +297,29 @@ TEST_F(FrmChrono, BeepsAndTurnsRedAtEachMultipleOfTheInterval)
     EXPECT_EQ(sound.beeps, 2);
     TickAt(53);
     EXPECT_EQ(sound.beeps, 2);
-    EXPECT_EQ(BackColour(), ordinary);
+    EXPECT_EQ(BackColour(), ActiveTitle());
+}
+
+TEST_F(FrmChrono, HasAScaleToBeReadOnEachOfItsColours)
+{
+    const auto contrast = [this] {
+        const auto luminance = [](const QColor& colour) {
+            const auto part
+                = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+            return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF())
+                + 0.0722 * part(colour.blueF());
+        };
+        const double ink = luminance(Label("Label1").palette().color(QPalette::WindowText));
+        const double ground = luminance(BackColour());
+        return (std::max(ink, ground) + 0.05) / (std::min(ink, ground) + 0.05);
+    };
+    EXPECT_GE(contrast(), 4.5);
+    Click(Alarm());
+    Click(StartStop());
+    TickAt(49);
+    EXPECT_GE(contrast(), 4.5);
+    TickAt(50);
+    EXPECT_GE(contrast(), 3.9); // the better of both inks on pure red
 }
 
 TEST_F(FrmChrono, BeepsAtTheIntervalOfTheSlider)
@@ -309,13 +336,12 @@ TEST_F(FrmChrono, BeepsAtTheIntervalOfTheSlider)
 
 TEST_F(FrmChrono, IsSilentAtWholeMinutes)
 {
-    const QColor ordinary = BackColour();
     Click(Alarm());
     Click(StartStop());
 
     TickAt(600);
     EXPECT_EQ(sound.beeps, 0);
-    EXPECT_EQ(BackColour(), ordinary);
+    EXPECT_EQ(BackColour(), ActiveTitle());
     TickAt(650);
     EXPECT_EQ(sound.beeps, 1);
 }

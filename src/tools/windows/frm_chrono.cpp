@@ -25,6 +25,7 @@ namespace {
 constexpr int kTickMs = 100;
 const QColor kCase(0xC9, 0xD8, 0xF0); ///< the ordinary colour of the watch
 const QColor kAlarm(255, 0, 0);
+constexpr int kDarkGround = 110; ///< grey below which white is the better ink
 
 } // namespace
 
@@ -159,6 +160,10 @@ void frmChrono::SetBackColour(const QColor& colour)
         return;
     wanted.setColor(QPalette::Window, colour);
     setPalette(wanted);
+    // The scale stands on the case itself; the other words on the display.
+    QPalette scale = Label1->palette();
+    scale.setColor(QPalette::WindowText, qGray(colour.rgb()) < kDarkGround ? colours::kPaper : colours::kInk);
+    Label1->setPalette(scale);
 }
 
 void frmChrono::SetButtonsEnabled(bool enabled)
@@ -214,7 +219,7 @@ void frmChrono::tmrChrono_Timer()
         m_sound.Beep();
         SetBackColour(kAlarm);
     } else {
-        SetBackColour(kCase);
+        SetBackColour(palette().color(QPalette::Active, QPalette::Highlight));
     }
 }
 

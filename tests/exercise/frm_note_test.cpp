@@ -247,7 +247,8 @@ TEST_F(FrmNote, StacksItsTexts)
 
     EXPECT_LT(Label("lblInfo").geometry().bottom(), Label("lblNote").y());
     EXPECT_EQ(time.y() - Label("lblNote").geometry().bottom() - 1, 7); // 100 twips
-    EXPECT_GT(choices, time.bottom());
+    EXPECT_EQ(choices - time.bottom() - 1, 7);
+    EXPECT_GT(Best().y(), Control<QGroupBox>(*window, "fraChoix").geometry().bottom());
 }
 
 TEST_F(FrmNote, TellsWhatTheTableShows)
@@ -274,6 +275,32 @@ TEST_F(FrmNote, PrintsTheResultOfThePupilInRed)
     EXPECT_FALSE(Ink(3, kRed).isNull()); // the pupil
     EXPECT_TRUE(Ink(3, Qt::black).isNull());
     EXPECT_TRUE(Ink(4, Qt::black).isNull()); // no third record
+}
+
+TEST_F(FrmNote, PrintsTheHeadingsInTheTopmostRow)
+{
+    Open(frmNote::Earned{12.5, 80.1});
+    window->ShowHighScores(kSection, {u"DUPONT"_s, 12.5, 80.1});
+
+    for (const auto& text : Table().Drawn<PictureSurface::Text>()) {
+        if (text.text == u"Nom élèves"_s || text.text == u"Note (/20)"_s || text.text == u"Temps (en s)"_s) {
+            EXPECT_EQ(text.place.y(), 0) << text.text.toStdString();
+        }
+    }
+}
+
+TEST_F(FrmNote, PutsTheTableAwayAtEachActivation)
+{
+    Open(frmNote::Earned{12.5, 80.1});
+    Click(Best());
+    ASSERT_TRUE(Table().isVisible());
+
+    QEvent back(QEvent::WindowActivate);
+    QApplication::sendEvent(window.get(), &back);
+
+    EXPECT_FALSE(Best().isChecked());
+    EXPECT_FALSE(Table().isVisible());
+    EXPECT_EQ(window->height(), 340);
 }
 
 TEST_F(FrmNote, PrintsNoResultInRedWhenThePupilIsNotAmongTheBest)

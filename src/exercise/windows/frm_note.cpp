@@ -23,6 +23,7 @@ constexpr Twips kHeight = 5100;
 constexpr Twips kHeightWithScores = 8800;
 constexpr int kWidth = 470;
 constexpr int kTitleBar = 32;
+constexpr int kTextGap = 7; ///< 100 twips between mark, time and choices
 constexpr QPointF kScaleEnd(100, 13); ///< a row of the table is one unit high
 
 } // namespace
@@ -70,13 +71,13 @@ frmNote::frmNote(const SessionState& session, QChar separator, const QString& fi
 
     auto* const rows = new QVBoxLayout(m_upper);
     rows->setContentsMargins(16, 16, 16, 8);
-    rows->setSpacing(7);
+    rows->setSpacing(kTextGap);
     rows->addWidget(lblInfo);
     rows->addStretch();
     rows->addWidget(lblNote);
     rows->addWidget(lblTemps);
-    rows->addStretch();
     rows->addWidget(fraChoix);
+    rows->addStretch();
     rows->addWidget(chkHighScore);
     // A larger type may need more than the sizes told.
     m_height = std::max(ToPixels(kHeight), m_upper->sizeHint().height());
@@ -148,6 +149,14 @@ void frmNote::Place(const Screen& screen)
                 (m_session.HauteurUtile - FromPixels(height())) / 2);
 }
 
+bool frmNote::event(QEvent* event)
+{
+    // Whoever comes back to the window finds it as it opened.
+    if (event->type() == QEvent::WindowActivate)
+        chkHighScore->setChecked(false);
+    return ModalForm::event(event);
+}
+
 void frmNote::chkHighScore_Click()
 {
     const bool isShown = chkHighScore->isChecked();
@@ -174,9 +183,9 @@ void frmNote::ShowHighScores(const std::vector<HighScore>& section, const NewRes
     // Measured at the size that the table will have once it is shown.
     picHighSCore->resize(m_width, m_heightWithScores - m_height);
     picHighSCore->Clear();
-    picHighSCore->DrawText({5, 0.1}, QStringLiteral("Nom élèves"), Qt::black, bold);
-    picHighSCore->DrawText({40, 0.1}, QStringLiteral("Note (/20)"), Qt::black, bold);
-    picHighSCore->DrawText({75, 0.1}, QStringLiteral("Temps (en s)"), Qt::black, bold);
+    picHighSCore->DrawText({5, 0}, QStringLiteral("Nom élèves"), Qt::black, bold);
+    picHighSCore->DrawText({40, 0}, QStringLiteral("Note (/20)"), Qt::black, bold);
+    picHighSCore->DrawText({75, 0}, QStringLiteral("Temps (en s)"), Qt::black, bold);
     QString rule(60, QLatin1Char('='));
     picHighSCore->DrawText({0, picHighSCore->TextHeight(bold)}, rule, Qt::black, bold);
 

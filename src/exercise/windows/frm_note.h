@@ -42,6 +42,7 @@ public:
     void Place(const Screen& screen);
 
 protected:
+    bool event(QEvent* event) override;
     void TitleBarClosed() override { done(Stay); }
 
 private:

@@ -10,7 +10,6 @@ namespace {
 constexpr std::array<int, 6> kPlusBefore{-1, 0, 1, -1, 2, 3};
 
 constexpr Twips kBandLeft = 100;
-constexpr Twips kProgressBandLeft = 1560; ///< room for the titles of the table's rows
 
 } // namespace
 

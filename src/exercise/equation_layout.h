@@ -11,6 +11,8 @@ constexpr Twips kProgressHeight = 6630;
 constexpr Twips kValidateTop = 840; ///< the button that validates an equation
 constexpr Twips kTableButtonsTop = 5580; ///< the buttons below the table of progress
 constexpr Twips kBandMargin = 100;
+constexpr Twips kProgressBandLeft
+    = 1560; ///< where a progress file's first species begins, right of the table's titles
 constexpr Twips kSpeciesGap = 20; ///< between a coefficient's box and its species
 
 /// What the placing of an equation's boxes starts from, in twips.

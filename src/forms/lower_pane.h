@@ -33,7 +33,9 @@ public:
         int buttonsTop = 0; ///< of the lowest buttons, from the window's top
     };
 
-    virtual Needs LeastSizes(const QWidget& next) const = 0;
+    /// Fits the titles into the room left of the first column, as far as type that
+    /// can be read allows, and tells what the pane needs with them.
+    virtual Needs FitTo(int titleRoom, const QWidget& next) = 0;
 
     /// Places all controls, and the window's button that leads on beside its own.
     virtual void PlaceUnder(const Columns& columns, QWidget& next) = 0;

@@ -1,6 +1,10 @@
 #include "exercise/equation_bench.h"
 #include "forms/species_label.h"
 
+#include <QFontMetrics>
+#include <algorithm>
+#include <utility>
+
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
@@ -120,8 +124,25 @@ TEST_F(FrmEquationLayout, HasRoomForTheWholeTextOfEachSpecies)
     Open("C12H22O11+KMnO4+Ca(OH)2=CO2+Fe2(SO4)3+CH3COOH/1,1,1,1,1,1\n");
 
     for (int slot = 0; slot < 6; ++slot) {
-        const int text = QFontMetrics(Species(slot).font()).horizontalAdvance(Species(slot).text());
-        EXPECT_NEAR(Species(slot).width(), 1.4 * text, 2.0) << slot;
+        auto& species = static_cast<SpeciesLabel&>(Species(slot));
+        QFont small = species.font();
+        small.setPointSize(8);
+        const double told = 1.4 * QFontMetricsF(small).horizontalAdvance(species.text());
+        // What is drawn in larger type than it is measured in finds its room too.
+        EXPECT_NEAR(species.width(), std::max(told, species.DrawnWidth() + 4), 2.0) << slot;
+    }
+}
+
+TEST_F(FrmEquationLayout, StandsThePlusMidway)
+{
+    Open("NaOH+KMnO4+HCl=Fe2O3+MnCl2+NaCl/1,1,1,1,1,1\n");
+
+    for (const auto& [plus, before] : {std::pair(0, 0), std::pair(1, 1), std::pair(2, 3), std::pair(3, 4)}) {
+        auto& species = static_cast<SpeciesLabel&>(Species(before));
+        const double end = species.x() + 2 + species.DrawnWidth();
+        const int middle = Plus(plus).geometry().center().x();
+        const int next = Box(before + 1).x();
+        EXPECT_NEAR(middle - end, next - middle, 8) << plus;
     }
 }
 

@@ -28,10 +28,30 @@ TEST_F(ProgressLayout, IsHighEnoughForTheTable)
     OpenSeries(kCarbon);
 
     EXPECT_GE(window->height(), 442); // 6630 twips
-    EXPECT_GE(Box(0).x(), 104); // 1560 twips
+    EXPECT_EQ(Box(0).x(), 104); // 1560 twips
     EXPECT_GE(Place("cmdValidMVQ").y(), 372); // 5580 twips
     EXPECT_EQ(Place("cmdValidMVQ").y(), Place("cmdNext").y());
     EXPECT_EQ(Place("cmdValidMVQ").y(), Place("chkHistoMol").y());
+}
+
+TEST_F(ProgressLayout, CentresItsButtonsRightOfTheTitles)
+{
+    for (const QByteArray& file : {QByteArray(kCarbon), kMany}) {
+        OpenSeries(file);
+        const int middle = (96 + window->width()) / 2; // right of 1440 twips
+        EXPECT_NEAR(Place("cmdValidMassMol").center().x(), middle, 1);
+        EXPECT_NEAR(Place("cmdValidMVQ").center().x(), middle, 1);
+        EXPECT_EQ(Place("cmdNext").left() - Place("cmdValidMVQ").right() - 1, 4); // 60 twips
+    }
+}
+
+TEST_F(ProgressLayout, CentresTheInstructionBetweenTheScoreAndTheWindowsEdge)
+{
+    OpenSeries(kCarbon);
+    const QRect score = Place("lblScore");
+    const QRect instruction = Place("lblInstruction");
+
+    EXPECT_NEAR(instruction.center().x(), (score.right() + window->width()) / 2, 1);
 }
 
 TEST_F(ProgressLayout, FitsASmallScreenWithSixSpecies)
@@ -118,7 +138,8 @@ TEST_F(ProgressLayout, CutsTheRulesShortOfTheBandsEnd)
     OpenSeries(kMany);
     for (int i = 1; i <= 7; ++i) {
         const QRect rule = Place(qPrintable(ArrayName("linHoriz", i)));
-        EXPECT_NEAR(rule.right(), Place(Species(5)).right() - 7, 1) << i; // 100 twips
+        const int bandEnd = std::max(Place(Species(5)).right(), Place(Cell("txtQmati", 5)).right());
+        EXPECT_NEAR(rule.right(), bandEnd - 7, 1) << i; // 100 twips
         EXPECT_EQ(rule.height(), 1) << i;
     }
 }

@@ -19,12 +19,13 @@ namespace {
 constexpr int kMostDigits = 2;
 constexpr Twips kPlusWidth = 330;
 constexpr Twips kArrowWidth = 720;
-constexpr int kCloseSpace = 8; ///< pixels behind a species where room is short
+constexpr int kSpeciesMargins = 4; ///< pixels beside a species' text at least, both sides together
+constexpr int kMeasuredPoints = 8; ///< the size in which a species is measured
 constexpr int kBoxPadding = 18; ///< pixels beside the two digits of a coefficient
 constexpr int kNarrowBoxPadding = 12;
 constexpr Twips kNarrowPlusWidth = 240;
 constexpr Twips kNarrowArrowWidth = 510;
-/// What is tried, one after the other, where even close species find no room.
+/// What is tried, one after the other, where the usual widths find no room.
 constexpr std::array<double, 7> kTypeSizes{1, 0.92, 0.85, 0.78, 0.7, 0.6, 0.5};
 
 QFont FormulaFont(const QFont& windowFont, double size)
@@ -53,10 +54,20 @@ Twips CoefficientWidth(const BandControls& band, int padding)
                       + padding);
 }
 
-/// The width of a species whose text takes so many pixels, with little behind it.
-Twips CloseWidth(double pixels)
+/// The least width in which a species is drawn whole.
+Twips DrawnSpeciesWidth(const SpeciesLabel& species)
 {
-    return FromPixels(static_cast<int>(std::ceil(pixels)) + kCloseSpace);
+    return FromPixels(static_cast<int>(std::ceil(species.DrawnWidth())) + kSpeciesMargins);
+}
+
+/// The width of a species: that of its text in a small size and as much again as
+/// larger type takes, so that the "+" after it stands midway.
+Twips UsualSpeciesWidth(const SpeciesLabel& species)
+{
+    QFont font = species.font();
+    font.setPointSize(kMeasuredPoints);
+    return std::max(SpeciesWidth(QFontMetricsF(font).horizontalAdvance(species.text())),
+                    DrawnSpeciesWidth(species));
 }
 
 /// The widths with as little between the species as they can be told apart with.
@@ -66,7 +77,7 @@ EquationWidths NarrowWidths(const BandControls& band, EquationWidths widths)
     widths.plus = kNarrowPlusWidth;
     widths.arrow = kNarrowArrowWidth;
     for (size_t slot = 0; slot < 6; ++slot)
-        widths.species.at(slot) = CloseWidth(band.rtbCorp.at(slot)->DrawnWidth());
+        widths.species.at(slot) = DrawnSpeciesWidth(*band.rtbCorp.at(slot));
     return widths;
 }
 
@@ -141,17 +152,9 @@ EquationLayout FitBand(const BandControls& band, EquationWidths& widths, Twips a
     widths.coefficient = CoefficientWidth(band, kBoxPadding);
     widths.plus = kPlusWidth;
     widths.arrow = kArrowWidth;
-    std::array<double, 6> pixels{};
-    for (size_t slot = 0; slot < 6; ++slot) {
-        const SpeciesLabel* const species = band.rtbCorp.at(slot);
-        pixels.at(slot) = QFontMetricsF(species->font()).horizontalAdvance(species->text());
-        widths.species.at(slot) = SpeciesWidth(pixels.at(slot));
-    }
-    EquationLayout layout = LayoutEquation(widths);
-    if (layout.width <= available)
-        return layout;
-    std::transform(pixels.begin(), pixels.end(), widths.species.begin(), CloseWidth);
-    layout = LayoutEquation(widths);
+    for (size_t slot = 0; slot < 6; ++slot)
+        widths.species.at(slot) = UsualSpeciesWidth(*band.rtbCorp.at(slot));
+    const EquationLayout layout = LayoutEquation(widths);
     return layout.width <= available ? layout : FitNarrowBand(band, widths, available);
 }
 

@@ -163,8 +163,9 @@ void frmEquation::FillBoxes()
 void frmEquation::PlaceControls()
 {
     const bool isProgress = m_doors.session.FichierAvancement;
-    const LowerPane::Needs needs
-        = isProgress && m_lowerPane != nullptr ? m_lowerPane->LeastSizes(*cmdNext) : LowerPane::Needs{};
+    const LowerPane::Needs needs = isProgress && m_lowerPane != nullptr
+        ? m_lowerPane->FitTo(ToPixels(kProgressBandLeft), *cmdNext)
+        : LowerPane::Needs{};
     EquationWidths widths;
     widths.isProgressFile = isProgress;
     widths.titles = FromPixels(needs.titles);
@@ -245,7 +246,7 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     cmdOther->setGeometry((width() - buttonWidth) / 2, rowTop, buttonWidth, rowHeight);
     const int free = scoreLeft + scoreWidth;
     lblInstruction->setVisible(isProgress);
-    lblInstruction->setGeometry(free, rowTop, width() - free - margin, rowHeight);
+    lblInstruction->setGeometry(free, rowTop, width() - free, rowHeight);
     // In free simulation the button leads on, in a series once the equation is
     // done; a balancing file goes on by its answers.
     cmdNext->setVisible(isProgress && !m_doors.session.SerieExercices);

@@ -35,6 +35,7 @@ void ProgressBox::ShowVerdict(BoxVerdict verdict)
 void ProgressBox::SetAsked(bool asked)
 {
     m_isAsked = asked;
+    m_staysWhite = asked;
     ShowColours();
 }
 
@@ -42,7 +43,7 @@ void ProgressBox::ShowColours()
 {
     QPalette shown = palette();
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const QColor open = group == QPalette::Disabled ? kClosed : colours::kPaper;
+        const QColor open = group == QPalette::Disabled && !m_staysWhite ? kClosed : colours::kPaper;
         shown.setColor(group, QPalette::Base, m_isAsked ? open : kNotAsked);
         shown.setColor(group, QPalette::Text, m_isWrong ? kWrongText : QColor(Qt::black));
     }

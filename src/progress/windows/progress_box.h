@@ -21,7 +21,8 @@ public:
     void ShowVerdict(BoxVerdict verdict);
     bool IsWrong() const { return m_isWrong; }
 
-    /// A box that is not asked is grey: there is nothing to be filled in.
+    /// The volume of what is no gas is not asked, and its box grey; that of a gas
+    /// is white, whether it can be typed in yet or not.
     void SetAsked(bool asked);
     bool IsAsked() const { return m_isAsked; }
 
@@ -38,6 +39,7 @@ private:
     bool m_badKey = false;
     bool m_isWrong = false;
     bool m_isAsked = true;
+    bool m_staysWhite = false;
 };
 
 } // namespace stoikal

@@ -103,9 +103,6 @@ void ProgressControls::MakeRow(Boxes& row, const char* array, int title, Message
     QLabel* const label = Named(new QLabel(Title(title), &pane), ArrayName("lblEtat", title));
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    QFont small = label->font();
-    small.setPointSizeF(small.pointSizeF() - 0.5);
-    label->setFont(small);
     lblEtat[static_cast<std::size_t>(title)] = label;
 }
 
@@ -212,6 +209,21 @@ int ProgressControls::TitleWidth() const
     for (int row = 0; row < 6; ++row)
         width = std::max(width, WidthOnTwoLines(Title(row), lblEtat[0]->fontMetrics()) + 2);
     return width;
+}
+
+void ProgressControls::FitTitles(int room)
+{
+    QFont title = txtMasMol[0]->font();
+    title.setPointSizeF(title.pointSizeF() - 0.5);
+    const auto take = [this, &title] {
+        for (QLabel* const label : lblEtat)
+            label->setFont(title);
+    };
+    take();
+    while (kMargin + TitleWidth() + kColumnGap > room && title.pointSizeF() - 0.5 >= kLeastPoints) {
+        title.setPointSizeF(title.pointSizeF() - 0.5);
+        take();
+    }
 }
 
 LowerPane::Needs ProgressControls::LeastSizes(const QWidget& next) const

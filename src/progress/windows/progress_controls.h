@@ -49,6 +49,9 @@ struct ProgressControls {
     /// Writes these boxes.
     void SetTexts(const ProgressTexts& texts);
 
+    /// Gives the titles of the rows the largest type, from a little below that of
+    /// the boxes down, in which they keep to so many pixels, margins included.
+    void FitTitles(int room);
     LowerPane::Needs LeastSizes(const QWidget& next) const;
     /// `top` is the pane's own place in the window.
     void Place(const LowerPane::Columns& columns, int top, int windowWidth, QWidget& next);

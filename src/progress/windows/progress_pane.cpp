@@ -310,8 +310,9 @@ void ProgressPane::SetShowsDrawings(bool shown)
     m_controls.chkHistoMol->setChecked(shown);
 }
 
-LowerPane::Needs ProgressPane::LeastSizes(const QWidget& next) const
+LowerPane::Needs ProgressPane::FitTo(int titleRoom, const QWidget& next)
 {
+    m_controls.FitTitles(titleRoom);
     return m_controls.LeastSizes(next);
 }
 

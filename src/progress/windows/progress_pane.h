@@ -53,7 +53,7 @@ public:
     void SetShowsData(bool shown);
     void SetShowsDrawings(bool shown);
 
-    Needs LeastSizes(const QWidget& next) const override;
+    Needs FitTo(int titleRoom, const QWidget& next) override;
     void PlaceUnder(const Columns& columns, QWidget& next) override;
     void FocusFirstBox() override;
 

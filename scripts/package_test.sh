@@ -15,7 +15,7 @@ leave() { umount "$root/proc" 2>/dev/null || true; }
 trap leave EXIT
 
 echo "== A bare system"
-[ -x "$root/bin/sh" ] || debootstrap --variant=minbase bookworm "$root" "${mirror:-http://deb.debian.org/debian}" >/dev/null
+[ -x "$root/bin/sh" ] || debootstrap --variant=minbase bookworm "$root" ${mirror:+"$mirror"} >/dev/null
 # Its users must be let in.
 chmod 755 "$root"
 mount -t proc proc "$root/proc" 2>/dev/null || true

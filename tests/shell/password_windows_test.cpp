@@ -268,7 +268,7 @@ TEST_F(FrmPassWord, BeginsAgainAfterAWrongOldPassword)
 
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
-    EXPECT_EQ(messages.shown[0].text, u"L'ancien mot de passe est faux !\n\nVoulez-vous recommencer ?"_s);
+    EXPECT_EQ(messages.shown[0].text, u"L'ancien mot de passe est faux !\nVoulez-vous recommencer ?"_s);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Question);
     EXPECT_EQ(messages.shown[0].preset, QMessageBox::No);
     EXPECT_EQ(Old().text(), QString());

@@ -62,7 +62,7 @@ void frmPassWord::cmdOK_Click()
         return;
     }
     if (m_messages.AskPresetNo(this, QStringLiteral("Stoikal"),
-                               QStringLiteral("L'ancien mot de passe est faux !\n\n"
+                               QStringLiteral("L'ancien mot de passe est faux !\n"
                                               "Voulez-vous recommencer ?")))
         EmptyBoxes();
     else

@@ -76,6 +76,19 @@ QByteArray NormaliseTextBytes(const QByteArray& bytes)
     return bytes;
 }
 
+QString OnOneLine(const QString& text)
+{
+    const auto breaksTheLine = [](QChar c) {
+        const bool turnsWriting
+            = (c >= QChar(0x202A) && c <= QChar(0x202E)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator
+            || c == QChar::ParagraphSeparator || turnsWriting;
+    };
+    QString line = text;
+    std::replace_if(line.begin(), line.end(), breaksTheLine, QChar(u' '));
+    return line;
+}
+
 QByteArrayView LineWalker::Next()
 {
     const char* const from = m_next;

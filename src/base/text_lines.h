@@ -15,6 +15,11 @@ QString DecodeLine(QByteArrayView line);
 /// holds a character outside that page in UTF-8, so that no name is damaged.
 QByteArray EncodeLine(const QString& line);
 
+/// A text that takes one line of a file or of a list, whatever it holds: each line
+/// break, control character and mark that turns the direction of writing becomes
+/// a blank. So the name of a file cannot pass for a line of its own.
+QString OnOneLine(const QString& text);
+
 /// The bytes of a text file in the form the readers of lines take: a byte order
 /// mark is dropped, and a file in UTF-16 (known by its mark) becomes UTF-8.
 QByteArray NormaliseTextBytes(const QByteArray& bytes);

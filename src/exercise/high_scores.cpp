@@ -1,6 +1,7 @@
 #include "exercise/high_scores.h"
 
 #include "base/number_text.h"
+#include "base/text_lines.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,12 +18,6 @@ constexpr std::size_t kPlaces = 10;
 constexpr qsizetype kShownNameLength = 15;
 constexpr QChar kFieldMark = u'©';
 constexpr QChar kHeaderMark = u'#';
-
-/// A text that takes one line of the file and no more.
-QString OnOneLine(QString text)
-{
-    return text.replace(u'\r', u' ').replace(u'\n', u' ');
-}
 
 QString HeaderOf(const QString& fileTitle)
 {

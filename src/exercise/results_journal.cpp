@@ -49,7 +49,7 @@ bool ResultsJournal::WasTakenAway() const
 bool ResultsJournal::WriteLines(const QStringList& lines)
 {
     for (const QString& line : lines)
-        m_pending += EncodeLine(line) + "\r\n";
+        m_pending += EncodeLine(OnOneLine(line)) + "\r\n";
     return WritePending();
 }
 

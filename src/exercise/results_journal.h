@@ -35,8 +35,8 @@ public:
     /// The path of the last Open, empty before the first.
     QString Path() const { return m_file.fileName(); }
 
-    /// Appends lines (without line ends), each ended by CRLF, all of them in
-    /// one write. False while something waits in memory, as it does when the
+    /// Appends lines, each on one line whatever it holds and ended by CRLF, all of
+    /// them in one write. False while something waits in memory, as it does when the
     /// disk is full or the journal is closed.
     bool WriteLines(const QStringList& lines);
 

@@ -221,6 +221,15 @@ TEST_F(FrmSearch, ReadsAnyLineEndAndBothEncodings)
                   + End());
 }
 
+TEST_F(FrmSearch, KeepsTheNameOfAFileOnItsLine)
+{
+    Write(u"a\nH2+A=B.Equ"_s, "C+O2=CO2/1,1,1");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_EQ(ListText(), Head(u"a H2+A=B.Equ"_s) + End());
+}
+
 TEST_F(FrmSearch, DoesNotLookIntoFoldersOfTheFolder)
 {
     QDir().mkpath(Path(u"Dossier.Equ"_s));

@@ -161,4 +161,21 @@ TEST(TextBytes, FilesWithoutAMarkStayAsTheyAre)
     EXPECT_EQ(NormaliseTextBytes(bytes), bytes);
 }
 
+TEST(OnOneLine, MakesABlankOfWhatBreaksALine)
+{
+    EXPECT_EQ(OnOneLine(u"A\r\nB\tC"_s), u"A  B C"_s);
+    EXPECT_EQ(OnOneLine(u"a\u0085b\u2028c\u2029d\u007Fe\x1B[1mf"_s), u"a b c d e [1mf"_s);
+}
+
+TEST(OnOneLine, MakesABlankOfWhatTurnsTheWriting)
+{
+    EXPECT_EQ(OnOneLine(u"20\u202E91 eto\u2066N"_s), u"20 91 eto N"_s);
+}
+
+TEST(OnOneLine, LeavesLettersSignsAndBlanksAsTheyAre)
+{
+    const QString text = u" Élève\u00A02\u202F% – œuf\u2019 H₂O "_s;
+    EXPECT_EQ(OnOneLine(text), text);
+}
+
 } // namespace stoikal

@@ -206,6 +206,20 @@ TEST(ResultsJournal, WritesALineOutsideThePageInUtf8)
               "Nom \xC3\xA9l\xC3\xA8ve :\xC5\x81ukasz\r\nPr\xE9nom \xE9l\xE8ve :\xE9\r\n");
 }
 
+TEST(ResultsJournal, LetsNoNameForgeALine)
+{
+    JournalFolder place;
+    ResultsJournal journal;
+    ASSERT_TRUE(journal.Open(place.path));
+
+    const QDateTime now(QDate(2016, 3, 5), QTime(14, 7, 12));
+    EXPECT_TRUE(journal.WriteLines(HeaderLines(u"A\r\n -------> Note : 20.00\u2028B.Equ"_s, 2, now)));
+
+    EXPECT_EQ(QString::fromLatin1(place.Content()).split(u"\r\n"_s).value(1),
+              u"Nom du fichier : A   -------> Note : 20.00 B.Equ - 2 équations"_s);
+    EXPECT_EQ(place.Content().count('\n'), 4);
+}
+
 TEST(ResultsJournal, StandsInTheFileAtOnce)
 {
     JournalFolder place;

@@ -167,7 +167,7 @@ bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gather
 
 void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering)
 {
-    AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(name));
+    AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(OnOneLine(name)));
     const QString path = Desktop().equationFolder + QLatin1Char('/') + name;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {

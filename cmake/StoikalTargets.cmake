@@ -7,6 +7,8 @@ target_compile_options(stoikal_flags INTERFACE
   -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Wformat=2
   # With inlining GCC 12 sees null dereferences inside Qt's own headers that are not there.
   $<$<NOT:$<CONFIG:Release>>:-Wnull-dereference>
+  # The compiler cache tells sources apart by what they read, their precompiled header too.
+  $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
   # Numbers are compared bit for bit: no fused multiply-add.
   -ffp-contract=off
   $<$<BOOL:${STOIKAL_WERROR}>:-Werror>)

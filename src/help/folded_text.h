@@ -5,8 +5,9 @@
 namespace stoikal {
 
 /// A text as a search compares it: small letters without accents, every kind of
-/// blank as a blank, the typographic apostrophe as the straight one. It has as
-/// many characters as the text, each at the place of its own.
+/// blank as a blank, the typographic apostrophe and the minus sign as those that
+/// a keyboard has. It has as many characters as the text, each at the place of
+/// its own.
 inline QString Folded(const QString& text)
 {
     QString folded = text;
@@ -17,6 +18,8 @@ inline QString Folded(const QString& text)
             c = QLatin1Char(' ');
         } else if (c == QChar(0x2019)) {
             c = QLatin1Char('\'');
+        } else if (c == QChar(0x2212)) {
+            c = QLatin1Char('-');
         } else {
             if (c.decompositionTag() == QChar::Canonical)
                 c = c.decomposition().at(0);

@@ -24,6 +24,12 @@ TEST(FoldedText, DropsCaseAndAccentsAndKeepsEveryPlace)
     EXPECT_EQ(Folded(u"Éléments à l’Œuvre\u00A0: ÇA"_s), u"elements a l'œuvre : ca"_s);
 }
 
+TEST(FoldedText, ComparesTypedCharactersWithThoseOfTypesetting)
+{
+    // What a keyboard has, and what a page has in its stead.
+    EXPECT_EQ(Folded(u"l’eau à −10\u00A0000\u202F°C"_s), Folded(u"l'eau à -10 000 °C"_s));
+}
+
 TEST(PageTitle, IsWhatThePageSaysElseItsHeading)
 {
     EXPECT_EQ(PageTitle(u"<title> Le fer\n(Fe) </title><h1>x</h1>"_s), u"Le fer (Fe)"_s);

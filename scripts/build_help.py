@@ -24,8 +24,18 @@ class SourceFault(Exception):
     pass
 
 
+UNITS = (
+    r"%|°C|k?g(?:/mol)?|mol|L(?:/mol)?|h?Pa|k?m|m?s|points?|moles?|secondes?|minutes?|"
+    r"(?:kilo|centi|milli)?mètres?|(?:kilo)?grammes?|litres?|euros?|ans|millions"
+)
+
+
 def typography(text: str) -> str:
-    """No-break spaces where French asks for them, outside tags and examples."""
+    """No-break spaces where French asks for them, outside tags and examples.
+
+    The sources are written with common blanks; every other character (’ − × …)
+    stands in them as it is read.
+    """
     made = []
     verbatim = 0
     for piece in re.split(r"(<[^>]*>)", text):
@@ -33,11 +43,17 @@ def typography(text: str) -> str:
             verbatim += 1
         elif re.match(r"</(code|pre|style)>", piece):
             verbatim -= 1
-        elif not verbatim and not piece.startswith("<"):
-            piece = re.sub(r" ([:;?!»%])", "\u00a0\\1", piece).replace("« ", "«\u00a0")
-            piece = re.sub(r"(\d) (°C|g/mol|kg|mètres)", "\\1\u00a0\\2", piece)
+        elif piece.startswith("<"):
+            piece = re.sub(r'(?<= alt=")[^"]*', lambda words: spaced(words[0]), piece)
+        elif not verbatim:
+            piece = spaced(piece)
         made.append(piece)
     return "".join(made)
+
+
+def spaced(words: str) -> str:
+    words = re.sub(r" ([:;?!»])", "\u00a0\\1", words).replace("« ", "«\u00a0")
+    return re.sub(rf"(\d) (?=(?:{UNITS})(?!\w)|\d{{3}}(?!\d))", "\\1\u00a0", words)
 
 
 def boxed(text: str) -> str:
@@ -53,9 +69,9 @@ class Page:
         title = re.search(r"<title>(.*?)</title>", text, re.S)
         if not title or not title[1].strip():
             raise SourceFault(f"{name}: no title")
-        self.title = html.unescape(title[1].strip())
+        self.title = typography(html.unescape(title[1].strip()))
         self.topics = [int(number) for number in self._meta("topic").split()]
-        self.keywords = [word.strip() for word in self._meta("keywords").split(";") if word.strip()]
+        self.keywords = [typography(word.strip()) for word in self._meta("keywords").split(";") if word.strip()]
 
     def _meta(self, name: str) -> str:
         found = re.search(rf'<meta name="{name}" content="([^"]*)">', self.text)
@@ -130,26 +146,33 @@ def needed(entry: dict[str, str], field: str) -> str:
     return entry[field]
 
 
+def number_of(roman: str) -> int:
+    values = [{"I": 1, "V": 5, "X": 10}[digit] for digit in roman]
+    return sum(-value if value < max(values[place:]) else value for place, value in enumerate(values))
+
+
 def year_of(dates: str) -> int:
     """For the order within a period: the first number, negative before our era."""
+    if century := re.match(r"([IVX]+)\^e\^ siècle", dates):
+        return number_of(century[1]) * 100 - 50
     year = int(re.search(r"\d+", dates)[0])
-    return -year if "av. J.-C." in dates else year * 100 - 50 if "siècle" in dates else year
+    return -year if "av. J.-C." in dates else year
 
 
 def words_of(entry: dict[str, str]) -> list[str]:
     return [word.strip() for word in entry.get("Mots", "").split(";") if word.strip()]
 
 
-def paragraphs(text: str) -> str:
+def marked_up(text: str) -> str:
     """Plain text with _2_ for an index, ^2+^ for an exponent and [[name]] for a link."""
-    made = []
-    for paragraph in re.split(r"\n\s*\n", text.strip()):
-        body = html.escape(" ".join(paragraph.split()), quote=False)
-        body = re.sub(r"_([0-9nxr]+)_", r"<sub>\1</sub>", body)
-        body = re.sub(r"\^([^^ ]+)\^", r"<sup>\1</sup>", body)
-        body = re.sub(r"\[\[([^\]|]+)\|([^\]]+)\]\]", r'<a href="\1">\2</a>', body)
-        made.append(f"<p>{body}</p>")
-    return "\n".join(made)
+    body = html.escape(" ".join(text.split()), quote=False)
+    body = re.sub(r"_([0-9nxr]+)_", r"<sub>\1</sub>", body)
+    body = re.sub(r"\^([^^ ]+)\^", r"<sup>\1</sup>", body)
+    return re.sub(r"\[\[([^\]|]+)\|([^\]]+)\]\]", r'<a href="\1">\2</a>', body)
+
+
+def paragraphs(text: str) -> str:
+    return "\n".join(f"<p>{marked_up(paragraph)}</p>" for paragraph in re.split(r"\n\s*\n", text.strip()))
 
 
 def page_text(title: str, keywords: list[str], body: str) -> str:
@@ -227,7 +250,7 @@ def read_scientists(folder: pathlib.Path) -> tuple[list[Page], list[Node]]:
     for place, entry in enumerate(entries):
         name = entry["name"]
         rows = [
-            ("Dates", html.escape(needed(entry, "Dates"))),
+            ("Dates", marked_up(needed(entry, "Dates"))),
             ("Pays", html.escape(needed(entry, "Pays"))),
             ("Apport", html.escape(needed(entry, "Apport"))),
         ]
@@ -235,7 +258,7 @@ def read_scientists(folder: pathlib.Path) -> tuple[list[Page], list[Node]]:
         body += neighbours(names, place, "Tous les scientifiques")
         pages.append(Page(names[place][0], page_text(name, [name] + words_of(entry), body)))
     cells = "".join(
-        f'<tr><td><a href="{file}">{html.escape(name)}</a></td><td>{html.escape(entry["Dates"])}</td>'
+        f'<tr><td><a href="{file}">{html.escape(name)}</a></td><td>{marked_up(entry["Dates"])}</td>'
         f'<td>{html.escape(entry["Apport"])}</td></tr>\n'
         for entry, (file, name) in zip(entries, names)
     )
@@ -249,7 +272,8 @@ def read_scientists(folder: pathlib.Path) -> tuple[list[Page], list[Node]]:
     for period in dict.fromkeys(e["Époque"] for e in sorted(entries, key=lambda e: needed(e, "Époque"))):
         node = Node(period)
         inside = sorted((e for e in entries if e["Époque"] == period), key=lambda e: year_of(e["Dates"]))
-        node.children = [Node(f'{e["name"]} ({e["Dates"]})', file_of[e["name"]]) for e in inside]
+        # The contents know no exponents.
+        node.children = [Node(f'{e["name"]} ({e["Dates"].replace("^", "")})', file_of[e["name"]]) for e in inside]
         by_time.children.append(node)
     return pages, [Node(title, "accueil.html"), alphabetical, by_time]
 
@@ -261,7 +285,8 @@ READERS = {"manuel": read_manual, "atomes": read_atoms, "scientifiques": read_sc
 
 def sitemap_entry(title: str, page: str) -> str:
     local = f'<param name="Local" value="{page}">' if page else ""
-    return f'<LI><OBJECT type="text/sitemap"><param name="Name" value="{html.escape(title)}">{local}</OBJECT>\n'
+    name = html.escape(typography(title))
+    return f'<LI><OBJECT type="text/sitemap"><param name="Name" value="{name}">{local}</OBJECT>\n'
 
 
 def contents(nodes: list[Node]) -> str:

@@ -69,6 +69,19 @@ TEST(PageSearch, PutsAWordInTheTitleFirst)
     EXPECT_TRUE(Folded(hits.front().excerpt).contains("hydrogene"_L1));
 }
 
+TEST(PageSearch, FindsWhatAKeyboardTypesInATypesetPage)
+{
+    const auto manual = OpenedHelp(ShippedHelpFiles().at(0));
+    const auto atoms = OpenedHelp(ShippedHelpFiles().at(1));
+    PageSearch inManual;
+    PageSearch inAtoms;
+
+    EXPECT_TRUE(PathsOf(inManual.Find(*manual, u"10 000"_s)).contains(u"/particules.html"_s));
+    EXPECT_TRUE(PathsOf(inAtoms.Find(*atoms, u"-269 °C"_s)).contains(u"/he.html"_s));
+    EXPECT_TRUE(PathsOf(inAtoms.Find(*atoms, u"l'helium"_s)).contains(u"/he.html"_s));
+    EXPECT_TRUE(PathsOf(inAtoms.Find(*atoms, u"l’hélium"_s)).contains(u"/he.html"_s));
+}
+
 TEST(PageSearch, ReadsAnotherFileWhenItIsCleared)
 {
     PageSearch search;

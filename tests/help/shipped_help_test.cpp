@@ -2,6 +2,7 @@
 #include "help/html_walker.h"
 #include "help/page_search.h"
 #include "help_support.h"
+#include "support/french_typography.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -49,6 +50,49 @@ QString FaultOf(const HelpFile& file, const QString& page, const QString& link)
     }
     const QString beside = QFileInfo(file.Path()).path() + u'/' + address->file;
     return OpenedHelp(beside)->Has(address->path) ? QString() : u"not in that file"_s;
+}
+
+/// What a page says to its reader, an exponent with "^" before it; examples and
+/// the contents of files are left out.
+QString RunningText(const QString& html)
+{
+    static const QStringList kVerbatim{u"code"_s, u"pre"_s, u"kbd"_s};
+    static const QStringList kWithinLine{u"a"_s, u"b"_s, u"i"_s, u"em"_s, u"strong"_s, u"span"_s, u"sub"_s};
+    HtmlWalker walker(html);
+    QString text;
+    QString verbatim;
+    while (walker.Next()) {
+        if (!walker.IsTag()) {
+            text += verbatim.isEmpty() ? walker.Text() : u"…"_s;
+            continue;
+        }
+        const QString tag = walker.Tag().startsWith(u'/') ? walker.Tag().sliced(1) : walker.Tag();
+        if (kVerbatim.contains(tag))
+            verbatim = walker.Tag() == tag ? tag : QString();
+        else if (tag == "sup"_L1)
+            text += walker.Tag() == tag ? u"^"_s : QString();
+        else if (!kWithinLine.contains(tag))
+            text += u'\n';
+        text += walker.Attribute(u"alt"_s);
+    }
+    return text;
+}
+
+/// The lists beside the pages: titles and keywords, which know no exponents.
+QStringList ListedTexts(const HelpFile& file)
+{
+    QStringList texts{file.Title()};
+    const std::function<void(const std::vector<ContentsNode>&)> list = [&](const auto& nodes) {
+        for (const ContentsNode& node : nodes) {
+            texts << node.title;
+            list(node.children);
+        }
+    };
+    list(file.Contents());
+    for (const IndexEntry& entry : file.Index())
+        texts << entry.keyword << entry.title;
+    texts.removeDuplicates();
+    return texts;
 }
 
 } // namespace
@@ -123,6 +167,49 @@ TEST(ShippedHelp, HasAnEntryForEachOfThe118Elements)
         EXPECT_TRUE(PlainPageText(html).contains(u"Numéro atomique %1 "_s.arg(element.atomicNumber)))
             << page.toStdString();
     }
+}
+
+TEST(ShippedHelp, IsSetAsFrenchIs)
+{
+    for (const QString& path : ShippedHelpFiles()) {
+        const auto file = OpenedHelp(path);
+        const QStringList pages = file->Pages();
+        for (const QString& page : pages) {
+            const QStringList faults = TypographyFaults(RunningText(*file->Text(page)));
+            EXPECT_TRUE(faults.isEmpty()) << file->Title().toStdString() << page.toStdString() << '\n'
+                                          << faults.join(u'\n').toStdString();
+        }
+        const QStringList texts = ListedTexts(*file);
+        for (const QString& text : texts) {
+            // The contents know no exponents.
+            const QStringList faults = TypographyFaults(QString(text).replace(u"VIIIe"_s, u"VIII^e"_s));
+            EXPECT_TRUE(faults.isEmpty()) << faults.join(u'\n').toStdString();
+        }
+    }
+}
+
+/// Each rule must see its fault and let the right text pass.
+TEST(FrenchTypography, ReportsEachKindOfFault)
+{
+    const QStringList wrong{u"l'eau"_s,         u"dit \"oui\""_s,  u"à -5\u00A0°C"_s, u"0,5 - 2x"_s,
+                            u"SO4^2-"_s,        u"F^-"_s,          u"quoi ?"_s,       u"quoi?"_s,
+                            u"voici : l’eau"_s, u"« oui\u00A0»"_s, u"«\u00A0oui »"_s, u"20 °C"_s,
+                            u"50 %"_s,          u"2 mol"_s,        u"5 points"_s,     u"10000\u00A0g"_s,
+                            u"10 000"_s,        u"2700\u00A0°C"_s, u"plus de 1000"_s, u"VIIIe siècle"_s,
+                            u"le 109e"_s};
+    for (const QString& text : wrong)
+        EXPECT_FALSE(TypographyFaults(text).isEmpty()) << text.toStdString();
+
+    const QStringList right{u"l’eau"_s,
+                            u"à −5\u00A0°C"_s,
+                            u"0,5 − 2x"_s,
+                            u"SO4^2−, F^−"_s,
+                            u"quoi\u00A0? «\u00A0oui\u00A0»\u00A0: 00:60,0"_s,
+                            u"20\u00A0°C, 50\u00A0%, 2\u00A0mol, 5\u00A0points"_s,
+                            u"10\u00A0000, 2\u00A0700\u00A0°C, en 1766, 1771-1774, 3 Suédois, 2 H2"_s,
+                            u"le VIII^e siècle, le 109^e, Ile, Fe"_s};
+    for (const QString& text : right)
+        EXPECT_EQ(TypographyFaults(text), QStringList()) << text.toStdString();
 }
 
 TEST(ShippedHelp, TellsOfAtLeastFortyScientists)

@@ -27,9 +27,9 @@ TEST_F(FrmHelp, ShowsThePageOfATopicNumber)
 {
     OpenTopic(1000);
 
-    EXPECT_EQ(Page().Title(), u"Équilibrage automatique d'équations"_s);
+    EXPECT_EQ(Page().Title(), u"Équilibrage automatique d’équations"_s);
     EXPECT_EQ(Control<QTreeWidget>(window, "tvwContents").currentItem()->text(0),
-              u"Équilibrage automatique d'équations"_s);
+              u"Équilibrage automatique d’équations"_s);
 }
 
 TEST_F(FrmHelp, ShowsTheFirstPageForANumberThatTheFileDoesNotKnow)
@@ -69,7 +69,7 @@ TEST_F(FrmHelp, NarrowsTheIndexDownWithoutRegardToAccents)
     EXPECT_EQ(Shown("lstIndex"), (QStringList{u"réactif limitant"_s}));
     EXPECT_GT(all, 50);
     Press(box, Qt::Key_Return);
-    EXPECT_EQ(Page().Title(), u"L'avancement en quelques mots"_s);
+    EXPECT_EQ(Page().Title(), u"L’avancement en quelques mots"_s);
 }
 
 TEST_F(FrmHelp, SaysThatNoKeywordIsLeft)
@@ -93,9 +93,9 @@ TEST_F(FrmHelp, NamesTheTargetsOfAKeywordThatHasSeveral)
     window.DisplayIndex(ShippedHelp("Stoikal.chm"), &home);
     Type(Control<QLineEdit>(window, "txtIndex"), u"coefficient"_s);
 
-    ClickLine("lstIndex", u"coefficient – La fenêtre de l'équation"_s);
+    ClickLine("lstIndex", u"coefficient – La fenêtre de l’équation"_s);
 
-    EXPECT_EQ(Page().Title(), u"La fenêtre de l'équation"_s);
+    EXPECT_EQ(Page().Title(), u"La fenêtre de l’équation"_s);
 }
 
 TEST_F(FrmHelp, FindsWordsInAllPagesAndMarksThem)
@@ -182,7 +182,7 @@ TEST_F(FrmHelp, GoesBackAndForth)
 TEST_F(FrmHelp, ComesBackToThePlaceWhereAPageWasLeft)
 {
     Open();
-    ClickNode(u"Le format d'un fichier d'équations"_s);
+    ClickNode(u"Le format d’un fichier d’équations"_s);
     Page().verticalScrollBar()->setValue(150);
     ClickNode(u"Ma note"_s);
 
@@ -270,7 +270,7 @@ TEST_F(FrmHelp, EnlargesTheTextAndKeepsTheSize)
 
     EXPECT_EQ(Control<QLabel>(window, "lblZoom").text(), u"120\u00A0%"_s);
     EXPECT_GT(Page().document()->size().height(), before);
-    EXPECT_EQ(Page().Title(), u"La fenêtre de l'équation"_s);
+    EXPECT_EQ(Page().Title(), u"La fenêtre de l’équation"_s);
     EXPECT_EQ(settings.Read(u"Help Window"_s, u"Zoom"_s), u"120"_s);
     Press(window, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(Control<QLabel>(window, "lblZoom").text(), u"100\u00A0%"_s);

@@ -114,6 +114,16 @@ TEST_F(HelpPageTest, FindsATextWhateverItsCaseAndAccents)
     EXPECT_TRUE(page.extraSelections().isEmpty());
 }
 
+TEST_F(HelpPageTest, FindsWhatAKeyboardTypesInATypesetPage)
+{
+    page.ShowPage({{}, u"/he.html"_s, {}});
+
+    // The page has a no-break space, a minus sign and a typographic apostrophe.
+    EXPECT_EQ(page.FindText(u"à -269 °C"_s, false, true), 1);
+    EXPECT_EQ(page.FindText(u"l'imagerie"_s, false, true), 0);
+    EXPECT_EQ(page.FindText(u"d'imagerie"_s, false, true), 1);
+}
+
 TEST_F(HelpPageTest, MarksAShortWordOnlyWhereItStandsAlone)
 {
     const auto marked = [this] {

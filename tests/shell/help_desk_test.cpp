@@ -75,25 +75,25 @@ TEST_F(HelpDeskTest, F1InTheMainWindowOpensTheContents)
 
 TEST_F(HelpDeskTest, EveryTopicNumberHasItsPage)
 {
-    const std::map<int, QString> titles{{help_topics::kAbout, u"A propos de Stoikal"_s},
+    const std::map<int, QString> titles{{help_topics::kAbout, u"À propos de Stoikal"_s},
                                         {help_topics::kCharge, u"Total des charges"_s},
                                         {help_topics::kChrono, u"Le chronomètre"_s},
                                         {help_topics::kPassWord, u"Le mot de passe du professeur"_s},
-                                        {help_topics::kEquation, u"La fenêtre de l'équation"_s},
+                                        {help_topics::kEquation, u"La fenêtre de l’équation"_s},
                                         {help_topics::kNote, u"Ma note"_s},
                                         {help_topics::kPref, u"Préférences"_s},
                                         {help_topics::kAtoms, u"Les atomes des réactifs et des produits"_s},
-                                        {help_topics::kTip, u"L'astuce du jour"_s},
-                                        {help_topics::kExpert, u"Équilibrage automatique d'équations"_s},
-                                        {help_topics::kSearch, u"Recherche d'équations"_s},
+                                        {help_topics::kTip, u"L’astuce du jour"_s},
+                                        {help_topics::kExpert, u"Équilibrage automatique d’équations"_s},
+                                        {help_topics::kSearch, u"Recherche d’équations"_s},
                                         {help_topics::kTableau, u"Le tableau périodique"_s},
-                                        {help_topics::kDataAtomes, u"Les données d'un élément"_s},
+                                        {help_topics::kDataAtomes, u"Les données d’un élément"_s},
                                         {help_topics::kMassMol, u"Masses molaires et volume molaire"_s},
                                         {help_topics::kCalMol, u"Calcul de masse molaire"_s},
-                                        {help_topics::kHistoMol, u"Courbes d'évolution des espèces"_s},
-                                        {help_topics::kEditor, u"Créer ou modifier un fichier d'équations"_s},
+                                        {help_topics::kHistoMol, u"Courbes d’évolution des espèces"_s},
+                                        {help_topics::kEditor, u"Créer ou modifier un fichier d’équations"_s},
                                         {help_topics::kSimulAnim, u"La réaction vue par ses particules"_s},
-                                        {help_topics::kHelp, u"Se servir de l'aide"_s}};
+                                        {help_topics::kHelp, u"Se servir de l’aide"_s}};
     for (const auto& [topic, title] : titles) {
         shell->Help().ShowTopic(topic);
         EXPECT_EQ(PageTitle(), title) << topic;
@@ -106,7 +106,7 @@ TEST_F(HelpDeskTest, F1InTheExerciseOpensItsPageAndTheRunGoesOn)
 
     Press(Exercise(), Qt::Key_F1);
 
-    EXPECT_EQ(PageTitle(), u"La fenêtre de l'équation"_s);
+    EXPECT_EQ(PageTitle(), u"La fenêtre de l’équation"_s);
     EXPECT_TRUE(Exercise().isVisible());
 }
 
@@ -140,7 +140,7 @@ TEST_F(HelpDeskTest, F1InAModalWindowOpensAHelpThatCanBeUsed)
     script.On("frmAbout", [this](QWidget& about) {
         Press(about, Qt::Key_F1);
         Settle();
-        EXPECT_EQ(PageTitle(), u"A propos de Stoikal"_s);
+        EXPECT_EQ(PageTitle(), u"À propos de Stoikal"_s);
         EXPECT_NO_THROW(Click(Control<QAbstractButton>(Help(), "cmdHome")));
         EXPECT_EQ(PageTitle(), u"Bienvenue dans Stoikal"_s);
         Click(Control<QAbstractButton>(about, "cmdOK"));
@@ -178,7 +178,7 @@ TEST_F(HelpDeskTest, F1InTheHelpTellsHowToUseIt)
 
     Press(Help(), Qt::Key_F1);
 
-    EXPECT_EQ(PageTitle(), u"Se servir de l'aide"_s);
+    EXPECT_EQ(PageTitle(), u"Se servir de l’aide"_s);
 }
 
 TEST_F(HelpDeskTest, TellsThatTheManualIsMissingAndTheWindowGoesOn)

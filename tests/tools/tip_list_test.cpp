@@ -1,11 +1,13 @@
 #include "tools/tip_list.h"
 
 #include "support/file_bytes.h"
+#include "support/french_typography.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace stoikal {
@@ -34,6 +36,15 @@ QString TipAt(TipList& tips, double chance)
 {
     tips.Choose(chance);
     return tips.Tip();
+}
+
+QStringList AllOf(TipList& tips)
+{
+    QStringList all;
+    // (i + 1/2) / n * n + 1 = i + 3/2: the tip of number i + 1.
+    for (qsizetype i = 0; i < tips.Count(); ++i)
+        all << TipAt(tips, (static_cast<double>(i) + 0.5) / static_cast<double>(tips.Count()));
+    return all;
 }
 
 } // namespace
@@ -148,12 +159,50 @@ TEST(TipList, ReadsTheTipsThatShip)
     ASSERT_TRUE(tips.LoadTips(QStringLiteral(STOIKAL_DATA_DIR "/tips/TipOfDayEqChm.txt")));
 
     EXPECT_GE(tips.Count(), 30);
-    for (qsizetype i = 0; i < tips.Count(); ++i) {
-        // (i + 1/2) / n * n + 1 = i + 3/2: the tip of number i + 1.
-        const QString tip = TipAt(tips, (static_cast<double>(i) + 0.5) / static_cast<double>(tips.Count()));
-        EXPECT_FALSE(tip.trimmed().isEmpty()) << i;
+    for (const QString& tip : AllOf(tips)) {
+        EXPECT_FALSE(tip.trimmed().isEmpty());
         EXPECT_FALSE(tip.contains(QChar(QChar::ReplacementCharacter))) << tip.toStdString();
     }
+}
+
+TEST(TipList, TipsThatShipAreSetAsFrenchIs)
+{
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(QStringLiteral(STOIKAL_DATA_DIR "/tips/TipOfDayEqChm.txt")));
+
+    for (const QString& tip : AllOf(tips)) {
+        const QStringList faults = TypographyFaults(tip);
+        EXPECT_TRUE(faults.isEmpty()) << faults.join(u'\n').toStdString();
+    }
+}
+
+/// A pupil who is sent to a command would only meet the question for the password.
+TEST(TipList, TipsAboutGuardedCommandsAddressTeachers)
+{
+    const QStringList guarded{u"Équilibrage automatique"_s,
+                              u"Recherche d’équations"_s,
+                              u"Calcul de masse molaire"_s,
+                              u"journal"_s,
+                              u"Resultat.txt"_s,
+                              u"Créer"_s,
+                              u"Modifier un fichier"_s,
+                              u"Supprimer un fichier"_s,
+                              u"Vider le fichier"_s,
+                              u"Rajouter une astuce"_s,
+                              u"Obtenir la solution"_s};
+    TipList tips;
+    ASSERT_TRUE(tips.LoadTips(QStringLiteral(STOIKAL_DATA_DIR "/tips/TipOfDayEqChm.txt")));
+
+    qsizetype toTeachers = 0;
+    for (const QString& tip : AllOf(tips)) {
+        const bool isGuarded = std::any_of(guarded.begin(), guarded.end(), [&tip](const QString& command) {
+            return tip.contains(command, Qt::CaseInsensitive);
+        });
+        const bool addressesTeachers = tip.startsWith(u"Enseignants\u00A0:"_s);
+        EXPECT_TRUE(!isGuarded || addressesTeachers) << tip.toStdString();
+        toTeachers += isGuarded ? 1 : 0;
+    }
+    EXPECT_GE(toTeachers, 4);
 }
 
 } // namespace stoikal

@@ -19,6 +19,7 @@ int CoefficientOf(const QString& text)
 void ExerciseRun::Open(EquationFile file)
 {
     m_file = std::move(file);
+    m_isOver = false;
     m_record = {};
     m_state = {};
     m_session.NumEquation = 0;
@@ -27,6 +28,7 @@ void ExerciseRun::Open(EquationFile file)
 void ExerciseRun::Close()
 {
     m_file.reset();
+    m_isOver = false;
     m_session.NumEquation = 0;
     m_session.LigneEquation.clear();
     m_session.NumeroLigne = 0;
@@ -36,8 +38,12 @@ ExerciseRun::Step ExerciseRun::ReadNextEquation()
 {
     if (!m_file)
         return Step::NoFile;
-    if (!m_file->NextLine())
+    if (m_isOver)
+        return Step::RunIsOver;
+    if (!m_file->NextLine()) {
+        m_isOver = true;
         return Step::EndOfFile;
+    }
     m_session.LigneEquation = m_file->Line();
     m_session.NumeroLigne = m_file->LineNumber();
     m_session.NumEquation = Checked16(m_session.NumEquation + 1);
@@ -88,6 +94,8 @@ AtomList ExerciseRun::ComposeSlot(int slot, const Texts& coefficients) const
 
 ExerciseRun::Verdict ExerciseRun::Judge(const Texts& coefficients)
 {
+    if (m_isOver)
+        return Verdict::RunIsOver;
     if (!m_state.AnswerOpen)
         return Verdict::SolutionWasShown;
     std::array<int, 6> counts{};
@@ -111,6 +119,20 @@ ExerciseRun::Verdict ExerciseRun::Judge(const Texts& coefficients)
         return Verdict::Right;
     }
     Q_UNREACHABLE();
+}
+
+void ExerciseRun::PassStep()
+{
+    if (!m_isOver)
+        m_state.Score = AfterRight(m_state.Score);
+}
+
+bool ExerciseRun::FailStep()
+{
+    if (m_isOver)
+        return false;
+    m_state.Score = AfterWrong(m_state.Score);
+    return m_state.Score == 0;
 }
 
 } // namespace stoikal

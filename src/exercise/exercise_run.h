@@ -28,8 +28,14 @@ class ExerciseRun
 public:
     using Texts = std::array<QString, 6>;
 
-    enum class Step { Equation, EndOfFile, NoFile };
+    enum class Step {
+        Equation,
+        EndOfFile, ///< given once: the run is over from then on
+        RunIsOver, ///< the end of the file was reached before
+        NoFile
+    };
     enum class Verdict {
+        RunIsOver, ///< nothing is judged: the end of the file was reached before
         SolutionWasShown, ///< nothing is judged: the run moves on
         Wrong, ///< points are lost, the pupil tries again
         WrongAndSolved, ///< the score fell to 0: the solution is shown
@@ -46,6 +52,10 @@ public:
     void Open(EquationFile file);
     void Close();
     bool IsOpen() const { return m_file.has_value(); }
+    /// The end of the open file was reached: score and file do not change any more.
+    bool IsOver() const { return m_isOver; }
+    /// A file is open and its end was not reached yet.
+    bool IsUnderWay() const { return IsOpen() && !m_isOver; }
 
     /// Moves to the next equation of the file and reads it into the session and
     /// the record. A line that cannot be read is a FatalFault, whose place stands in
@@ -59,6 +69,12 @@ public:
 
     /// Judges the boxes as they stand and moves the score.
     Verdict Judge(const Texts& coefficients);
+
+    /// A step of the table of progress was right: points. Nothing once the run is over.
+    void PassStep();
+    /// A try at such a step was wrong: points lost. Nothing once the run is over.
+    /// \returns whether the score is 0 now.
+    bool FailStep();
 
     /// The run goes on: the next answer will be judged.
     void MoveOn() { m_state.AnswerOpen = true; }
@@ -80,6 +96,7 @@ private:
     std::optional<EquationFile> m_file;
     EquationRecord m_record;
     ExerciseState m_state;
+    bool m_isOver = false;
     AtomList m_reactants;
     AtomList m_products;
 };

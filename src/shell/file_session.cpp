@@ -214,7 +214,7 @@ void FileSession::ReturnHome()
 
 void FileSession::Mnu_Close_Click()
 {
-    if (!m_session.run.IsOpen())
+    if (!m_session.run.IsUnderWay())
         return;
     Q_EMIT CloseConsidered();
     m_desk.HideWindowsOfRun();
@@ -230,6 +230,9 @@ void FileSession::Mnu_Close_Click()
 
 void FileSession::EndOfFile()
 {
+    // The run may have been closed since, by the end of the program.
+    if (!m_session.run.IsOver())
+        return;
     SessionState& state = m_session.state;
     const QChar separator = m_session.desktop.regional.DecimalSeparator();
     const ExerciseState result = m_session.run.State();

@@ -81,6 +81,47 @@ TEST(ExerciseRun, EndsBehindTrailingComments)
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::EndOfFile);
 }
 
+TEST(ExerciseRun, IsOverOnceTheEndOfTheFileWasReached)
+{
+    Bench bench("H2+O2=H2O/2,1,2\n");
+    const ExerciseRun::Texts right{u"2"_s, u"1"_s, u""_s, u"2"_s, u""_s, u""_s};
+    bench.run.ReadNextEquation();
+    ASSERT_EQ(bench.Answer(right), Verdict::Right);
+    EXPECT_TRUE(bench.run.IsUnderWay());
+    EXPECT_FALSE(bench.run.IsOver());
+
+    EXPECT_EQ(bench.run.ReadNextEquation(), Step::EndOfFile);
+    EXPECT_TRUE(bench.run.IsOver());
+    EXPECT_FALSE(bench.run.IsUnderWay());
+    EXPECT_TRUE(bench.run.IsOpen());
+
+    EXPECT_EQ(bench.run.ReadNextEquation(), Step::RunIsOver);
+    EXPECT_EQ(bench.Answer(right), Verdict::RunIsOver);
+    EXPECT_EQ(bench.Answer(kEmpty), Verdict::RunIsOver);
+    bench.run.PassStep();
+    EXPECT_FALSE(bench.run.FailStep());
+    EXPECT_EQ(bench.run.State().Score, 5);
+    EXPECT_EQ(bench.run.State().MaxScore, 5);
+
+    bench.run.Close();
+    EXPECT_FALSE(bench.run.IsOver());
+    bench.Open("C+O2=CO2/1,1,1\n");
+    EXPECT_EQ(bench.run.ReadNextEquation(), Step::Equation);
+}
+
+TEST(ExerciseRun, GivesAndTakesPointsForTheStepsOfATable)
+{
+    Bench bench("H2+O2=H2O/2,1,2\n");
+    bench.run.ReadNextEquation();
+
+    bench.run.PassStep();
+    EXPECT_EQ(bench.run.State().Score, 5);
+    EXPECT_FALSE(bench.run.FailStep()); // 5 - 2
+    EXPECT_FALSE(bench.run.FailStep()); // 3 - 2
+    EXPECT_TRUE(bench.run.FailStep()); // 1 - 2, the floor is 0
+    EXPECT_EQ(bench.run.State().Score, 0);
+}
+
 TEST(ExerciseRun, ReadsNothingWithoutAFile)
 {
     SessionState session;

@@ -336,6 +336,27 @@ TEST_F(FrmEquation, TellsOnceThatTheFileIsAtItsEnd)
     EXPECT_EQ(window->windowTitle(), u"Equation n°1"_s);
 }
 
+TEST_F(FrmEquation, LeavesScoreAndJournalAloneOnceTheFileIsAtItsEnd)
+{
+    Open(kWater);
+    Answer({u"9"_s});
+    ASSERT_EQ(Boxes(), u"2|1|0|2|0|0"_s);
+    Tick(Flash());
+    QTest::mouseClick(&Other(), Qt::LeftButton);
+    const QStringList written = Journal();
+
+    // Nothing is left to be reached; what was on its way already does nothing either.
+    EXPECT_FALSE(Other().isEnabled());
+    EXPECT_FALSE(Box(0).isEnabled());
+    Other().click();
+    QTest::mouseClick(&Other(), Qt::LeftButton);
+    window->ReadNextEquation();
+
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(Score().text(), u"0"_s);
+    EXPECT_EQ(Journal(), written);
+}
+
 TEST_F(FrmEquation, MayBeFreedInTheClickThatEndsTheFile)
 {
     Open(kWater);

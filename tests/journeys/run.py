@@ -9,7 +9,7 @@ import sys
 import threading
 import time
 
-from stage import JourneyError, Stage, coefficients_of, equations_of, pause, wait_for
+from stage import JourneyError, Stage, coefficients_of, equations_of, pause, run, wait_for
 
 
 def expect(what, truth):
@@ -67,6 +67,32 @@ def solution_shown(stage):
     expect("5 points of 10", "Note : 10.00/20" in journal)
     stage.key("Tab", "Tab", "space")
     expect("the end without a fault", stage.wait_end() == 0)
+
+
+def clicks_while_busy(stage):
+    """Two clicks that a busy program finds waiting at the end of a file end it once."""
+    stage.start()
+    file = small_file(stage, "Une.Equ", ["H2+O2=H2O/2,1,2"])
+    stage.open_file(file)
+    stage.answer(1, ["9", "1", "1"])
+    pause(1.8)
+    stage.window("Equation n°1")
+    stage.program.send_signal(signal.SIGSTOP)
+    # The pointer still stands on the button.
+    run("xdotool", "click", "--repeat", 2, "--delay", 100, 1, env=stage.env)
+    stage.program.send_signal(signal.SIGCONT)
+    stage.window("Stoikal", "$")
+    wait_for("the mark", lambda: "Note :" in stage.text("Resultat.txt"))
+    stage.picture("mark")
+    stage.key("Tab", "space")
+    stage.gone("Stoikal$")
+    stage.window("Stoikal v")
+    stage.key("alt+f", "q")
+    expect("the end without a fault", stage.wait_end() == 0)
+    journal = stage.text("Resultat.txt")
+    expect("one mark, of 0 points", re.findall(r"Note : (.+?)/20", journal) == ["00.00"])
+    expect("no answer after the solution", journal.count("N°1") == 2)
+    expect("one record", re.fullmatch(r"#Une\.Equ\r\nDUPONT©0©\d+(\.\d+)?\r\n", stage.text("HighScore.txt")))
 
 
 def damaged_line(stage):
@@ -273,7 +299,7 @@ def progress_series(stage):
 
 # Most of a journey is waiting for what a person waits for, so that some go side by
 # side; the class of thirty has the machine for itself.
-SIDE_BY_SIDE = [whole_run, progress_series, solution_shown, damaged_line, killed_in_a_run, network_class]
+SIDE_BY_SIDE = [whole_run, progress_series, solution_shown, clicks_while_busy, damaged_line, killed_in_a_run, network_class]
 ALONE = [network_class_of_thirty]
 
 

@@ -43,6 +43,28 @@ protected:
         Settle();
     }
 
+    /// A click of the mouse that was already on its way: it arrives wherever the
+    /// button stands by now.
+    static void ClickWithoutLooking(QWidget& button) { QTest::mouseClick(&button, Qt::LeftButton); }
+
+    /// A pupil with 0 of 5 points sees the solution of the last equation.
+    void SeeTheSolutionOfTheLastEquation()
+    {
+        OpenFile({kWater});
+        Answer({u"9"_s, u"1"_s, {}, u"1"_s});
+        ASSERT_EQ(Box(0).text(), u"2"_s);
+    }
+
+    /// Leaves the window of the mark by "Accueil"; how often it came.
+    int marksShown = 0;
+    void CountTheMarks()
+    {
+        script.On("frmNote", [this](QWidget& note) {
+            ++marksShown;
+            Click(Control<QPushButton>(note, "cmdStay"));
+        });
+    }
+
     /// The journal behind the line of hyphens of the last file opened.
     QString LastRun() { return JournalText().section(Hyphens() + u"\r\n"_s, -1); }
 };
@@ -262,6 +284,113 @@ TEST_F(EndOfARun, EndsTheProgramByQuitter)
     EXPECT_EQ(ends, 1);
     EXPECT_FALSE(shell->State().journal.IsOpen());
     EXPECT_TRUE(JournalText().endsWith(u" -------> Note : 20,00/20 - Temps écoulé : 04,20 s\r\n"_s));
+}
+
+TEST_F(EndOfARun, IsHandledOnceWhenASecondValidationWasWaiting)
+{
+    SeeTheSolutionOfTheLastEquation();
+    CountTheMarks();
+    QWidget& validate = Control<QWidget>(Exercise(), "cmdOther");
+
+    ClickWithoutLooking(validate);
+    ClickWithoutLooking(validate);
+    Settle();
+
+    EXPECT_EQ(marksShown, 1);
+    EXPECT_EQ(LastRun(),
+              AsFileText({u"  N°1 : "_s, u"9 H2 + 1 O2 ---> 1 H2O : FAUX - Score : 0"_s, u"  N°1 : "_s,
+                          u"2 H2 + 1 O2 ---> 2 H2O : CORRECT - Score : 0"_s,
+                          u" -------> Note : 00,00/20 - Temps écoulé : 00,00 s"_s}));
+    EXPECT_EQ(TextOfFile(EquationFolder() + u"/HighScore.txt"_s),
+              AsFileText({u"#Serie1.Equ"_s, u"DUPONT©0©0"_s}));
+    ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, IsHandledOnceWhenTheNextEquationIsAskedForTwice)
+{
+    OpenFreeSimulation(kWater);
+    CountTheMarks();
+    QWidget& next = Control<QWidget>(Exercise(), "cmdNext");
+
+    ClickWithoutLooking(next);
+    ClickWithoutLooking(next);
+    Settle();
+
+    EXPECT_EQ(marksShown, 1);
+    ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, IsHandledOnceInASeries)
+{
+    OpenFile({u"'Voir #2"_s, u"C+O2=CO2/1,1,1"_s}, u"Serie1.Avt"_s, [](QWidget& window) {
+        Click(Control<QAbstractButton>(window, "optSimul(0)"));
+        Click(Control<QAbstractButton>(window, "cmdChoix"));
+    });
+    // A line without data is done with the molar masses, which are wrong at 0 points.
+    for (const char* const box : {"txtMasMol(0)", "txtMasMol(1)", "txtMasMol(3)"})
+        Type(Control<QLineEdit>(Exercise(), box), u"1"_s);
+    Click(Control<QAbstractButton>(Exercise(), "cmdValidMassMol"));
+    CountTheMarks();
+    QWidget& next = Control<QWidget>(Exercise(), "cmdNext");
+
+    ClickWithoutLooking(next);
+    ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdValidMassMol"));
+    ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdValidMVQ"));
+    ClickWithoutLooking(next);
+    Settle();
+
+    EXPECT_EQ(marksShown, 1);
+    EXPECT_EQ(LastRun(), AsFileText({u" -------> Note : 00,00/20 - Temps écoulé : 00,00 s"_s}));
+    ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, OpensNoWindowForAPressThatWasWaiting)
+{
+    OpenFreeSimulation(u"C<s>+O2<g>=CO2<g>/1,1,1#Q3,Q2,Q0"_s);
+    CountTheMarks();
+    QStringList shown;
+    QObject::connect(&shell->Desk(), &ExerciseDesk::MassMolShown,
+                     [&shown](bool isShown) { shown << (isShown ? u"+"_s : u"-"_s); });
+
+    ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdNext"));
+    for (const char* const name : {"chkDataMol", "chkHistoMol"}) {
+        auto& tick = Control<QCheckBox>(Exercise(), name);
+        QTest::mouseClick(&tick, Qt::LeftButton, Qt::NoModifier, QPoint(8, tick.height() / 2));
+        EXPECT_FALSE(tick.isChecked()) << name;
+    }
+    Settle();
+
+    EXPECT_EQ(shown, QStringList());
+    EXPECT_EQ(marksShown, 1);
+    ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, AsksNothingWhenTheExerciseIsClosedOnceMore)
+{
+    SeeTheSolutionOfTheLastEquation();
+    CountTheMarks();
+
+    ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdOther"));
+    Exercise().close();
+    Choose("Mnu_Close");
+    Settle();
+
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(marksShown, 1);
+    ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, GivesNoMarkOnceTheProgramHasEnded)
+{
+    SeeTheSolutionOfTheLastEquation();
+
+    ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdOther"));
+    Choose("Mnu_End");
+    Settle();
+
+    EXPECT_EQ(ends, 1);
+    EXPECT_FALSE(LastRun().contains(u"Note"_s));
+    EXPECT_FALSE(QFileInfo::exists(EquationFolder() + u"/HighScore.txt"_s));
 }
 
 TEST_F(EndOfARun, StartsAgainFromZero)

@@ -107,8 +107,11 @@ void frmEquation::ReadNextEquation()
 {
     switch (m_run.ReadNextEquation()) {
     case ExerciseRun::Step::NoFile:
+    case ExerciseRun::Step::RunIsOver:
         return;
     case ExerciseRun::Step::EndOfFile:
+        // Presses that are still waiting find nothing to press.
+        setEnabled(false);
         Q_EMIT EndOfFileReached();
         return;
     case ExerciseRun::Step::Equation:
@@ -336,6 +339,8 @@ void frmEquation::cmdOther_Click()
     for (FilterEdit* const box : m_band.txtCoef)
         box->setEnabled(true);
     switch (m_run.Judge(Coefficients())) {
+    case ExerciseRun::Verdict::RunIsOver:
+        return;
     case ExerciseRun::Verdict::SolutionWasShown:
         lblVerdict->clear();
         cmdOther->setEnabled(true);
@@ -405,14 +410,13 @@ void frmEquation::ShowRight()
 
 void frmEquation::PassStep()
 {
-    m_run.State().Score = AfterRight(m_run.State().Score);
+    m_run.PassStep();
     ShowRight();
 }
 
 bool frmEquation::FailStep()
 {
-    m_run.State().Score = AfterWrong(m_run.State().Score);
-    const bool isExhausted = m_run.State().Score == 0;
+    const bool isExhausted = m_run.FailStep();
     ShowScore();
     StartFlash(colours::kFlashWrong,
                isExhausted ? QStringLiteral("Réponse fausse. Voici les valeurs justes.")

@@ -18,10 +18,7 @@ HomeDesk::HomeDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk,
     , m_desk(desk)
 {
     connect(&files, &FileSession::OpenConsidered, this, &HomeDesk::UnloadPreferences);
-    connect(&files, &FileSession::ToolsToHide, this, [this] {
-        if (m_session.run.IsOpen())
-            UnloadPreferences();
-    });
+    connect(&files, &FileSession::ToolsToHide, this, &HomeDesk::UnloadPreferences);
 }
 
 HomeDesk::~HomeDesk() = default;

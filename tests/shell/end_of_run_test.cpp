@@ -393,6 +393,24 @@ TEST_F(EndOfARun, GivesNoMarkOnceTheProgramHasEnded)
     EXPECT_FALSE(QFileInfo::exists(EquationFolder() + u"/HighScore.txt"_s));
 }
 
+TEST_F(EndOfARun, TakesThePreferencesAndTheMolarMassesAwayBeforeTheMarkIsShown)
+{
+    OpenFile({kWater});
+    Choose("Mnu_Pref");
+    Choose("Mnu_MassMol");
+    bool isAlone = false;
+    script.On("frmNote", [this, &isAlone](QWidget& note) {
+        isAlone = FindWindow("frmPref") == nullptr && FindWindow("frmMassMol") == nullptr
+            && !Entry("Mnu_Pref").isChecked() && !Entry("Mnu_MassMol").isChecked();
+        Click(Control<QPushButton>(note, "cmdStay"));
+    });
+
+    AnswerWater();
+
+    EXPECT_TRUE(isAlone);
+    ExpectFreeMode();
+}
+
 TEST_F(EndOfARun, StartsAgainFromZero)
 {
     OpenFile({kWater});

@@ -68,6 +68,7 @@ private:
     void SolveDirectly();
     void Search();
     void ShowResult();
+    void WriteLine();
     bool Fail(const QString& text);
     bool IsPresent(int position) const
     {
@@ -87,9 +88,16 @@ private:
     BalanceMatrix m_matrix;
 };
 
+void Run::WriteLine()
+{
+    BalancingTask task = m_task;
+    task.number = m_observer.ResultNumber(task.number);
+    m_observer.Append(result_text::Line(task, m_result.coefficients));
+}
+
 bool Run::Fail(const QString& text)
 {
-    m_observer.Append(result_text::Line(m_task, m_result.coefficients));
+    WriteLine();
     m_observer.ResultWritten();
     m_observer.Append(text);
     m_result.failed = true;
@@ -185,7 +193,7 @@ bool Run::IsBalancedAsItStands() const
 
 void Run::ShowResult()
 {
-    m_observer.Append(result_text::Line(m_task, m_result.coefficients));
+    WriteLine();
     m_observer.ResultWritten();
     if (m_task.mode == BalancingTask::Mode::Window)
         m_observer.Append(QStringLiteral("\n"));

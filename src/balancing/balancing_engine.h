@@ -31,6 +31,9 @@ public:
 
     /// Text behind what the result box holds; the caret goes to its end.
     virtual void Append(const QString& text) = 0;
+    /// The running number of a result, asked for when its line is written: the list
+    /// may have begun anew since the task was given.
+    virtual int ResultNumber(int numberOfTask) const { return numberOfTask; }
     /// A result line was written: it can be saved.
     virtual void ResultWritten() { }
     /// Whether a symbol that no element has is to be kept. The whole question is given.

@@ -463,6 +463,20 @@ TEST_F(FrmExpert, DoesNotBringBackAListEmptiedDuringASearchThatFails)
     EXPECT_EQ(ListText(), kWater);
 }
 
+TEST_F(FrmExpert, NumbersFromOneAgainInAListEmptiedDuringASearch)
+{
+    BalanceWater();
+    FillASearch();
+    DuringTheSearch([this] { Click(Button("cmdClearList")); });
+
+    Click(Balance());
+
+    EXPECT_TRUE(isBusyThen);
+    EXPECT_EQ(ListText(), u"¤) Equation n°1  : 3 H2 + O2 + H2O2 -----> 4 H2O\n\n"_s);
+    BalanceWater();
+    EXPECT_TRUE(ListText().endsWith(u"¤) Equation n°2  : 2 H2 + O2 -----> 2 H2O\n\n"_s));
+}
+
 TEST_F(FrmExpert, AsksForTheFileInTheFolderOfEquations)
 {
     BalanceWater();

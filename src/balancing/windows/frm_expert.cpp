@@ -125,9 +125,10 @@ void frmExpert::cmdNewMol_Click()
 
 void frmExpert::cmdClearList_Click()
 {
-    m_equationNumber = 0;
+    // A search that is going on gives the first result of the new list, or none:
+    // failing, it must not bring the old list back.
+    m_equationNumber = IsSearching() ? 1 : 0;
     txtResult->clear();
-    // A search that is going on and fails must not bring the old list back.
     m_numberBefore = 0;
     m_listBefore.clear();
 }

@@ -30,6 +30,7 @@ private:
     void ShowWhatCanBeDone();
 
     void Append(const QString& text) override;
+    int ResultNumber(int /*numberOfTask*/) const override { return m_equationNumber; }
     void ResultWritten() override;
     QProgressBar& AttemptsBar() override { return *pgbCompteur; }
     bool IsGivenUp() const override { return IsStopped(); }

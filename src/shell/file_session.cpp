@@ -184,6 +184,7 @@ void FileSession::StartRun(int equationCount)
                    HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
     SetFileSessionMenus(m_session.menu, true);
     Q_EMIT ToolsToHide();
+    Q_EMIT RunBegins();
     m_desk.Open();
 }
 
@@ -195,6 +196,7 @@ void FileSession::LeaveRun()
     m_desk.CloseExercise();
     m_mainWindow.SetCaption(product::Caption());
     SetFileSessionMenus(m_session.menu, false);
+    Q_EMIT RunEnded();
 }
 
 void FileSession::CloseRun()

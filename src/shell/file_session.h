@@ -44,6 +44,10 @@ Q_SIGNALS:
     void OpenConsidered();
     /// A run starts or ends: the open tools are to be hidden.
     void ToolsToHide();
+    /// A run is about to open its windows.
+    void RunBegins();
+    /// The windows of a run are gone or hidden.
+    void RunEnded();
     /// The user was asked for the end of a run: the data of an element go first.
     void CloseConsidered();
     void HelpAsked(int topic);

@@ -35,7 +35,7 @@ TeacherDesk::TeacherDesk(Session& session, const Others& others)
     , m_others(others)
     , m_store(session.state, session.settings)
 {
-    connect(&others.files, &FileSession::ToolsToHide, this, &TeacherDesk::CloseTextsForRun);
+    connect(&others.files, &FileSession::RunBegins, this, &TeacherDesk::CloseTextsForRun);
 }
 
 TeacherDesk::~TeacherDesk() = default;
@@ -285,8 +285,6 @@ void TeacherDesk::CloseText(TextWindow* window)
 
 void TeacherDesk::CloseTextsForRun()
 {
-    if (!m_session.run.IsOpen())
-        return;
     // What the teacher was reading is not for the pupil who begins.
     const auto windows = m_texts;
     for (const QPointer<TextWindow>& window : windows) {

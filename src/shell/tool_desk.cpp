@@ -48,6 +48,8 @@ ToolDesk::ToolDesk(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk,
           })
 {
     connect(&files, &FileSession::ToolsToHide, this, &ToolDesk::HideTools);
+    connect(&files, &FileSession::RunBegins, this, &ToolDesk::HideSimulation);
+    connect(&files, &FileSession::RunEnded, this, &ToolDesk::ShowSimulationAgain);
     connect(&files, &FileSession::CloseConsidered, this, &ToolDesk::UnloadDataAtomes);
 }
 
@@ -204,6 +206,20 @@ void ToolDesk::HideTools()
         m_expert->parentWidget()->hide();
     if (m_search != nullptr)
         m_search->parentWidget()->hide();
+}
+
+void ToolDesk::HideSimulation()
+{
+    if (m_simulAnim == nullptr)
+        return;
+    m_simulAnim->StopAnimation();
+    m_simulAnim->parentWidget()->hide();
+}
+
+void ToolDesk::ShowSimulationAgain()
+{
+    if (m_simulAnim != nullptr)
+        m_simulAnim->parentWidget()->show();
 }
 
 void ToolDesk::StopTools()

@@ -50,6 +50,10 @@ Q_SIGNALS:
 private:
     void OpenGathered(const QString& path);
     void ShowElement(int index);
+    /// The simulation stands still and out of sight while a run needs the main
+    /// area, and is there again after it.
+    void HideSimulation();
+    void ShowSimulationAgain();
     void UnloadCalMol();
     template <typename Window>
     void ShowTool(QPointer<Window>& window, const char* entry, int topic);

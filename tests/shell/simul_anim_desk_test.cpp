@@ -2,6 +2,7 @@
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 
 namespace stoikal {
 
@@ -19,8 +20,19 @@ protected:
         Settle();
     }
 
+    void CloseTheFile()
+    {
+        messages.answers = {QMessageBox::Yes};
+        Choose("Mnu_Close");
+        Settle();
+    }
+
     bool IsOpen() { return shell->MainWindow().findChild<QWidget*>(u"frmSimulAnim"_s) != nullptr; }
     QWidget& Window() { return Control<QWidget>(shell->MainWindow(), "frmSimulAnim"); }
+    QAbstractButton& StartButton() { return Control<QAbstractButton>(Window(), "chkStart"); }
+    QTimer& Animation() { return Control<QTimer>(Window(), "tmrAnim"); }
+
+    const QString kWater = u"H2+O2=H2O/2,1,2"_s;
 };
 
 } // namespace
@@ -43,7 +55,7 @@ TEST_F(SimulAnimDesk, OpensMaximisedInTheMainAreaWithoutAFileAndIsMarked)
 TEST_F(SimulAnimDesk, ClosesByItsEntryAndEndsItsRun)
 {
     ChooseAndSettle();
-    Click(Control<QAbstractButton>(Window(), "chkStart"));
+    Click(StartButton());
 
     ChooseAndSettle();
 
@@ -51,7 +63,7 @@ TEST_F(SimulAnimDesk, ClosesByItsEntryAndEndsItsRun)
     EXPECT_FALSE(Entry("Mnu_SimulAnim").isChecked());
     EXPECT_TRUE(shell->MainWindow().Area().subWindowList().isEmpty());
     ChooseAndSettle();
-    EXPECT_FALSE(Control<QAbstractButton>(Window(), "chkStart").isChecked());
+    EXPECT_FALSE(StartButton().isChecked());
 }
 
 TEST_F(SimulAnimDesk, ClosesByItsTitleBar)
@@ -76,16 +88,89 @@ TEST_F(SimulAnimDesk, AsksForItsPageOfTheManual)
     EXPECT_EQ(topic, 1800);
 }
 
-TEST_F(SimulAnimDesk, StaysOpenThroughARunAndLeavesTheAtomsTheirSize)
+TEST_F(SimulAnimDesk, IsStoppedAndHiddenByARun)
 {
     ChooseAndSettle();
+    Click(StartButton());
+    ASSERT_TRUE(Animation().isActive());
 
-    OpenFile({u"H2+O2=H2O/2,1,2"_s});
+    OpenFile({kWater});
 
-    EXPECT_TRUE(Window().isVisible());
+    EXPECT_FALSE(Window().isVisible());
+    EXPECT_FALSE(Animation().isActive());
+    EXPECT_FALSE(StartButton().isChecked());
     EXPECT_TRUE(Entry("Mnu_SimulAnim").isChecked());
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - Serie1.Equ - 1 équations"_s);
+    EXPECT_EQ(shell->MainWindow().menuBar()->cornerWidget(Qt::TopRightCorner), nullptr);
+    EXPECT_EQ(shell->MainWindow().menuBar()->cornerWidget(Qt::TopLeftCorner), nullptr);
     for (const char* const atoms : {"frmReactif", "frmProduit"})
         EXPECT_FALSE(Control<QWidget>(shell->MainWindow(), atoms).parentWidget()->isMaximized()) << atoms;
+}
+
+TEST_F(SimulAnimDesk, IsThereAgainAfterTheRun)
+{
+    ChooseAndSettle();
+    Press(Control<QLineEdit>(Window(), "txtMol(0)"), Qt::Key_A, Qt::ControlModifier);
+    Type(Control<QLineEdit>(Window(), "txtMol(0)"), u"7"_s);
+    OpenFile({kWater});
+
+    CloseTheFile();
+
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_TRUE(Window().parentWidget()->isMaximized());
+    EXPECT_EQ(Control<QLineEdit>(Window(), "txtMol(0)").text(), u"7"_s);
+    EXPECT_TRUE(Entry("Mnu_SimulAnim").isChecked());
+    EXPECT_EQ(shell->MainWindow().windowTitle(),
+              u"Stoikal v.4.0 - [Représentation dynamique de l'avancement]"_s);
+    EXPECT_EQ(shell->MainWindow().menuBar()->cornerWidget(Qt::TopRightCorner),
+              qobject_cast<QMdiSubWindow*>(Window().parentWidget())->maximizedButtonsWidget());
+}
+
+TEST_F(SimulAnimDesk, IsThereAgainInItsOwnSizeAfterAFileWasDone)
+{
+    ChooseAndSettle();
+    Window().parentWidget()->showNormal();
+    Window().parentWidget()->setGeometry(30, 40, 700, 500);
+    Settle();
+    OpenFile({kWater});
+    ASSERT_FALSE(Window().isVisible());
+    PressInNote("cmdStay");
+
+    Answer({u"2"_s, u"1"_s, {}, u"2"_s});
+    Settle();
+
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_EQ(Window().parentWidget()->geometry(), QRect(30, 40, 700, 500));
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0"_s);
+    Click(StartButton());
+    EXPECT_TRUE(Animation().isActive());
+}
+
+TEST_F(SimulAnimDesk, IsNotThereAgainWhereItWasClosedDuringTheRun)
+{
+    ChooseAndSettle();
+    OpenFile({kWater});
+
+    ChooseAndSettle();
+    EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(Entry("Mnu_SimulAnim").isChecked());
+
+    CloseTheFile();
+    EXPECT_FALSE(IsOpen());
+}
+
+TEST_F(SimulAnimDesk, WorksDuringARunAndStaysAfterIt)
+{
+    OpenFile({kWater});
+    ChooseAndSettle();
+    Click(StartButton());
+
+    CloseTheFile();
+
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_TRUE(Animation().isActive());
+    EXPECT_FALSE(shell->State().run.IsOpen());
+    EXPECT_EQ(FindWindow("frmEquation"), nullptr);
 }
 
 TEST_F(SimulAnimDesk, LooksForTheCalculatorWhenTheMouseMoves)

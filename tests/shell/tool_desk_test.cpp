@@ -410,6 +410,9 @@ TEST_F(Tools, AreHiddenByARunThatStartsDuringASearch)
     EXPECT_TRUE(wasSearching);
     EXPECT_TRUE(shell->State().run.IsOpen());
     EXPECT_FALSE(Tool("frmExpert").isVisible());
+    Settle();
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - Serie1.Equ - 1 équations"_s);
+    EXPECT_EQ(shell->MainWindow().menuBar()->cornerWidget(Qt::TopRightCorner), nullptr);
     EXPECT_TRUE(ListText("frmExpert").contains(u"3 H2 + O2 + H2O2 -----> 4 H2O"_s));
 }
 

@@ -47,6 +47,9 @@ public:
 
     frmSimulAnim(const Doors& doors, QWidget* parent);
 
+    /// Does what a second click on the start button does, where the animation runs.
+    void StopAnimation();
+
     const ParticleModel& Particles() const { return m_particles; }
     const SimulationCurves& Curves() const { return m_curves; }
 
@@ -91,7 +94,6 @@ private:
     void picCourbe_MouseMove(const QPoint& pixel, const QPointF& share);
     void cmdCopy_Click();
 
-    void StopAnimation();
     void ResetSimHistory();
     void PlaceParticles();
     void TakeSpeed();

@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 #include "base/file_lock.h"
+#include "base/shown_path.h"
 #include "base/system_reason.h"
 #include "base/text_lines.h"
 
@@ -55,7 +56,7 @@ bool IsAmong(const QByteArray& sought, const std::array<QByteArray, 6>& places, 
 Failure WriteFailure(const QFile& file)
 {
     return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2")
-                .arg(file.fileName(), FrenchReason(file.errorString()))};
+                .arg(ShownPath(file.fileName()), FrenchReason(file.errorString()))};
 }
 
 Failure LockFailure(const QString& path)
@@ -63,7 +64,7 @@ Failure LockFailure(const QString& path)
     return {QStringLiteral(
                 "Le fichier %1 n'a pas pu être complété\u00A0:\nun autre programme l'écrit en ce moment, "
                 "ou son dossier ne peut pas être écrit.")
-                .arg(path)};
+                .arg(ShownPath(path))};
 }
 
 /// Writes all bytes at the file's end or says why not; a file that took only a
@@ -139,7 +140,7 @@ Outcome<QStringList> EquationFilesOf(const QString& folder)
     if (!info.isDir() || !info.isReadable())
         return Failure{
             QStringLiteral("Le dossier des fichiers d'équations est introuvable ou illisible :\n%1")
-                .arg(folder)};
+                .arg(ShownPath(folder))};
     // Name filters compare without case. A link that leads nowhere is listed too:
     // who reads it tells that it cannot be read.
     const QFileInfoList entries

@@ -1,5 +1,7 @@
 #include "base/fatal_fault.h"
 
+#include "base/shown_path.h"
+
 #include <utility>
 
 namespace stoikal {
@@ -35,7 +37,7 @@ QString FatalFault::OperationText() const
 {
     QString text = QStringLiteral("Erreur d'exécution\u00A0: %1").arg(m_cause);
     if (!m_file.isEmpty())
-        text += QStringLiteral("\n\nFichier\u00A0: %1").arg(m_file);
+        text += QStringLiteral("\n\nFichier\u00A0: %1").arg(ShownPath(m_file));
     if (m_line > 0)
         text += QStringLiteral("\nLigne %1\u00A0: %2").arg(QString::number(m_line), m_lineText);
     return text;

@@ -1,6 +1,7 @@
 #include "editor/equation_file_io.h"
 
 #include "base/fatal_fault.h"
+#include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
 #include "equation_files/equation_file.h"
@@ -94,7 +95,7 @@ Failure NotWritten(const QString& path, const QString& reason)
     return {QStringLiteral("Le fichier « %1 » n'a pas pu être écrit\u00A0:\n%2\n\n"
                            "Votre saisie est conservée. Libérez de la place ou demandez le droit "
                            "d'écrire dans ce dossier, puis recommencez.")
-                .arg(QDir::toNativeSeparators(path), reason)};
+                .arg(ShownPath(path), reason)};
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "base/number_text.h"
 #include "base/settings_store.h"
+#include "base/shown_path.h"
 
 #include <QDir>
 #include <QFile>
@@ -309,7 +310,7 @@ Outcome<WorkPlace> FreeWorkPlace(const QString& folder)
             return place;
     }
     return Failure{QStringLiteral("Le dossier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1")
-                       .arg(QDir::toNativeSeparators(folder))};
+                       .arg(ShownPath(folder))};
 }
 
 std::vector<WorkPlace> PlacesWithLeftWork(const QString& folder, SettingsStore& store)

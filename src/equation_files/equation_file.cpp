@@ -1,5 +1,7 @@
 #include "equation_files/equation_file.h"
 
+#include "base/shown_path.h"
+
 #include <QFile>
 #include <algorithm>
 #include <cstring>
@@ -90,10 +92,12 @@ Outcome<QByteArray> ReadEquationFile(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(path)};
+        return Failure{
+            QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(ShownPath(path))};
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return Failure{QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(path)};
+        return Failure{
+            QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(ShownPath(path))};
     return bytes;
 }
 

@@ -1,6 +1,7 @@
 #include "exercise/high_score_file.h"
 
 #include "base/file_lock.h"
+#include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
 #include "exercise/results_journal.h"
@@ -97,7 +98,8 @@ HighScoreFile::HighScoreFile(const QString& folder)
 
 Failure HighScoreFile::PathFailure() const
 {
-    return {u"Erreur sur le chemin d'accés des fichiers :\n%1\n%2"_s.arg(m_path, m_temporaryPath)};
+    return {u"Erreur sur le chemin d'accés des fichiers :\n%1\n%2"_s.arg(ShownPath(m_path),
+                                                                         ShownPath(m_temporaryPath))};
 }
 
 bool HighScoreFile::RemoveLeftover() const

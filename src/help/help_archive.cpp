@@ -1,5 +1,6 @@
 #include "help/help_archive.h"
 
+#include "base/shown_path.h"
 #include "help/lzx_decoder.h"
 #include "help/packed_number.h"
 
@@ -34,9 +35,10 @@ Outcome<std::shared_ptr<HelpArchive>> HelpArchive::Open(const QString& path)
 {
     const std::shared_ptr<HelpArchive> archive(new HelpArchive(path));
     if (!archive->m_file.open(QIODevice::ReadOnly))
-        return Failure{u"Le fichier d'aide\n%1\nne peut pas être lu."_s.arg(path)};
+        return Failure{u"Le fichier d'aide\n%1\nne peut pas être lu."_s.arg(ShownPath(path))};
     if (!archive->ReadDirectory())
-        return Failure{u"Le fichier d'aide\n%1\nest endommagé ou n'est pas un fichier d'aide."_s.arg(path)};
+        return Failure{
+            u"Le fichier d'aide\n%1\nest endommagé ou n'est pas un fichier d'aide."_s.arg(ShownPath(path))};
     if (!archive->ReadPacking())
         archive->m_packing.reset();
     return archive;

@@ -1,5 +1,6 @@
 #include "help/help_file.h"
 
+#include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "help/help_archive.h"
 #include "help/packed_number.h"
@@ -53,7 +54,7 @@ Outcome<std::shared_ptr<HelpFile>> HelpFile::Open(const QString& path)
         return Failure{archive.Reason()};
     const std::shared_ptr<HelpFile> file(new HelpFile(path, *archive));
     if (file->m_startPage.isEmpty())
-        return Failure{u"Le fichier d'aide\n%1\nne contient aucune page."_s.arg(path)};
+        return Failure{u"Le fichier d'aide\n%1\nne contient aucune page."_s.arg(ShownPath(path))};
     return file;
 }
 

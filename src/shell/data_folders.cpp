@@ -2,6 +2,7 @@
 
 #include "base/file_lock.h"
 #include "base/session_state.h"
+#include "base/shown_path.h"
 #include "base/system_reason.h"
 #include "base/whole_file.h"
 #include "forms/messages.h"
@@ -33,7 +34,7 @@ QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages
     for (;;) {
         messages.Critical(parent, QStringLiteral("Stoikal - Gestion erreurs"),
                           QStringLiteral("Le fichier suivant est introuvable :\n%1\nVeuillez le localiser.")
-                              .arg(landmark.shownPath));
+                              .arg(ShownPath(landmark.shownPath)));
         const auto choice = desktop.dialogs.OpenFile(parent,
                                                      {QStringLiteral("Localiser %1").arg(landmark.fileName),
                                                       landmark.startFolder,
@@ -53,10 +54,12 @@ Outcome<QString> CopyFile(const QString& from, const QString& to)
 {
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly))
-        return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(from, FrenchReason(source.errorString()))};
+        return Failure{
+            u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), FrenchReason(source.errorString()))};
     const QByteArray bytes = source.readAll();
     if (source.error() != QFileDevice::NoError)
-        return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(from, FrenchReason(source.errorString()))};
+        return Failure{
+            u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), FrenchReason(source.errorString()))};
     return ReplaceFile(to, bytes);
 }
 
@@ -141,7 +144,7 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
     if (QFileInfo::exists(folder))
         return folder;
     if (!QDir(growing).removeRecursively() || !QDir().mkpath(growing))
-        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(growing)};
+        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(ShownPath(growing))};
     const QStringList seeds = desktop.folders.SeedFiles();
     for (const QString& seed : seeds) {
         auto copied = CopyFile(seed, WithSeparator(growing) + QFileInfo(seed).fileName());
@@ -152,7 +155,7 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
     }
     if (!QDir().rename(growing, folder)) {
         QDir(growing).removeRecursively();
-        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas prendre son nom"_s.arg(growing)};
+        return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas prendre son nom"_s.arg(ShownPath(growing))};
     }
     return folder;
 }

@@ -2,6 +2,7 @@
 
 #include "base/session_state.h"
 #include "base/settings_store.h"
+#include "base/shown_path.h"
 #include "base/system_reason.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
@@ -28,14 +29,14 @@ Failure CannotRead(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le fichier du mot de passe ne peut pas être lu :\n%1\n(%2)\n\n"
                            "Vérifiez que le dossier de dépôt est accessible, puis recommencez.")
-                .arg(path, FrenchReason(reason))};
+                .arg(ShownPath(path), FrenchReason(reason))};
 }
 
 Failure CannotWrite(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le nouveau mot de passe n'a pas pu être enregistré :\n%1\n(%2)\n\n"
                            "L'ancien mot de passe reste valable.")
-                .arg(path, FrenchReason(reason))};
+                .arg(ShownPath(path), FrenchReason(reason))};
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "shell/shell.h"
 
 #include "base/fatal_fault.h"
+#include "base/shown_path.h"
 #include "forms/messages.h"
 #include "shell/help_topics.h"
 #include "shell/menu_tree.h"
@@ -107,7 +108,7 @@ void Shell::EndProgram()
             &m_mainWindow, QStringLiteral("Stoikal"),
             QStringLiteral("Des résultats n'ont pas encore pu être écrits dans le fichier\n%1\n"
                            "Libérez de la place sur le disque.\n\nVoulez-vous essayer encore ?")
-                .arg(m_session.journal.Path()));
+                .arg(ShownPath(m_session.journal.Path())));
         if (!triesAgain)
             break;
         isWritten = m_session.journal.Open(m_session.journal.Path()).Succeeded() && m_session.journal.Close();

@@ -1,6 +1,7 @@
 #include "shell/start_up.h"
 
 #include "base/fatal_fault.h"
+#include "base/shown_path.h"
 #include "forms/messages.h"
 #include "shell/data_folders.h"
 #include "shell/help_topics.h"
@@ -186,7 +187,7 @@ QString StartUp::NetworkJournal()
                 "Vérifiez ce dossier, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» (section "
                 "«\u00A0Réseau\u00A0») du "
                 "fichier %2")
-                .arg(made.Reason(), state.IniUtilisateur),
+                .arg(made.Reason(), ShownPath(state.IniUtilisateur)),
             password.CommonFile(), 0, {});
     }
     return DepositFolder(state) + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
@@ -219,7 +220,7 @@ void StartUp::OpenJournal()
         cause += QStringLiteral(
                      "\nVérifiez le dossier de dépôt, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» "
                      "(section «\u00A0Réseau\u00A0») du fichier %1")
-                     .arg(state.IniUtilisateur);
+                     .arg(ShownPath(state.IniUtilisateur));
     }
     throw FatalFault(cause, state.FichierResultat, 0, {});
 }

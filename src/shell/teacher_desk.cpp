@@ -1,6 +1,7 @@
 #include "shell/teacher_desk.h"
 
 #include "balancing/equation_search.h"
+#include "base/shown_path.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/messages.h"
 #include "forms/place.h"
@@ -184,7 +185,7 @@ void TeacherDesk::ReopenJournal()
         &m_others.mainWindow, Title(),
         QStringLiteral("Le fichier des résultats ne peut pas être rouvert :\n%1 : %2\n\n"
                        "Rien n'est perdu\u00A0: les lignes en attente seront écrites dès que possible.")
-            .arg(m_session.state.FichierResultat, opened.Reason()));
+            .arg(ShownPath(m_session.state.FichierResultat), opened.Reason()));
 }
 
 void TeacherDesk::ShowAnswers()

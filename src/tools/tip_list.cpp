@@ -1,5 +1,6 @@
 #include "tools/tip_list.h"
 
+#include "base/shown_path.h"
 #include "base/text_lines.h"
 
 #include <QFile>
@@ -29,7 +30,7 @@ Outcome<qsizetype> TipList::LoadTips(const QString& path)
     const QByteArray bytes = isFile && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     if (!isFile || file.error() != QFileDevice::NoError)
         return Failure{QStringLiteral("Le fichier %1 ne peut pas être lu.\n%2")
-                           .arg(QFileInfo(path).fileName(), isFile ? file.errorString() : path)};
+                           .arg(QFileInfo(path).fileName(), isFile ? file.errorString() : ShownPath(path))};
     const QStringList lines = DecodeLines(NormaliseTextBytes(bytes));
     m_tips += lines;
     return lines.size();

@@ -190,6 +190,18 @@ TEST_F(NetworkStart, NamesFileAndSettingOfAJournalThatCannotBeOpened)
     EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
 }
 
+TEST_F(NetworkStart, ShowsOneSeparatorBehindADepositFolderNamedWithOne)
+{
+    WriteSettings({u"[Réseau]"_s, u"Dossier Dépôt=Classe3/"_s});
+    MadeFolder("share/Classe3/EQU_dupont_5_3_2016_14_7.txt");
+
+    const FatalFault fault = FaultOfStart();
+
+    EXPECT_TRUE(
+        fault.MessageText().contains(QDir::toNativeSeparators(Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"))))
+        << fault.MessageText().toStdString();
+}
+
 TEST(NetworkJournalName, HasPlainNumbers)
 {
     EXPECT_EQ(NetworkJournalName(u"dupont"_s, QDateTime(QDate(2016, 3, 5), QTime(14, 7, 59))),

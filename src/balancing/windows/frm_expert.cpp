@@ -5,11 +5,11 @@
 #include "balancing/windows/molecule_boxes.h"
 #include "balancing/windows/save_request.h"
 #include "base/fatal_fault.h"
+#include "base/shown_path.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
 #include <QCheckBox>
-#include <QDir>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
@@ -154,7 +154,7 @@ void frmExpert::cmdSave_Click()
         this, QStringLiteral("Enregistrement réussie"),
         QStringLiteral(
             "La dernière équation équilibrée vient d'être copiée dans le fichier %1 dans le dossier :\n%2")
-            .arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath())));
+            .arg(file.fileName(), ShownPath(file.absolutePath())));
 }
 
 void frmExpert::Append(const QString& text)

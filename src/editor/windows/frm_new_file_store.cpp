@@ -1,4 +1,5 @@
 #include "base/fatal_fault.h"
+#include "base/shown_path.h"
 #include "editor/windows/comment_page.h"
 #include "editor/windows/data_page.h"
 #include "editor/windows/formula_page.h"
@@ -70,7 +71,7 @@ bool frmNewFile::Kept(bool written)
             this, QStringLiteral("Stoikal"),
             QStringLiteral("Le fichier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1\n\n"
                            "Libérez de la place sur le disque, puis recommencez.")
-                .arg(m_work.Path()));
+                .arg(ShownPath(m_work.Path())));
     return written;
 }
 

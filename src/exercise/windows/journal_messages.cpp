@@ -1,5 +1,6 @@
 #include "exercise/windows/journal_messages.h"
 
+#include "base/shown_path.h"
 #include "exercise/results_journal.h"
 #include "forms/messages.h"
 
@@ -16,7 +17,7 @@ void WriteToJournal(ResultsJournal& journal, Messages& messages, QWidget* parent
                        "Le disque est peut-être plein.\n\n"
                        "Rien n'est perdu\u00A0: vous pouvez continuer, les lignes en attente seront\n"
                        "écrites dès que possible. Prévenez votre professeur.")
-            .arg(journal.Path()));
+            .arg(ShownPath(journal.Path())));
 }
 
 } // namespace stoikal

@@ -1,5 +1,6 @@
 #include "tools/windows/text_window.h"
 
+#include "base/shown_path.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
@@ -148,9 +149,9 @@ bool TextWindow::Load()
 {
     const auto lines = m_file.Load();
     if (!lines) {
-        m_doors.messages.Critical(
-            this, QStringLiteral("Stoikal"),
-            QStringLiteral("Le fichier ne peut pas être lu :\n%1\n(%2)").arg(Path(), lines.Reason()));
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"),
+                                  QStringLiteral("Le fichier ne peut pas être lu :\n%1\n(%2)")
+                                      .arg(ShownPath(Path()), lines.Reason()));
         return false;
     }
     ShowLines(*lines);
@@ -196,13 +197,13 @@ bool TextWindow::Save()
             this, QStringLiteral("Stoikal"),
             QStringLiteral("Un autre programme a modifié ce fichier depuis son ouverture :\n%1\n\n"
                            "Voulez-vous le remplacer par votre texte\u00A0?")
-                .arg(Path())))
+                .arg(ShownPath(Path()))))
         return false;
     const auto saved = m_file.Save(Lines());
     if (!saved) {
-        m_doors.messages.Critical(
-            this, QStringLiteral("Stoikal"),
-            QStringLiteral("Le texte n'a pas pu être enregistré :\n%1\n(%2)").arg(Path(), saved.Reason()));
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"),
+                                  QStringLiteral("Le texte n'a pas pu être enregistré :\n%1\n(%2)")
+                                      .arg(ShownPath(Path()), saved.Reason()));
         return false;
     }
     txtTexte->document()->setModified(false);
@@ -229,7 +230,8 @@ void TextWindow::cmdEditor_Click()
     if (!m_doors.programs.EditText(Path()))
         m_doors.messages.Critical(
             this, QStringLiteral("Erreur sur le chemin d'accés"),
-            QStringLiteral("Aucun éditeur de texte n'a pu être démarré pour le fichier :\n%1").arg(Path()));
+            QStringLiteral("Aucun éditeur de texte n'a pu être démarré pour le fichier :\n%1")
+                .arg(ShownPath(Path())));
 }
 
 bool TextWindow::MayClose()
@@ -239,7 +241,7 @@ bool TextWindow::MayClose()
             this, QStringLiteral("Stoikal"),
             QStringLiteral("Ce texte a été modifié et n'est pas enregistré :\n%1\n\n"
                            "Voulez-vous fermer la fenêtre sans l'enregistrer\u00A0?")
-                .arg(Path()));
+                .arg(ShownPath(Path())));
 }
 
 void TextWindow::OfferToSave()
@@ -248,7 +250,7 @@ void TextWindow::OfferToSave()
            && m_doors.messages.Ask(this, QStringLiteral("Stoikal"),
                                    QStringLiteral("Ce texte a été modifié et n'est pas enregistré :\n%1\n\n"
                                                   "Voulez-vous l'enregistrer avant de quitter\u00A0?")
-                                       .arg(Path())))
+                                       .arg(ShownPath(Path()))))
         Save();
 }
 

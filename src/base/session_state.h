@@ -36,15 +36,11 @@ struct SessionState {
     int NumeroLigne = 0; ///< its number in the file, from 1
 
     bool FichierAvancement = false; ///< some line of the open file has text behind "#"
-    bool ChoixSimulAffiche = false;
     bool SerieExercices = false; ///< on a progress file: the series rather than free simulation
     bool ChargesPresentes = false; ///< the current equation has a charged species
 
     std::int32_t ChargeTotalReactants = 0;
     std::int32_t ChargeTotalProducts = 0;
-
-    QString FichierTemporaire; ///< the editor's work file
-    std::int64_t FreqCompteur = 1; ///< counts a second of the high-resolution counter
 
     double ElapsedSeconds = 0; ///< what the stopwatch shows
     double BankedSeconds = 0; ///< seconds of a run before its last restart

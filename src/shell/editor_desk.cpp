@@ -48,7 +48,6 @@ EditorDesk::EditorDesk(Session& session, frmStoikal& mainWindow)
 
 frmNewFile::Doors EditorDesk::DoorsFor(const QString& workFile)
 {
-    m_session.state.FichierTemporaire = workFile;
     return {m_session.desktop.clock, m_session.messages, m_session.desktop.screen, m_session.settings,
             m_session.store,         workFile,           EquationFolder()};
 }

@@ -136,7 +136,6 @@ bool FileSession::ReadChosenFile()
 {
     SessionState& state = m_session.state;
     state.NumEquation = 0;
-    state.ChoixSimulAffiche = false;
     auto file = EquationFile::Open(state.CheminFichier);
     if (!file)
         throw FatalFault(file.Reason(), state.CheminFichier, 0, {});
@@ -148,7 +147,6 @@ bool FileSession::ReadChosenFile()
         return false;
     }
     if (state.FichierAvancement) {
-        state.ChoixSimulAffiche = true;
         frmChoixSimul window(&m_mainWindow);
         connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
@@ -190,7 +188,6 @@ void FileSession::StartRun(int equationCount)
 
 void FileSession::LeaveRun()
 {
-    m_session.state.ChoixSimulAffiche = false;
     m_session.run.Close();
     Q_EMIT ToolsToHide();
     m_desk.CloseExercise();

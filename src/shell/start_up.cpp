@@ -56,8 +56,8 @@ void StartUp::Run()
     FindSettingsFile(state, m_session.desktop, m_session.messages, &m_mainWindow);
     // The package of the distribution enters the file types.
     m_steps << QStringLiteral("file types");
+    // The clock itself knows how often it counts.
     m_steps << QStringLiteral("counter");
-    state.FreqCompteur = m_session.desktop.clock.CountsPerSecond();
     m_steps << QStringLiteral("menus");
     SetFileSessionMenus(m_session.menu, false);
     m_session.menu.SetChecked("Mnu_Atome", true);

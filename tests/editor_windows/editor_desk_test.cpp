@@ -54,15 +54,14 @@ protected:
 
 TEST_F(EditorDeskTest, ActionOneOpensABlankEditorModally)
 {
-    InTheEditor([](QWidget& editor) {
+    InTheEditor([this](QWidget& editor) {
         EXPECT_TRUE(editor.isModal());
+        EXPECT_TRUE(QFile::exists(WorkPath()));
         EXPECT_EQ(Control<QAbstractButton>(editor, "cmdValid").text(), u"Création"_s);
         EXPECT_EQ(Formula(editor, 0), QString());
     });
 
     Desk().OpenNew();
-
-    EXPECT_EQ(State().FichierTemporaire, WorkPath());
 }
 
 TEST_F(EditorDeskTest, EditorHasItsTitleBarOnTheScreen)

@@ -217,14 +217,11 @@ TEST_F(OpeningAFile, RefusesAFileWithoutEquations)
 
 TEST_F(OpeningAFile, AsksForSeriesOrSimulationWhenAFileHasData)
 {
-    OpenFile({u"H2+O2=H2O/2,1,2#Q1,Q1,Q0"_s}, u"Avancement.Avt"_s, [this](QWidget& window) {
-        EXPECT_TRUE(State().ChoixSimulAffiche);
-        Click(Control<QPushButton>(window, "cmdChoix"));
-    });
+    OpenFile({u"H2+O2=H2O/2,1,2#Q1,Q1,Q0"_s}, u"Avancement.Avt"_s,
+             [](QWidget& window) { Click(Control<QPushButton>(window, "cmdChoix")); });
 
     EXPECT_TRUE(State().FichierAvancement);
     EXPECT_TRUE(State().SerieExercices);
-    EXPECT_TRUE(State().ChoixSimulAffiche);
     EXPECT_TRUE(State().IsScored());
 }
 
@@ -243,7 +240,6 @@ TEST_F(OpeningAFile, AsksNothingForAFileWithoutData)
     OpenFile({u"'Voir #"_s, u"H2+O2=H2O/2,1,2"_s});
 
     EXPECT_FALSE(State().FichierAvancement);
-    EXPECT_FALSE(State().ChoixSimulAffiche);
     EXPECT_TRUE(State().IsScored());
 }
 

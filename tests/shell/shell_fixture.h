@@ -249,7 +249,6 @@ protected:
         EXPECT_EQ(State().CheminFichier, QString());
         EXPECT_EQ(State().TitreFichier, QString());
         EXPECT_EQ(State().NumEquation, 0);
-        EXPECT_FALSE(State().ChoixSimulAffiche);
         for (const char* const window : {"frmEquation", "frmReactif", "frmProduit", "frmCharge", "frmNote"})
             EXPECT_EQ(FindWindow(window), nullptr) << window;
     }

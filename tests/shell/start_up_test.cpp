@@ -73,7 +73,6 @@ TEST_F(StartOfTheProgram, HasDoneEachStepBeforeTheNext)
         EXPECT_EQ(State().HauteurUtile, 10770);
         EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0"_s);
         EXPECT_EQ(State().IniUtilisateur.isEmpty(), isFirst);
-        EXPECT_EQ(State().FreqCompteur, isFirst ? 1 : 10);
         EXPECT_FALSE(shell->State().journal.IsOpen());
         EXPECT_FALSE(shell->MainWindow().isVisible());
     };

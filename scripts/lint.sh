@@ -30,6 +30,13 @@ report "pictures" "$output" $?
 absent "numbers are read and shown in one place" '\b(std::stod|std::stof|strtod|std::to_string|printf)\b|%L1' 'src/*.cpp' 'src/*.h'
 absent "message boxes in one place" '#include <QMessageBox>' 'src/*.cpp' 'src/*.h' ':!src/forms/messages.h' ':!src/forms/messages.cpp'
 absent "no silent toolkit assertions" '\b(QVERIFY2?|QCOMPARE|QTRY_[A-Z]+)\(' 'tests/*.cpp' 'tests/*.h'
+# A second arg would fill a "%1" that the first one has brought in, as a file's name may.
+output=$(git ls-files -co --exclude-standard 'src/*.cpp' 'src/*.h' | xargs perl -0777 -ne '
+  while (/\.arg(\((?:[^()"\x27]|"(?:\\.|[^"\\])*"|\x27(?:\\.|[^\x27])*\x27|(?1))*\))\s*\.arg\(/g) {
+    print "$ARGV: .arg$1.arg(\n";
+  }')
+report "texts are filled in at once" "$output" "$([ -z "$output" ] && echo 0 || echo 1)"
+absent "paths are shown in one way" 'toNativeSeparators' 'src/*.cpp' 'src/*.h' ':!src/base/shown_path.cpp'
 absent "environment behind its door" 'qEnvironmentVariable|qgetenv|getenv' 'src/*.cpp' 'src/*.h' ':!src/platform/*' ':!src/main.cpp'
 
 if [ "${1:-}" != --quick ]; then

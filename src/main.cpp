@@ -43,7 +43,7 @@ int main(int argc, char** argv)
     const QString program = desktop.folders.Program();
     QIcon icon;
     for (const int side : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral("%1/icon_%2.png").arg(program).arg(side), QSize(side, side));
+        icon.addFile(QStringLiteral("%1/icon_%2.png").arg(program, QString::number(side)), QSize(side, side));
     QApplication::setWindowIcon(icon);
 
     DesktopMessages messages;

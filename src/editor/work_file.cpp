@@ -33,7 +33,7 @@ QString SlotKey(QLatin1String kind, std::size_t slot)
 /// A text longer than the store takes goes on under "Comment.2", "Comment.3".
 QString PieceKey(const QString& key, int piece)
 {
-    return piece == 1 ? key : QStringLiteral("%1.%2").arg(key).arg(piece);
+    return piece == 1 ? key : QStringLiteral("%1.%2").arg(key, QString::number(piece));
 }
 
 /// Where the piece that begins at `from` ends; a pair of surrogates stays whole.

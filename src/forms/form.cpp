@@ -15,7 +15,7 @@ bool IsHelpKey(const QEvent& event)
 
 QString ArrayName(const char* array, int index)
 {
-    return QStringLiteral("%1(%2)").arg(QLatin1String(array)).arg(index);
+    return QStringLiteral("%1(%2)").arg(QLatin1String(array), QString::number(index));
 }
 
 Form::Form(const QString& name, const QString& caption, Kind kind, QWidget* parent)

@@ -176,8 +176,8 @@ void FileSession::RefuseEmptyFile()
 void FileSession::StartRun(int equationCount)
 {
     const QString& title = m_session.state.TitreFichier;
-    m_mainWindow.SetCaption(
-        QStringLiteral("%1 - %2 - %3 équations").arg(product::Caption(), title).arg(equationCount));
+    m_mainWindow.SetCaption(QStringLiteral("%1 - %2 - %3 équations")
+                                .arg(product::Caption(), title, QString::number(equationCount)));
     WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
                    HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
     SetFileSessionMenus(m_session.menu, true);

@@ -199,13 +199,9 @@ QString NetworkJournalName(const QString& user, const QDateTime& now)
     const QTime time = now.time();
     QString bareName = user;
     bareName.replace(QLatin1Char('/'), QLatin1Char('_'));
-    return QStringLiteral("EQU_%1_").arg(bareName)
-        + QStringLiteral("%1_%2_%3_%4_%5.txt")
-              .arg(day.day())
-              .arg(day.month())
-              .arg(day.year())
-              .arg(time.hour())
-              .arg(time.minute());
+    return QStringLiteral("EQU_%1_%2_%3_%4_%5_%6.txt")
+        .arg(bareName, QString::number(day.day()), QString::number(day.month()), QString::number(day.year()),
+             QString::number(time.hour()), QString::number(time.minute()));
 }
 
 void StartUp::OpenJournal()

@@ -71,6 +71,13 @@ TEST_F(OpeningAFile, AsksWhoThePupilIs)
         AsFileText({{}, Stars(), u"Nom élève :DUPONT"_s, u"Prénom élève :Paul"_s, u"Classe élève :3B"_s}));
 }
 
+TEST_F(OpeningAFile, ShowsTheNameInTheCaptionLetterForLetter)
+{
+    OpenFile(kThreeEquations, u"Dosage à 5%1.Equ"_s);
+
+    EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - Dosage à 5%1.Equ - 3 équations"_s);
+}
+
 TEST_F(OpeningAFile, GoesStraightToTheDialogWithANameKnown)
 {
     State().NomEleve = u"DUPONT"_s;

@@ -58,7 +58,7 @@ void AtomWindow::ShowAtoms(const AtomList& atoms, int scale)
         const ElementBall ball = ElementBySymbol(atoms.Symbol.at(i));
         m_kinds.push_back(
             {atoms.Symbol.at(i), FromBgr(ball.colour), ball.ballRadius, atoms.TotalCount.at(i)});
-        words << QStringLiteral("%1 %2").arg(atoms.TotalCount.at(i)).arg(ball.name);
+        words << QStringLiteral("%1 %2").arg(QString::number(atoms.TotalCount.at(i)), ball.name);
     }
     picAtomes->setAccessibleDescription(words.join(QStringLiteral(", ")));
     DrawAtoms();

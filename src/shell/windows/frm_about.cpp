@@ -67,10 +67,8 @@ void frmAbout::cmdSysInfo_Click()
                                           "%4\nQt\u00A0: %5\nÉcran\u00A0: %6 x %7 pixels (%8)")
                                .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(),
                                     QSysInfo::kernelVersion(), QSysInfo::currentCpuArchitecture(),
-                                    QString::fromLatin1(qVersion()))
-                               .arg(screen.width())
-                               .arg(screen.height())
-                               .arg(QGuiApplication::platformName()));
+                                    QString::fromLatin1(qVersion()), QString::number(screen.width()),
+                                    QString::number(screen.height()), QGuiApplication::platformName()));
 }
 
 } // namespace stoikal

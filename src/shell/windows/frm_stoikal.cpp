@@ -174,8 +174,8 @@ void frmStoikal::ListChildren()
             continue;
         if (m_childActions.isEmpty())
             m_childActions << m_viewMenu->addSeparator();
-        QAction* const action
-            = m_viewMenu->addAction(QStringLiteral("&%1 %2").arg(++number).arg(child->windowTitle()));
+        QAction* const action = m_viewMenu->addAction(
+            QStringLiteral("&%1 %2").arg(QString::number(++number), child->windowTitle()));
         action->setObjectName(QStringLiteral("Mnu_Fenetre(%1)").arg(number));
         connect(action, &QAction::triggered, m_area, [this, child] { m_area->setActiveSubWindow(child); });
         m_childActions << action;

@@ -83,6 +83,7 @@ class Dialogs
 {
 public:
     struct Request {
+        QString name; ///< of the dialog, by which tests and accessibility tools find it: "cdgOpen"
         QString title;
         QString folder;
         QStringList filters; ///< "Stoikal Equilibrage (*.Equ)"

@@ -63,7 +63,7 @@ namespace {
 
 std::optional<Dialogs::Choice> RunFileDialog(QFileDialog& dialog, const Dialogs::Request& request)
 {
-    dialog.setObjectName(QStringLiteral("cdgOpen"));
+    dialog.setObjectName(request.name);
     // Names are what a file is chosen by; sizes and kinds only squeeze them.
     dialog.setViewMode(QFileDialog::List);
     dialog.setNameFilters(request.filters);

@@ -36,7 +36,8 @@ QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages
                           QStringLiteral("Le fichier suivant est introuvable :\n%1\nVeuillez le localiser.")
                               .arg(ShownPath(landmark.shownPath)));
         const auto choice = desktop.dialogs.OpenFile(parent,
-                                                     {QStringLiteral("Localiser %1").arg(landmark.fileName),
+                                                     {QStringLiteral("cdgOpen"),
+                                                      QStringLiteral("Localiser %1").arg(landmark.fileName),
                                                       landmark.startFolder,
                                                       {landmark.filter},
                                                       0,

@@ -97,7 +97,7 @@ void EditorDesk::OpenExisting()
         return;
     const auto choice = m_session.desktop.dialogs.OpenFile(
         &m_mainWindow,
-        EquationFileRequest(m_session.settings, EquationFolder(),
+        EquationFileRequest(m_session.settings, EquationFolder(), QStringLiteral("cdgModif"),
                             QStringLiteral("Modifier un fichier d'équations")));
     if (!choice)
         return;

@@ -102,7 +102,8 @@ bool FileSession::ChooseFile()
     }
     const auto choice = m_session.desktop.dialogs.OpenFile(
         &m_mainWindow,
-        {QStringLiteral("Ouvrir un fichier d'équations"),
+        {QStringLiteral("cdgOpen"),
+         QStringLiteral("Ouvrir un fichier d'équations"),
          state.DossierDocuments + OwnFolder(),
          {QStringLiteral("Stoikal Equilibrage (*.Equ)"), QStringLiteral("Stoikal Avancement (*.Avt)")},
          byDefault == QLatin1String("AVT") ? 1 : 0,

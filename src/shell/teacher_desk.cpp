@@ -151,7 +151,8 @@ std::optional<QString> TeacherDesk::ChooseResults(const QString& title)
         return EquationFolder() + QStringLiteral("/Resultat.txt");
     const qsizetype end = state.FichierResultat.lastIndexOf(QLatin1Char('/'));
     const auto choice = m_session.desktop.dialogs.OpenFile(&m_others.mainWindow,
-                                                           {title,
+                                                           {QStringLiteral("cdgOpenFileResultat"),
+                                                            title,
                                                             state.FichierResultat.first(std::max(end, {})),
                                                             {QStringLiteral("Fichier texte (*.txt)")},
                                                             0,

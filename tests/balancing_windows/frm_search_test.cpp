@@ -438,6 +438,7 @@ TEST_F(FrmSearch, AsksForTheOutputInTheFolderOfEquations)
     SearchFor({u"H2"_s});
 
     ASSERT_EQ(dialogs.asked.size(), 2U);
+    EXPECT_EQ(dialogs.asked[0].name, u"cdgSave"_s);
     EXPECT_EQ(dialogs.asked[0].folder, equations);
     EXPECT_EQ(dialogs.asked[0].filters,
               QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));

@@ -122,6 +122,7 @@ TEST_F(EditorDeskTest, ActionTwoAsksForAFileAndOpensIt)
     Desk().OpenExisting();
 
     const Dialogs::Request& request = desktop.dialogs.asked.at(0);
+    EXPECT_EQ(request.name, u"cdgModif"_s);
     EXPECT_EQ(request.folder, EquationFolder());
     EXPECT_EQ(request.filters,
               QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));

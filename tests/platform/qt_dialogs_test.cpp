@@ -21,7 +21,8 @@ protected:
     {
         QFile file(folder.filePath(u"Serie.Equ"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        request = {u"Ouvrir un fichier d'équations"_s,
+        request = {u"cdgOpen"_s,
+                   u"Ouvrir un fichier d'équations"_s,
                    folder.path(),
                    {u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s},
                    1,
@@ -80,6 +81,26 @@ TEST_F(QtFileDialog, GivesTheFileAndTheFilterLeftActive)
     ASSERT_TRUE(choice.has_value());
     EXPECT_EQ(choice->path, folder.filePath(u"Serie.Equ"_s));
     EXPECT_EQ(choice->filter, 0);
+}
+
+TEST_F(QtFileDialog, StandsUnderTheNameOfItsRequest)
+{
+    QStringList names;
+    for (const char* const name : {"cdgModif", "cdgSave"}) {
+        request.name = QLatin1String(name);
+        script.On(name, [&names](QWidget& window) {
+            names << window.objectName();
+            dynamic_cast<QFileDialog&>(window).reject();
+        });
+        // A dialog under another name would stay open for ever.
+        QTimer giveUp;
+        giveUp.setSingleShot(true);
+        QObject::connect(&giveUp, &QTimer::timeout, [] { QApplication::activeModalWidget()->close(); });
+        giveUp.start(2000);
+        EXPECT_FALSE(dialogs.AppendToFile(nullptr, request).has_value());
+    }
+
+    EXPECT_EQ(names, QStringList({u"cdgModif"_s, u"cdgSave"_s}));
 }
 
 TEST_F(QtFileDialog, BeginsWithTheNameGiven)

@@ -113,6 +113,7 @@ TEST_F(DataFolders, AskForALostFolderOfSettings)
     ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
     EXPECT_EQ(desktop.dialogs.asked[0].folder,
               u"/Documents and Settings/All Users/Application Data/Tovik_MARLEN/Stoikal/"_s);
+    EXPECT_EQ(desktop.dialogs.asked[0].name, u"cdgOpen"_s);
     EXPECT_EQ(desktop.dialogs.asked[0].filters, QStringList{u"Fichier configuration (*.ini)"_s});
     EXPECT_EQ(desktop.dialogs.asked[0].fileName, u"Conf_EQU.ini"_s);
     EXPECT_EQ(session.DossierDonnees, folder.filePath(u"found/"_s));

@@ -77,6 +77,7 @@ TEST_F(NetworkClass, TeacherPicksAFileOfTheDepositToRead)
     ChooseAsTeacher("Mnu_Answer");
 
     ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
+    EXPECT_EQ(desktop.dialogs.asked[0].name, u"cdgOpenFileResultat"_s);
     EXPECT_EQ(desktop.dialogs.asked[0].folder, folder.filePath(u"share/Classe3"_s));
     EXPECT_EQ(desktop.dialogs.asked[0].filters, QStringList{u"Fichier texte (*.txt)"_s});
     auto* const text = qobject_cast<TextWindow*>(FindWindow("frmTexte"));

@@ -129,6 +129,7 @@ TEST_F(OpeningAFile, ShowsTheFolderAndTheFiltersOfEquationFiles)
 
     ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
     const Dialogs::Request& request = desktop.dialogs.asked[0];
+    EXPECT_EQ(request.name, u"cdgOpen"_s);
     EXPECT_EQ(request.folder, EquationFolder());
     EXPECT_EQ(request.filters,
               QStringList({u"Stoikal Equilibrage (*.Equ)"_s, u"Stoikal Avancement (*.Avt)"_s}));

@@ -135,8 +135,9 @@ void frmExpert::cmdClearList_Click()
 
 void frmExpert::cmdSave_Click()
 {
-    Dialogs::Request request = EquationFileRequest(Desktop().settings, Desktop().equationFolder,
-                                                   QStringLiteral("Sauvegarder l'équation"));
+    Dialogs::Request request
+        = EquationFileRequest(Desktop().settings, Desktop().equationFolder, QStringLiteral("cdgSave"),
+                              QStringLiteral("Sauvegarder l'équation"));
     // The file exists, but it is written to, not opened.
     request.accept = QStringLiteral("&Enregistrer");
     const auto choice = Desktop().dialogs.OpenFile(this, request);

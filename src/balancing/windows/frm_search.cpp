@@ -126,8 +126,9 @@ void frmSearch::SearchEquations()
 
 bool frmSearch::ChooseOutput(Gathering& gathering)
 {
-    Dialogs::Request request = EquationFileRequest(Desktop().settings, Desktop().equationFolder,
-                                                   QStringLiteral("Créer un fichier d'équations"));
+    Dialogs::Request request
+        = EquationFileRequest(Desktop().settings, Desktop().equationFolder, QStringLiteral("cdgSave"),
+                              QStringLiteral("Créer un fichier d'équations"));
     request.fileName = QStringLiteral("Nom_du_Fichier.EQU");
     const auto choice = Desktop().dialogs.AppendToFile(this, request);
     if (!choice)

@@ -4,10 +4,12 @@
 
 namespace stoikal {
 
-Dialogs::Request EquationFileRequest(const Settings& settings, const QString& folder, const QString& title)
+Dialogs::Request EquationFileRequest(const Settings& settings, const QString& folder, const QString& name,
+                                     const QString& title)
 {
     const QString byDefault = settings.Read(QStringLiteral("Options"), QStringLiteral("Files by default"));
-    return {title,
+    return {name,
+            title,
             folder,
             {QStringLiteral("Stoikal Equilibrage (*.Equ)"), QStringLiteral("Stoikal Avancement (*.Avt)")},
             byDefault == QLatin1String("AVT") ? 1 : 0,

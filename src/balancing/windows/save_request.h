@@ -6,9 +6,10 @@ namespace stoikal {
 
 class Settings;
 
-/// The request for the file that equations are added to: the equation files'
-/// folder and filters, the filter last used first.
-Dialogs::Request EquationFileRequest(const Settings& settings, const QString& folder, const QString& title);
+/// The request of the dialog of that name for an equation file: the equation
+/// files' folder and filters, the filter last used first.
+Dialogs::Request EquationFileRequest(const Settings& settings, const QString& folder, const QString& name,
+                                     const QString& title);
 
 /// Keeps the filter that was left active for the next time.
 void RememberFilter(Settings& settings, int filter);

@@ -38,17 +38,24 @@ QPoint PlaceOf(const QWidget& window, const Screen& screen)
     return {FromPixels(corner.x()), FromPixels(corner.y())};
 }
 
+namespace {
+
+/// A length that a section keeps, in twips; without one the length given.
+Twips KeptLength(const Settings& settings, const QString& section, const QString& key, Twips fallback)
+{
+    constexpr double kFarthest = 1e6;
+    const QString text = settings.Read(section, key);
+    return text.isEmpty() ? fallback
+                          : static_cast<Twips>(std::clamp(ReadFileNumber(text), -kFarthest, kFarthest));
+}
+
+} // namespace
+
 void RestorePlace(QWidget& window, const Screen& screen, const Settings& settings, const QString& section,
                   QPoint otherwise)
 {
-    const QString left = settings.Read(section, QStringLiteral("Left"));
-    const QString top = settings.Read(section, QStringLiteral("Top"));
-    const double farthest = 1e6;
-    const auto read = [farthest](const QString& text, int without) {
-        return text.isEmpty() ? without
-                              : static_cast<int>(std::clamp(ReadFileNumber(text), -farthest, farthest));
-    };
-    PlaceWindow(window, screen, read(left, otherwise.x()), read(top, otherwise.y()));
+    PlaceWindow(window, screen, KeptLength(settings, section, QStringLiteral("Left"), otherwise.x()),
+                KeptLength(settings, section, QStringLiteral("Top"), otherwise.y()));
 }
 
 void CentreOver(QWidget& window, const Screen& screen, const QWidget& other)
@@ -70,6 +77,24 @@ void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, 
     const QPoint place = PlaceOf(window, screen);
     settings.Write(section, QStringLiteral("Left"), QString::number(place.x()));
     settings.Write(section, QStringLiteral("Top"), QString::number(place.y()));
+}
+
+QSize RememberedSize(const QWidget& window, const Settings& settings, const QString& section, QSize fallback)
+{
+    const auto read = [&](const QString& key, int pixels) {
+        const Twips kept = KeptLength(settings, section, key, 0);
+        return kept > 0 ? ToPixels(kept) : pixels;
+    };
+    return QSize(read(QStringLiteral("Width"), fallback.width()),
+                 read(QStringLiteral("Height"), fallback.height()))
+        .expandedTo(window.minimumSize());
+}
+
+void KeepPlaceAndSize(const QWidget& window, const Screen& screen, Settings& settings, const QString& section)
+{
+    KeepPlace(window, screen, settings, section);
+    settings.Write(section, QStringLiteral("Width"), QString::number(FromPixels(window.width())));
+    settings.Write(section, QStringLiteral("Height"), QString::number(FromPixels(window.height())));
 }
 
 } // namespace stoikal

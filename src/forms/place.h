@@ -38,6 +38,14 @@ void CentreOver(QWidget& window, const Screen& screen, const QWidget& other);
 /// Keeps the place of a window in a section of the settings.
 void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section);
 
+/// The size that a section of the settings keeps ("Width", "Height", in twips as the
+/// place); without one the size given. No smaller than the window may be.
+QSize RememberedSize(const QWidget& window, const Settings& settings, const QString& section, QSize fallback);
+
+/// Keeps the place and the size of a window in a section of the settings.
+void KeepPlaceAndSize(const QWidget& window, const Screen& screen, Settings& settings,
+                      const QString& section);
+
 /// The rectangle moved, not resized, into the area; one that is larger than the
 /// area keeps its upper left corner inside.
 QRect MovedInto(const QRect& rectangle, const QRect& area);

@@ -316,7 +316,7 @@ TEST_F(FrmHelp, PrintsThePageShown)
     EXPECT_TRUE(printer.text.contains(u"Les dix meilleurs"_s));
 }
 
-TEST_F(FrmHelp, KeepsItsPlaceAndSize)
+TEST_F(FrmHelp, KeepsItsPlaceAndSizeInTwips)
 {
     Open();
     window.setGeometry(40, 50, 700, 500);
@@ -325,12 +325,27 @@ TEST_F(FrmHelp, KeepsItsPlaceAndSize)
     window.Close();
 
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Width"_s), u"700"_s);
-    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Height"_s), u"500"_s);
+    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Left"_s), QString::number(place.x() * 15));
+    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Width"_s), u"10500"_s); // 700 * 15
+    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Height"_s), u"7500"_s);
     frmHelp again({messages, printer, screen, settings}, &home);
     again.DisplayContents(ShippedHelp("Stoikal.chm"), &home);
     EXPECT_EQ(again.size(), QSize(700, 500));
     EXPECT_EQ(again.pos(), place);
+}
+
+TEST_F(FrmHelp, SizeLeftInPixelsByAnEarlierProgramIsReadAsPixels)
+{
+    settings.Write(u"Help Window"_s, u"Left"_s, u"600"_s);
+    settings.Write(u"Help Window"_s, u"Top"_s, u"750"_s);
+    settings.Write(u"Help Window"_s, u"Width"_s, u"700"_s);
+    settings.Write(u"Help Window"_s, u"Height"_s, u"500"_s);
+
+    Open();
+
+    EXPECT_EQ(window.size(), QSize(700, 500));
+    EXPECT_EQ(window.pos(), QPoint(40, 50));
+    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Width"_s), u"10500"_s); // 700 * 15
 }
 
 TEST_F(FrmHelp, FitsIntoASmallScreen)

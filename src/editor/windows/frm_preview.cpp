@@ -1,7 +1,5 @@
 #include "editor/windows/frm_preview.h"
 
-#include "base/number_text.h"
-#include "base/settings_store.h"
 #include "forms/place.h"
 #include "platform/doors.h"
 
@@ -76,23 +74,17 @@ void frmPreview::RestorePlaceAndSize()
 {
     const QRect beside = BesideEditor();
     const QRect area = m_screen.WorkArea();
-    const auto size = [this](const QString& key, int smallest, int without, int largest) {
-        const double kept = ReadFileNumber(m_settings.Read(Section(), key));
-        const int pixels = kept > 0 ? ToPixels(static_cast<int>(std::min(kept, 1e6))) : without;
-        return std::clamp(pixels, smallest, std::max(smallest, largest));
-    };
-    resize(size(QStringLiteral("Width"), kSmallestWidth, beside.width(), area.width()),
-           size(QStringLiteral("Height"), kSmallestHeight, beside.height(), area.height()));
+    resize(RememberedSize(*this, m_settings, Section(), beside.size())
+               .boundedTo(area.size())
+               .expandedTo(minimumSize()));
     const QPoint corner = beside.topLeft() - area.topLeft();
     RestorePlace(*this, m_screen, m_settings, Section(),
                  QPoint(FromPixels(corner.x()), FromPixels(corner.y())));
 }
 
-void frmPreview::KeepPlaceAndSize()
+void frmPreview::KeepPlaceAndSize() const
 {
-    KeepPlace(*this, m_screen, m_settings, Section());
-    m_settings.Write(Section(), QStringLiteral("Width"), QString::number(FromPixels(width())));
-    m_settings.Write(Section(), QStringLiteral("Height"), QString::number(FromPixels(height())));
+    stoikal::KeepPlaceAndSize(*this, m_screen, m_settings, Section());
 }
 
 void frmPreview::Append(const QString& text)

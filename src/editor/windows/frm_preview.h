@@ -20,7 +20,7 @@ public:
 
     /// The place and size kept last; without them beside the editor.
     void RestorePlaceAndSize();
-    void KeepPlaceAndSize();
+    void KeepPlaceAndSize() const;
 
     /// Text behind what is shown.
     void Append(const QString& text);

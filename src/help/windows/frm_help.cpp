@@ -362,19 +362,33 @@ void frmHelp::ChangeZoom(int percent)
     ShowState();
 }
 
+/// Earlier programs kept the size in pixels beside a place in twips. A number of
+/// pixels of any screen is below the twips of the smallest window.
+void frmHelp::ConvertSizeInPixels()
+{
+    const auto convert = [this](const QString& key, int smallest) {
+        const double kept = ReadFileNumber(m_doors.settings.Read(Section(), key));
+        if (kept > 0 && kept < FromPixels(smallest))
+            m_doors.settings.Write(Section(), key, QString::number(FromPixels(static_cast<int>(kept))));
+    };
+    convert(u"Width"_s, minimumWidth());
+    convert(u"Height"_s, minimumHeight());
+}
+
 void frmHelp::RestoreSize()
 {
     const QRect area = m_doors.screen.WorkArea();
-    const auto read = [this](const QString& key, int without) {
-        const QString text = m_doors.settings.Read(Section(), key);
-        return text.isEmpty() ? without : static_cast<int>(std::clamp(ReadFileNumber(text), 0.0, 10000.0));
-    };
-    const QSize wanted(read(u"Width"_s, std::clamp(area.width() * 6 / 10, 860, 1120)),
-                       read(u"Height"_s, std::clamp(area.height() * 8 / 10, 560, 860)));
+    ConvertSizeInPixels();
+    const QSize wanted = RememberedSize(
+        *this, m_doors.settings, Section(),
+        {std::clamp(area.width() * 6 / 10, 860, 1120), std::clamp(area.height() * 8 / 10, 560, 860)});
     resize(wanted.boundedTo(area.size() - QSize(20, 60)).expandedTo(minimumSize()));
     RestorePlace(*this, m_doors.screen, m_doors.settings, Section(),
                  {FromPixels((area.width() - width()) / 2), FromPixels((area.height() - height()) / 2)});
-    m_page->SetZoom(read(u"Zoom"_s, 100));
+    const QString zoom = m_doors.settings.Read(Section(), u"Zoom"_s);
+    constexpr double kMostZoom = 10000;
+    m_page->SetZoom(zoom.isEmpty() ? 100
+                                   : static_cast<int>(std::clamp(ReadFileNumber(zoom), 0.0, kMostZoom)));
     ShowState();
 }
 
@@ -382,9 +396,7 @@ void frmHelp::KeepSize()
 {
     if (!m_hasBeenShown || isMaximized())
         return;
-    KeepPlace(*this, m_doors.screen, m_doors.settings, Section());
-    m_doors.settings.Write(Section(), u"Width"_s, QString::number(width()));
-    m_doors.settings.Write(Section(), u"Height"_s, QString::number(height()));
+    KeepPlaceAndSize(*this, m_doors.screen, m_doors.settings, Section());
 }
 
 void frmHelp::keyPressEvent(QKeyEvent* event)

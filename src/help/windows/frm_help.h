@@ -65,6 +65,7 @@ private:
     void Tell(const QString& text);
     void ShowState();
     void ChangeZoom(int percent);
+    void ConvertSizeInPixels();
     void RestoreSize();
     void KeepSize();
     QToolButton* NewTool(const QString& name, const QString& picture, const QString& words,

@@ -217,6 +217,28 @@ TEST_F(FrmNewFileWrite, LoadedCoefficientsStayUntilTheirEquationIsStored)
     EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/8,6,4\r\n"));
 }
 
+TEST_F(FrmNewFileWrite, UnknownSymbolOfTheBoxLeftByTheClickIsReported)
+{
+    OpenNew();
+    Name(u"Serie"_s);
+    Write({u"H2"_s, u"O2"_s, {}, u"H2O"_s});
+    Box(1).clear();
+    QTest::mouseClick(&Box(1), Qt::LeftButton);
+    Type(Box(1), u"Xx"_s);
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    // The symbol as its box is left, then the engine's question, then the failure.
+    ASSERT_EQ(messages.shown.size(), 3U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
+    EXPECT_EQ(messages.shown[0].title, u"Symbole d'atome inconnu"_s);
+    EXPECT_EQ(messages.shown[0].text,
+              u"Le symbole 'Xx' n'est pas le symbole d'un atome connu.\nVeuillez vérifier votre saisie."_s);
+    Settle();
+    EXPECT_EQ(messages.shown.size(), 3U) << "told once";
+}
+
 TEST_F(FrmNewFileWrite, FileThatCannotBeWrittenIsToldAndTheEditorStays)
 {
     ASSERT_TRUE(QDir(equationFolder.path()).mkpath(u"Serie.Equ/x"_s));

@@ -75,7 +75,10 @@ void frmNewFile::Connect()
         ShowUse();
         RefreshMVQCaptions();
     });
-    connect(m_formulas, &FormulaPage::BoxLeft, this, &frmNewFile::CheckLeftFormula, Qt::QueuedConnection);
+    connect(m_formulas, &FormulaPage::BoxLeft, this, [this](const QString& formula) {
+        m_leftFormulas << formula;
+        QMetaObject::invokeMethod(this, &frmNewFile::CheckLeftFormulas, Qt::QueuedConnection);
+    });
     connect(m_states, &StatePage::Edited, this, &frmNewFile::Edited);
     connect(m_comments, &CommentPage::Edited, this, &frmNewFile::Edited);
     connect(m_data, &DataPage::Edited, this, &frmNewFile::Edited);
@@ -300,7 +303,7 @@ bool frmNewFile::eventFilter(QObject* watched, QEvent* event)
 
 void frmNewFile::cmdInsEqu_Click()
 {
-    if (m_isBusy || !CheckEquationEntry() || !StoreEquation(m_desk.number))
+    if (!MayStore() || !StoreEquation(m_desk.number))
         return;
     InsertEquation(m_desk.number + 1);
 }
@@ -399,23 +402,40 @@ void frmNewFile::Unload(int result, bool workIsOver)
     done(result);
 }
 
-/// The symbols of a formula are checked when its box is left. The check waits
-/// while a button is pressed or the engine works: its box would swallow the click.
-void frmNewFile::CheckLeftFormula(const QString& formula)
+/// The symbols of a formula are checked when its box is left. The check waits while a
+/// button is pressed or the engine works: its box would swallow the click.
+void frmNewFile::CheckLeftFormulas()
 {
     constexpr int kPauseMs = 30;
-    if (m_isUnloaded || !isVisible())
+    if (m_leftFormulas.isEmpty() || m_isUnloaded || !isVisible())
         return;
     const QWidget* const modal = QApplication::activeModalWidget();
-    if (m_isBusy || QApplication::mouseButtons() != Qt::NoButton || (modal != nullptr && modal != this)) {
-        QTimer::singleShot(kPauseMs, this, [this, formula] { CheckLeftFormula(formula); });
+    if (m_isBusy || AButtonIsDown() || (modal != nullptr && modal != this)) {
+        QTimer::singleShot(kPauseMs, this, &frmNewFile::CheckLeftFormulas);
         return;
     }
+    ReportUnknownSymbols();
+}
+
+/// Of the mouse, or one of the window's that a key presses.
+bool frmNewFile::AButtonIsDown() const
+{
+    const auto buttons = findChildren<QAbstractButton*>();
+    return QApplication::mouseButtons() != Qt::NoButton
+        || std::any_of(buttons.begin(), buttons.end(),
+                       [](const QAbstractButton* button) { return button->isDown(); });
+}
+
+void frmNewFile::ReportUnknownSymbols()
+{
+    const QStringList formulas = std::exchange(m_leftFormulas, {});
     try {
-        CheckFormulaAtoms(formula, [this](const QString& symbol) {
-            m_doors.messages.Warning(this, QStringLiteral("Symbole d'atome inconnu"),
-                                     UnknownAtomMessage(symbol));
-        });
+        for (const QString& formula : formulas) {
+            CheckFormulaAtoms(formula, [this](const QString& symbol) {
+                m_doors.messages.Warning(this, QStringLiteral("Symbole d'atome inconnu"),
+                                         UnknownAtomMessage(symbol));
+            });
+        }
     } catch (const FatalFault& fault) {
         m_doors.messages.OperationFault(this, fault.OperationText());
     }

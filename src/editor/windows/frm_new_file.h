@@ -5,6 +5,7 @@
 #include "editor/work_file.h"
 #include "forms/form.h"
 
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -95,7 +96,10 @@ private:
     void FocusFirstFormula();
     void FocusPage();
     bool Kept(bool written);
-    void CheckLeftFormula(const QString& formula);
+    void CheckLeftFormulas();
+    void ReportUnknownSymbols();
+    bool MayStore();
+    bool AButtonIsDown() const;
     FileType Type() const;
 
     void txtNameFile_Change();
@@ -122,6 +126,7 @@ private:
     WorkEquation m_stored; ///< the equation shown, as it was stored or loaded last
     PreviewListing m_listing;
     std::vector<int> m_failed;
+    QStringList m_leftFormulas; ///< of boxes that the keyboard left, their symbols not checked yet
     bool m_isShowing = false; ///< the boxes are being filled by program
     bool m_isBusy = false; ///< the engine is at work
     bool m_focusWaits = false;

@@ -101,6 +101,15 @@ bool frmNewFile::StoreEquation(int number)
     return fault.isEmpty();
 }
 
+/// A box that a button's click left is checked before the button does its work.
+bool frmNewFile::MayStore()
+{
+    if (m_isBusy)
+        return false;
+    ReportUnknownSymbols();
+    return CheckEquationEntry();
+}
+
 bool frmNewFile::CheckAndStore()
 {
     if (m_isBusy || !CheckEquationEntry() || !StoreEquation(m_desk.number))

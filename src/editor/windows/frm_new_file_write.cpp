@@ -26,7 +26,7 @@ bool HoldsForbiddenSign(const QString& name)
 
 void frmNewFile::cmdValid_Click()
 {
-    if (m_isBusy || !CheckEquationEntry())
+    if (!MayStore())
         return;
     const QString name = txtNameFile->text().trimmed();
     if (!NameIsFit(name))

@@ -60,6 +60,21 @@ QString EngineText(const WorkEquation& equation)
     }
 }
 
+/// An equation with the coefficients that it holds.
+QString HeldText(const WorkEquation& equation)
+{
+    std::array<double, WorkEquation::kSlots> coefficients{};
+    // A coefficient of 1 is not written, and so none stands where none is known.
+    std::transform(
+        equation.Coeff.begin(), equation.Coeff.end(), coefficients.begin(),
+        [](const QString& coefficient) { return coefficient.isEmpty() ? 1 : ReadFileNumber(coefficient); });
+    const QString line = result_text::Line(TaskOf(equation, 0, false), coefficients);
+    return equation.HasCoefficients() ? line
+                                      : line
+            + QStringLiteral("     Les coefficients manquent\u00A0: ils seront calculés quand vous passerez "
+                             "par cette équation.\n");
+}
+
 } // namespace
 
 BalancingTask TaskOf(const WorkEquation& equation, int number, bool showsComment)
@@ -88,28 +103,13 @@ void EnterBalancing(WorkEquation& equation, int number, bool showsComment, Balan
     }
 }
 
-void EnterBalancingSilently(WorkEquation& equation)
-{
-    SilentObserver observer(true);
-    try {
-        EnterBalancing(equation, 0, false, observer);
-    } catch (const FatalFault&) {
-        // ECHEC says it, and the preview names the cause.
-        Q_ASSERT(equation.HasFailed());
-    }
-}
-
 QString PreviewListing::TextOf(const WorkEquation& equation, bool showsComments)
 {
     QString text;
     if (showsComments && !equation.Comment.isEmpty())
         text = equation.Comment + QStringLiteral("\n     ");
-    if (!equation.HasFailed() && equation.HasCoefficients()) {
-        std::array<double, WorkEquation::kSlots> coefficients{};
-        std::transform(equation.Coeff.begin(), equation.Coeff.end(), coefficients.begin(),
-                       [](const QString& coefficient) { return ReadFileNumber(coefficient); });
-        return text + result_text::Line(TaskOf(equation, 0, false), coefficients);
-    }
+    if (!equation.HasFailed())
+        return text + HeldText(equation);
     QString key = equation.ECHEC;
     for (const auto& texts : {equation.Molecule, equation.Etat}) {
         for (const QString& part : texts)

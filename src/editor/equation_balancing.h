@@ -17,13 +17,10 @@ BalancingTask TaskOf(const WorkEquation& equation, int number, bool showsComment
 /// the engine leaves ECHEC "1" and passes on.
 void EnterBalancing(WorkEquation& equation, int number, bool showsComment, BalancingObserver& observer);
 
-/// The same, asking nothing: unknown symbols are kept, and a FatalFault is a
-/// failure like the others.
-void EnterBalancingSilently(WorkEquation& equation);
-
 /// The text of the preview: the head, then each equation with its number. What
-/// an equation holds is shown as it is; one that failed, or has no coefficients
-/// yet, is balanced again for its text, and no question is asked about it.
+/// an equation holds is shown as it is; where coefficients are missing, that is
+/// said. For the cause of a failure the engine works once more, and no question is
+/// asked about it; an equation that nobody tried to balance it never sees.
 class PreviewListing
 {
 public:

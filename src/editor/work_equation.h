@@ -33,6 +33,19 @@ struct WorkEquation {
         }
         return true;
     }
+    /// Whether the engine has something to find: the coefficients are not all there,
+    /// or the last try failed.
+    bool NeedsBalancing() const { return HasFailed() || !HasCoefficients(); }
+    /// Enters the formulas. Others than before make another equation, of which no
+    /// coefficient is known.
+    void SetFormulas(const std::array<QString, kSlots>& formulas)
+    {
+        if (formulas == Molecule)
+            return;
+        Molecule = formulas;
+        Coeff.fill(QString());
+        ECHEC.clear();
+    }
     bool operator==(const WorkEquation&) const = default;
 };
 

@@ -238,14 +238,6 @@ bool WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& d
     });
 }
 
-bool WorkFile::StoreAll(const std::vector<std::pair<int, WorkEquation>>& equations)
-{
-    return m_store.Change(m_path, [&](ProfileText& file) {
-        for (const auto& [number, equation] : equations)
-            WriteEquation(file, number, equation);
-    });
-}
-
 bool WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
 {
     return m_store.Change(m_path, [&](ProfileText& file) {

@@ -7,7 +7,6 @@
 #include <QString>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace stoikal {
@@ -53,8 +52,6 @@ public:
     /// The numbers, 1 to `count`, of the equations that could not be balanced.
     std::vector<int> FailedEquations(int count) const;
 
-    /// Enters equations by their numbers.
-    [[nodiscard]] bool StoreAll(const std::vector<std::pair<int, WorkEquation>>& equations);
     /// Enters an equation, with the state of the desk.
     [[nodiscard]] bool Store(int number, const WorkEquation& equation, const WorkDesk& desk);
     /// Moves the equations `number` to `last` one up, which leaves a blank place;

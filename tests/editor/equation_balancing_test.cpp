@@ -22,7 +22,12 @@ WorkEquation Equation(const char* line)
 WorkEquation Balanced(const char* line)
 {
     WorkEquation equation = Equation(line);
-    EnterBalancingSilently(equation);
+    RecordingObserver observer;
+    try {
+        EnterBalancing(equation, 1, false, observer);
+    } catch (const FatalFault&) {
+        EXPECT_TRUE(equation.HasFailed());
+    }
     return equation;
 }
 
@@ -117,6 +122,29 @@ TEST(EnterBalancing, FormulasAreTrimmed)
     EXPECT_EQ(TaskOf(equation, 1, false).molecules[0], u"H2"_s);
 }
 
+TEST(WorkEquation, NeedsTheEngineUntilItHasAllItsCoefficients)
+{
+    EXPECT_TRUE(Equation("H2+O2=H2O").NeedsBalancing());
+    EXPECT_TRUE(Equation("H2+O2=H2O/2,1").NeedsBalancing());
+    EXPECT_FALSE(Equation("H2+O2=H2O/4,2,4").NeedsBalancing());
+    EXPECT_TRUE(Balanced("H2=O2/1,1").NeedsBalancing()) << "a failure";
+    EXPECT_FALSE(Balanced("H2+O2=H2O").NeedsBalancing());
+}
+
+TEST(WorkEquation, OtherFormulasLeaveNoCoefficientAndNoVerdict)
+{
+    WorkEquation equation = Balanced("H2+O2=H2O");
+    const WorkEquation before = equation;
+
+    equation.SetFormulas(before.Molecule);
+    EXPECT_EQ(equation, before);
+
+    equation.SetFormulas({u"H2"_s, u"Cl2"_s, {}, u"HCl"_s, {}, {}});
+    EXPECT_EQ(equation.Molecule[1], u"Cl2"_s);
+    EXPECT_EQ(equation.Coeff, Texts());
+    EXPECT_EQ(equation.ECHEC, QString());
+}
+
 TEST(PreviewListing, ShowsTheHeadAndEachEquationWithItsNumber)
 {
     EXPECT_EQ(Listing({Equation("H2+O2=H2O/2,1,2"), Equation("C+O2=CO2/1,1,1")}),
@@ -128,9 +156,13 @@ TEST(PreviewListing, ShowsTheCoefficientsThatTheFileHolds)
     EXPECT_EQ(Listing({Equation("H2+O2=H2O/4,2,4")}), u"Tête\n\n1) 4 H2 + 2 O2 -----> 4 H2O\n"_s);
 }
 
-TEST(PreviewListing, BalancesWhatHasNoCoefficientsYet)
+TEST(PreviewListing, SaysWhereCoefficientsAreMissingAndBalancesNothing)
 {
-    EXPECT_EQ(Listing({Equation("H2+O2=H2O")}), u"Tête\n\n1) 2 H2 + O2 -----> 2 H2O\n"_s);
+    const QString missing = u"     Les coefficients manquent\u00A0: ils seront calculés quand vous passerez "
+                            "par cette équation.\n"_s;
+
+    EXPECT_EQ(Listing({Equation("H2+O2=H2O"), Equation("H2+O2=H2O/2,1")}),
+              u"Tête\n\n1) H2 + O2 -----> H2O\n"_s + missing + u"2) 2 H2 + O2 -----> H2O\n"_s + missing);
 }
 
 TEST(PreviewListing, ShowsCommentsWhenTheyAreMarked)

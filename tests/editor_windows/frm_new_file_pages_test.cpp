@@ -75,8 +75,6 @@ TEST_F(FrmNewFilePages, UntickedStateIsEmptied)
     EXPECT_TRUE(Button("optEtat", 2).isChecked());
 
     Click(Button("chkEtat", 0));
-    Answer(true);
-    Answer(true);
     Store();
 
     EXPECT_EQ(Kept(1, "Etat1"), QString());
@@ -234,8 +232,6 @@ TEST_F(FrmNewFilePages, CommentStaysAsItIsWithoutTheMark)
 {
     OpenFile("A=A/1,1\r\n'Charbon\r\nC+O2=CO2/1,1,1\r\n");
     EXPECT_TRUE(Button("chkComment(1)").isChecked()) << "the file has comments";
-    Answer(true);
-    Answer(true);
     MoveTo(2);
     Tab(2);
     EXPECT_EQ(Line("txtComment(1)").text(), u"Charbon"_s);

@@ -196,25 +196,43 @@ TEST_F(FrmNewFileWrite, LastEquationTypedIsBalancedBeforeTheWriting)
     EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("(no file)"));
 }
 
-TEST_F(FrmNewFileWrite, LoadedEquationsWithoutCoefficientsGetThem)
+TEST_F(FrmNewFileWrite, EquationNeverShownIsWrittenWithTheCoefficientsThatItHolds)
 {
-    OpenFile("H2+O2=H2O\r\nAl+O2=Al2O3\r\n'deux\r\nC+O2=CO2/1,1,1\r\n");
+    OpenFile("H2+O2=H2O\r\nAl+O2=Al2O3\r\n'deux\r\nC+O2=CO2/2,2,2\r\n");
+    Answer(true);
+
+    Click(Button("cmdValid"));
+
+    // Only the first was shown, and is balanced as it is stored.
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s),
+              QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/,,\r\n'deux\r\nC+O2=CO2/2,2,2\r\n"));
+}
+
+TEST_F(FrmNewFileWrite, EquationNeverShownNeverBlocksTheWriting)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\nH2=O2\r\nH{=H\r\nXx=Xx2\r\n");
     Answer(true);
 
     Click(Button("cmdValid"));
 
     EXPECT_EQ(FileOf(u"Serie.Equ"_s),
-              QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/4,3,2\r\n'deux\r\nC+O2=CO2/1,1,1\r\n"));
+              QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nH2=O2/,\r\nH{=H/,\r\nXx=Xx2/,\r\n"));
+    ExpectCreated(u"Serie.Equ"_s);
 }
 
-TEST_F(FrmNewFileWrite, LoadedCoefficientsStayUntilTheirEquationIsStored)
+TEST_F(FrmNewFileWrite, CoefficientsStayWhileNothingOfTheirEquationChanges)
 {
-    OpenFile("H2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/8,6,4\r\n");
+    // The second cannot be balanced, and the third holds an unknown symbol.
+    const QByteArray lines = "H2+O2=H2O/4,2,4\r\nH2=O2/1,1\r\nXx+O2=XxO/2,1,2\r\n";
+    OpenFile(lines);
+    MoveTo(3);
+    MoveTo(1);
     Answer(true);
 
     Click(Button("cmdValid"));
 
-    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+O2=H2O/2,1,2\r\nAl+O2=Al2O3/8,6,4\r\n"));
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), "'\r\n" + lines);
+    EXPECT_EQ(messages.shown.size(), 2U) << "the question and the end";
 }
 
 TEST_F(FrmNewFileWrite, UnknownSymbolOfTheBoxLeftByTheClickIsReported)

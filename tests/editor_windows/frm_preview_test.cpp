@@ -56,7 +56,8 @@ TEST_F(FrmPreview, FollowsEveryStore)
 
 TEST_F(FrmPreview, NamesTheCauseOfAFailure)
 {
-    OpenFile("H2=O2/1,1\r\n");
+    OpenFile("H2+O2=H2O/2,1,2\r\n");
+    Write({u"H2"_s, {}, {}, u"O2"_s});
 
     Click(Button("chkPreview"));
 
@@ -72,7 +73,7 @@ TEST_F(FrmPreview, CauseOfTheFailureStandsInSight)
 {
     QByteArray lines;
     for (int number = 1; number <= 30; ++number)
-        lines += number == 20 ? "H2=O2/1,1\r\n" : "C+O2=CO2/1,1,1\r\n";
+        lines += number == 20 ? "H2=O2\r\n" : "C+O2=CO2/1,1,1\r\n";
     OpenFile(lines);
     MoveTo(20);
     Click(Button("chkPreview"));
@@ -97,7 +98,7 @@ TEST_F(FrmPreview, RefreshingAsksNoQuestion)
     Click(Button("chkPreview"));
 
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_TRUE(PreviewText().contains(u"2) 2 Xx + O2 -----> 2 XxO\n"_s));
+    EXPECT_TRUE(PreviewText().contains(u"2) Xx + O2 -----> XxO\n     Les coefficients manquent"_s));
 }
 
 TEST_F(FrmPreview, ShowsCommentsOfEquationsByTheirMark)

@@ -112,7 +112,6 @@ private:
     void cmdValid_Click();
     bool NameIsFit(const QString& name);
     bool MayWrite(const QString& fileName);
-    bool BalanceTheUntried();
     void WriteFile(const QString& fileName);
     void Unload(int result, bool workIsOver);
     void UnloadPreview();

@@ -32,7 +32,7 @@ QString SlotCaption(std::size_t slot, const QString& formula)
 WorkEquation frmNewFile::Entered() const
 {
     WorkEquation equation = m_stored;
-    equation.Molecule = m_formulas->Texts();
+    equation.SetFormulas(m_formulas->Texts());
     for (std::size_t slot = 0; slot < WorkEquation::kSlots; ++slot) {
         equation.Etat.at(slot) = m_states->State(slot, m_stored.Etat.at(slot));
         if (Type() == FileType::Avt && equation.IsInUse(slot))
@@ -40,9 +40,6 @@ WorkEquation frmNewFile::Entered() const
     }
     if (m_comments->TakesComments())
         equation.Comment = m_comments->Comment();
-    // Another equation than the one that was balanced.
-    if (equation.Molecule != m_stored.Molecule)
-        equation.ECHEC.clear();
     return equation;
 }
 
@@ -79,8 +76,7 @@ bool frmNewFile::StoreEquation(int number)
 {
     WorkEquation equation = Entered();
     QString fault;
-    // What is balanced already is not asked about again.
-    if (equation.ECHEC != QLatin1String("0") || !equation.HasCoefficients()) {
+    if (equation.NeedsBalancing()) {
         m_isBusy = true;
         try {
             EnterBalancing(equation, number, m_comments->TakesComments(), *this);

@@ -4,11 +4,8 @@
 #include "editor/windows/frm_new_file.h"
 #include "forms/messages.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProgressBar>
 #include <algorithm>
 
 namespace stoikal {
@@ -32,7 +29,7 @@ void frmNewFile::cmdValid_Click()
     if (!NameIsFit(name))
         return;
     const QString fileName = EquationFileName(name, Type());
-    if (!MayWrite(fileName) || !StoreEquation(m_desk.number) || !BalanceTheUntried())
+    if (!MayWrite(fileName) || !StoreEquation(m_desk.number))
         return;
     RefreshPreview(m_desk.count);
     if (!m_failed.empty()) {
@@ -73,29 +70,6 @@ bool frmNewFile::MayWrite(const QString& fileName)
                                 QStringLiteral("Le fichier %1 existe déjà.\n"
                                                "Voulez-vous écraser celui existant ?")
                                     .arg(fileName));
-}
-
-/// Equations that were loaded without coefficients, and never shown since, get
-/// theirs. False when the work file cannot be written.
-bool frmNewFile::BalanceTheUntried()
-{
-    const std::vector<WorkEquation> equations = m_work.Equations(m_desk.count);
-    std::vector<std::pair<int, WorkEquation>> balanced;
-    pgbCompteur->setRange(0, m_desk.count);
-    for (int number = 1; number <= m_desk.count; ++number) {
-        WorkEquation equation = equations.at(static_cast<std::size_t>(number) - 1);
-        if (!equation.ECHEC.isEmpty() || equation.HasCoefficients())
-            continue;
-        m_isBusy = true;
-        pgbCompteur->setValue(number);
-        pgbCompteur->show();
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        EnterBalancingSilently(equation);
-        balanced.emplace_back(number, equation);
-    }
-    m_isBusy = false;
-    pgbCompteur->hide();
-    return balanced.empty() || Kept(m_work.StoreAll(balanced));
 }
 
 void frmNewFile::WriteFile(const QString& fileName)

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace stoikal {
 namespace {
@@ -135,7 +136,9 @@ Outcome<LoadedFile> LoadFileIntoEditor(const QString& path)
     const auto bytes = ReadEquationFile(path);
     if (!bytes)
         return Failure{bytes.Reason()};
-    return ReadEquations(*bytes, path);
+    LoadedFile loaded = ReadEquations(*bytes, path);
+    loaded.version = VersionOf(QFileInfo(path).fileName(), *bytes);
+    return loaded;
 }
 
 QByteArray EquationFileBytes(const QString& head, const std::vector<WorkEquation>& equations, FileType type)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/outcome.h"
+#include "editor/loaded_version.h"
 #include "editor/work_equation.h"
 
 #include <QByteArray>
@@ -14,6 +15,7 @@ namespace stoikal {
 struct LoadedFile {
     QString head; ///< the comment lines before the first equation, parted by "\n"
     std::vector<WorkEquation> equations;
+    LoadedVersion version; ///< empty where only bytes were read
 };
 
 /// Reads the bytes of an equation file. A line is a comment when an apostrophe

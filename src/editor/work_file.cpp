@@ -113,7 +113,8 @@ void WriteDesk(ProfileText& file, const WorkDesk& desk)
     WriteText(file, section, QStringLiteral("Entete"), OneLine(desk.head));
     WriteText(file, section, QStringLiteral("Nombre"), QString::number(desk.count));
     WriteText(file, section, QStringLiteral("Numero"), QString::number(desk.number));
-    WriteText(file, section, QStringLiteral("Existant"), FlagText(desk.isExisting));
+    WriteText(file, section, QStringLiteral("Origine"), desk.loaded.fileName);
+    WriteText(file, section, QStringLiteral("Empreinte"), desk.loaded.digest);
     WriteText(file, section, QStringLiteral("EnCours"), FlagText(desk.isUnfinished));
 }
 
@@ -284,7 +285,8 @@ std::optional<WorkDesk> WorkFile::LeftBehind() const
     desk.head = ManyLines(ReadText(file, section, QStringLiteral("Entete")));
     desk.count = CountIn(file, "Nombre");
     desk.number = std::min(CountIn(file, "Numero"), desk.count);
-    desk.isExisting = ReadFlag(file, "Existant");
+    desk.loaded.fileName = ReadText(file, section, QStringLiteral("Origine"));
+    desk.loaded.digest = ReadText(file, section, QStringLiteral("Empreinte"));
     return desk;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/file_lock.h"
 #include "base/outcome.h"
+#include "editor/loaded_version.h"
 #include "editor/work_equation.h"
 
 #include <QString>
@@ -21,9 +22,11 @@ struct WorkDesk {
     QString head; ///< the comment at the file's head, lines parted by "\n"
     int count = 1; ///< equations, from 1
     int number = 1; ///< the one shown, 1 to count
-    bool isExisting = false; ///< a file that was there before is being changed
+    LoadedVersion loaded; ///< the file that is being changed; empty for a new one
     bool isUnfinished = false; ///< something was entered that is in no equation file yet
 
+    /// Whether a file that was there before is being changed.
+    bool IsExisting() const { return !loaded.fileName.isEmpty(); }
     bool operator==(const WorkDesk&) const = default;
 };
 

@@ -251,7 +251,7 @@ TEST_F(WorkFileTest, FinishedWorkIsNotOffered)
 TEST_F(WorkFileTest, UnfinishedWorkTellsAllThatTheEditorNeeds)
 {
     Enter({u"H2"_s, u"C"_s, u"S"_s});
-    desk = {u"Série 1"_s, FileType::Avt, u"un\n\ndeux "_s, 3, 2, true, true};
+    desk = {u"Série 1"_s, FileType::Avt, u"un\n\ndeux "_s, 3, 2, {u"Série.Avt"_s, u"0a1b"_s}, true};
 
     ASSERT_TRUE(work.Store(2, Simple(u"C"_s, u"CO2"_s), desk));
 

@@ -44,7 +44,7 @@ protected:
         first.Molecule = {u"H2"_s, u"O2"_s, {}, u"H2O"_s, {}, {}};
         WorkEquation second;
         second.Molecule[0] = u"C"_s;
-        ASSERT_TRUE(work.BeginWith({name, FileType::Equ, u"Tête"_s, 2, 2, false, true}, {first, second}));
+        ASSERT_TRUE(work.BeginWith({name, FileType::Equ, u"Tête"_s, 2, 2, {}, true}, {first, second}));
     }
 
     void Answer(bool yes) { messages.answers.push_back(yes ? QMessageBox::Yes : QMessageBox::No); }

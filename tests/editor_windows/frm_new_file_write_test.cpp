@@ -257,6 +257,43 @@ TEST_F(FrmNewFileWrite, UnknownSymbolOfTheBoxLeftByTheClickIsReported)
     EXPECT_EQ(messages.shown.size(), 3U) << "told once";
 }
 
+TEST_F(FrmNewFileWrite, FileWrittenOverByAnotherIsToldInTheQuestion)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\n");
+    Put(u"Serie.Equ"_s, "C+O2=CO2/1,1,1\r\n");
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Question, u"Fichier existant"_s,
+              u"Le fichier Serie.Equ existe déjà.\n"
+              "Il a été modifié ailleurs depuis que vous l'avez ouvert\u00A0: si vous l'écrasez, ces "
+              "modifications seront perdues.\n"
+              "Voulez-vous écraser celui existant ?"_s);
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("C+O2=CO2/1,1,1\r\n"));
+    EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(FrmNewFileWrite, FileDeletedByAnotherIsNotMadeAnewUnasked)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\n");
+    ASSERT_TRUE(QFile::remove(equationFolder.filePath(u"Serie.Equ"_s)));
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Question, u"Stoikal"_s,
+              u"Le fichier Serie.Equ a été supprimé ou renommé depuis que vous l'avez ouvert.\n"
+              "Voulez-vous le créer de nouveau\u00A0?"_s);
+    EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
+
+    Answer(true);
+    Click(Button("cmdValid"));
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+O2=H2O/2,1,2\r\n"));
+}
+
 TEST_F(FrmNewFileWrite, FileThatCannotBeWrittenIsToldAndTheEditorStays)
 {
     ASSERT_TRUE(QDir(equationFolder.path()).mkpath(u"Serie.Equ/x"_s));

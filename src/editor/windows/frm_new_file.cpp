@@ -121,7 +121,7 @@ bool frmNewFile::LoadFileIntoEditor(const QString& fileName, FileType type)
     desk.type = type;
     desk.head = loaded->head;
     desk.count = std::max(1, static_cast<int>(loaded->equations.size()));
-    desk.isExisting = true;
+    desk.loaded = loaded->version;
     if (!Kept(m_work.BeginWith(desk, loaded->equations)))
         return false;
     const bool hasComments = std::any_of(loaded->equations.begin(), loaded->equations.end(),
@@ -147,10 +147,10 @@ void frmNewFile::ShowDesk(const WorkDesk& desk, bool takesComments)
     optType[desk.type == FileType::Avt ? 1 : 0]->setChecked(true);
     m_comments->ShowHead(desk.head);
     m_comments->TakeComments(takesComments);
-    cmdValid->setText(desk.isExisting ? QStringLiteral("Enregistrement") : QStringLiteral("Création"));
+    cmdValid->setText(desk.IsExisting() ? QStringLiteral("Enregistrement") : QStringLiteral("Création"));
     m_isShowing = false;
     GoTo(desk.number);
-    if (desk.isExisting)
+    if (desk.IsExisting())
         m_formulas->FocusFirst();
 }
 

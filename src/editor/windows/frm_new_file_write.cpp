@@ -19,6 +19,32 @@ bool HoldsForbiddenSign(const QString& name)
     });
 }
 
+QString TitleAbout(WritingTarget target)
+{
+    return target == WritingTarget::DeletedSinceLoaded ? QStringLiteral("Stoikal")
+                                                       : QStringLiteral("Fichier existant");
+}
+
+/// The question before the writing, with "%1" for the file.
+QString QuestionAbout(WritingTarget target)
+{
+    switch (target) {
+    case WritingTarget::ChangedSinceLoaded:
+        return QStringLiteral("Le fichier %1 existe déjà.\n"
+                              "Il a été modifié ailleurs depuis que vous l'avez ouvert\u00A0: si vous "
+                              "l'écrasez, ces modifications seront perdues.\n"
+                              "Voulez-vous écraser celui existant ?");
+    case WritingTarget::DeletedSinceLoaded:
+        return QStringLiteral("Le fichier %1 a été supprimé ou renommé depuis que vous l'avez ouvert.\n"
+                              "Voulez-vous le créer de nouveau\u00A0?");
+    case WritingTarget::Free:
+    case WritingTarget::Existing:
+        break;
+    }
+    return QStringLiteral("Le fichier %1 existe déjà.\n"
+                          "Voulez-vous écraser celui existant ?");
+}
+
 } // namespace
 
 void frmNewFile::cmdValid_Click()
@@ -56,7 +82,8 @@ bool frmNewFile::NameIsFit(const QString& name)
     return false;
 }
 
-/// Whether no file of the name is there, or it may be overwritten.
+/// Whether no file of the name is there, or it may be overwritten; nor is the file that
+/// was loaded gone, or it may be made anew.
 bool frmNewFile::MayWrite(const QString& fileName)
 {
     flbAllFilesEQU->clear();
@@ -64,12 +91,9 @@ bool frmNewFile::MayWrite(const QString& fileName)
     // A folder that is not there yet is made by the writing, or its trouble told there.
     if (files)
         flbAllFilesEQU->addItems(*files);
-    if (flbAllFilesEQU->findItems(fileName, Qt::MatchFixedString).isEmpty())
-        return true;
-    return m_doors.messages.Ask(this, QStringLiteral("Fichier existant"),
-                                QStringLiteral("Le fichier %1 existe déjà.\n"
-                                               "Voulez-vous écraser celui existant ?")
-                                    .arg(fileName));
+    const WritingTarget target = FindWritingTarget(m_doors.equationFolder, fileName, m_desk.loaded);
+    return target == WritingTarget::Free
+        || m_doors.messages.Ask(this, TitleAbout(target), QuestionAbout(target).arg(fileName));
 }
 
 void frmNewFile::WriteFile(const QString& fileName)

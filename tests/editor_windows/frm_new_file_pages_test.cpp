@@ -1,5 +1,6 @@
 #include "editor_windows/editor_bench.h"
 
+#include <QClipboard>
 #include <QGroupBox>
 
 namespace stoikal {
@@ -22,6 +23,14 @@ protected:
     QString FrameTitle(int slot)
     {
         return Control<QGroupBox>(*editor, qPrintable(ArrayName("fraMVQ", slot))).title();
+    }
+    /// A progress file with a first reactant, on the page of its data.
+    void OpenData()
+    {
+        OpenNew();
+        Click(Button("optType(1)"));
+        Type(Box(0), u"H2"_s);
+        Tab(3);
     }
     /// Stores the equation shown, which stays: the one inserted goes again.
     void Store()
@@ -158,16 +167,62 @@ TEST_F(FrmNewFilePages, FirstKindIsChosenForANewDatum)
     EXPECT_FALSE(Button("optMVQ", 3).isChecked());
 }
 
-TEST_F(FrmNewFilePages, DatumCannotBeCutInTwoByASecondComma)
+TEST_F(FrmNewFilePages, RefusedCharacterOfADatumIsTold)
 {
-    OpenNew();
-    Click(Button("optType(1)"));
-    Type(Box(0), u"H2"_s);
-    Tab(3);
+    OpenData();
 
-    Type(Data(0), u"1,2,3x"_s);
+    Type(Data(0), u"-"_s);
+    ExpectBox(QMessageBox::Critical, u"Erreur sur saisie."_s, u"Une donnée ne peut pas être négative."_s);
 
+    // A second comma would cut the datum in two in the file.
+    Type(Data(0), u"1,2,"_s);
+    ExpectBox(QMessageBox::Critical, u"Erreur sur saisie."_s, u"Ce nombre a déjà une virgule ou un point."_s);
+
+    Type(Data(0), u"3x"_s);
+    ExpectBox(QMessageBox::Critical, u"Erreur sur saisie."_s, u"Veuillez saisir un chiffre."_s);
+    EXPECT_EQ(messages.shown.size(), 3U);
     EXPECT_EQ(Data(0).text(), u"1,23"_s);
+}
+
+TEST_F(FrmNewFilePages, PasteIntoADatumGoesThroughTheSameFilter)
+{
+    OpenData();
+    QApplication::clipboard()->setText(u"-1 234,5 g"_s);
+
+    Press(Data(0), Qt::Key_V, Qt::ControlModifier);
+
+    EXPECT_EQ(Data(0).text(), u"1234,5"_s);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text, u"Une donnée ne peut pas être négative."_s);
+}
+
+TEST_F(FrmNewFilePages, RefusedKeyLeavesTextSelectionAndCaretOfADatum)
+{
+    OpenData();
+    Type(Data(0), u"125"_s);
+
+    Data(0).setCursorPosition(1);
+    Type(Data(0), u"x"_s);
+    EXPECT_EQ(Data(0).text(), u"125"_s);
+    EXPECT_EQ(Data(0).cursorPosition(), 1);
+
+    Data(0).setSelection(1, 2);
+    Type(Data(0), u"-"_s);
+    EXPECT_EQ(Data(0).selectedText(), u"25"_s);
+    Type(Data(0), u"7"_s);
+    EXPECT_EQ(Data(0).text(), u"17"_s);
+}
+
+TEST_F(FrmNewFilePages, ClickIntoADatumSelectsAllOfIt)
+{
+    OpenData();
+    Type(Data(0), u"125"_s);
+    Box(0).window()->setFocus();
+
+    QTest::mouseClick(&Data(0), Qt::LeftButton);
+    Settle();
+
+    EXPECT_EQ(Data(0).selectedText(), u"125"_s);
 }
 
 TEST_F(FrmNewFilePages, LoadedDataAreShownWithTheirKind)

@@ -294,6 +294,59 @@ TEST_F(FrmNewFileWrite, FileDeletedByAnotherIsNotMadeAnewUnasked)
     EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+O2=H2O/2,1,2\r\n"));
 }
 
+TEST_F(FrmNewFileWrite, ProgressFileWithoutAnyDatumIsToldBeforeItIsWritten)
+{
+    OpenNew();
+    Name(u"Main"_s);
+    Click(Button("optType(1)"));
+    WriteWater();
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Question, u"Stoikal"_s,
+              u"Aucune équation n'a de donnée (masse, volume ou quantité de matière) différente de 0.\n"
+              "Stoikal se fermerait chez l'élève en arrivant à une telle équation.\n"
+              "Voulez-vous néanmoins enregistrer le fichier\u00A0?"_s);
+    EXPECT_EQ(FileOf(u"Main.Avt"_s), QByteArray("(no file)"));
+    EXPECT_EQ(unloads, 0);
+
+    Answer(true);
+    Click(Button("cmdValid"));
+    EXPECT_EQ(FileOf(u"Main.Avt"_s), kHead + "H2+O2=H2O/2,1,2#M,M,M\r\n");
+}
+
+TEST_F(FrmNewFileWrite, EquationsWithoutDatumAreNamed)
+{
+    OpenFile("H2+O2=H2O/2,1,2#Q1,Q0,Q0\r\nC+O2=CO2/1,1,1#Q0,Q0,Q0\r\nAl+O2=Al2O3/4,3,2#Q0,Q0,Q0\r\n",
+             u"Main.Avt"_s);
+    Answer(true);
+    Answer(false);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_TRUE(messages.shown[1].text.startsWith(u"Les équations n°\u00A02, 3 n'ont aucune donnée"_s));
+    EXPECT_EQ(unloads, 0);
+}
+
+TEST_F(FrmNewFileWrite, NegativeDatumOfAFileIsRefused)
+{
+    const QByteArray lines = "H2+O2=H2O/2,1,2#Q1,Q-1,Q0\r\n";
+    OpenFile(lines, u"Main.Avt"_s);
+
+    Click(Button("cmdValid"));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Critical, u"Erreur sur saisie."_s,
+              u"La donnée de O2 est négative.\n"
+              "Veuillez saisir une masse, un volume ou une quantité de matière positive, ou 0."_s);
+    EXPECT_TRUE(Data(1).hasFocus()) << "on its page";
+    EXPECT_EQ(FileOf(u"Main.Avt"_s), lines);
+    EXPECT_EQ(unloads, 0);
+}
+
 TEST_F(FrmNewFileWrite, FileThatCannotBeWrittenIsToldAndTheEditorStays)
 {
     ASSERT_TRUE(QDir(equationFolder.path()).mkpath(u"Serie.Equ/x"_s));

@@ -1,13 +1,12 @@
 #include "editor/windows/data_page.h"
 
 #include "chemistry/formula.h"
+#include "editor/windows/datum_edit.h"
 #include "editor/windows/option_row.h"
 #include "editor/windows/slot_grid.h"
 #include "forms/form.h"
 
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
 namespace stoikal {
@@ -18,13 +17,13 @@ const char kLetters[] = "MVQ";
 
 } // namespace
 
-DataPage::DataPage(QWidget* parent)
+DataPage::DataPage(Messages& messages, QWidget* parent)
     : QWidget(parent)
 {
-    LaySlotsOut(*this, [this](std::size_t slot) { return MakeSlot(slot); });
+    LaySlotsOut(*this, [this, &messages](std::size_t slot) { return MakeSlot(slot, messages); });
 }
 
-QWidget* DataPage::MakeSlot(std::size_t slot)
+QWidget* DataPage::MakeSlot(std::size_t slot, Messages& messages)
 {
     const int index = static_cast<int>(slot);
     auto* const frame = Named(new QGroupBox(this), ArrayName("fraMVQ", index));
@@ -43,17 +42,14 @@ QWidget* DataPage::MakeSlot(std::size_t slot)
         rows->addWidget(option);
         optMVQ.at(static_cast<std::size_t>(number)) = option;
     }
-    auto* const box = Named(new QLineEdit(frame), ArrayName("txtData", index),
+    auto* const box = Named(new DatumEdit(messages, frame), ArrayName("txtData", index),
                             slot < 3 ? QStringLiteral("Donnée du réactif %1").arg(index + 1)
                                      : QStringLiteral("Donnée du produit %1").arg(index - 2));
-    // A second comma would cut the datum in two in the file.
-    box->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[-+]?[0-9]*[.,]?[0-9]*")), box));
     rows->addWidget(box);
     txtData.at(slot) = box;
     frame->setEnabled(false);
     connect(m_groups.at(slot), &QButtonGroup::idToggled, this, &DataPage::Edited);
-    connect(box, &QLineEdit::textChanged, this, &DataPage::Edited);
+    connect(box, &DatumEdit::Edited, this, &DataPage::Edited);
     return frame;
 }
 
@@ -71,6 +67,11 @@ void DataPage::Show(std::size_t slot, const QString& datum)
     const qsizetype kind = datum.isEmpty() ? -1 : QLatin1String(kLetters).indexOf(datum.front());
     ChooseOption(*m_groups.at(slot), static_cast<int>(kind));
     txtData.at(slot)->setText(datum.sliced(datum.isEmpty() ? 0 : 1));
+}
+
+void DataPage::FocusNumber(std::size_t slot)
+{
+    txtData.at(slot)->setFocus();
 }
 
 void DataPage::SetCaption(std::size_t slot, const QString& caption)

@@ -7,10 +7,12 @@
 
 class QButtonGroup;
 class QGroupBox;
-class QLineEdit;
 class QRadioButton;
 
 namespace stoikal {
+
+class DatumEdit;
+class Messages;
 
 /// The tab of data on a progress file: for each species a mass, a volume or an
 /// amount of substance.
@@ -19,7 +21,7 @@ class DataPage final : public QWidget
     Q_OBJECT
 
 public:
-    explicit DataPage(QWidget* parent);
+    DataPage(Messages& messages, QWidget* parent);
 
     /// A kind letter and a number with a point: "Q0.5". Without a chosen kind the
     /// letter of `stored` stays.
@@ -29,17 +31,19 @@ public:
     /// A datum can be entered for a species that is there, on a progress file. The
     /// first kind is chosen for one that has none yet.
     void Enable(std::size_t slot, bool enabled);
+    /// Brings the keyboard to the number of a species.
+    void FocusNumber(std::size_t slot);
 
 Q_SIGNALS:
     void Edited();
 
 private:
-    QWidget* MakeSlot(std::size_t slot);
+    QWidget* MakeSlot(std::size_t slot, Messages& messages);
 
     std::array<QGroupBox*, WorkEquation::kSlots> fraMVQ{};
     std::array<QButtonGroup*, WorkEquation::kSlots> m_groups{};
     std::array<QRadioButton*, 3 * WorkEquation::kSlots> optMVQ{};
-    std::array<QLineEdit*, WorkEquation::kSlots> txtData{};
+    std::array<DatumEdit*, WorkEquation::kSlots> txtData{};
 };
 
 } // namespace stoikal

@@ -78,6 +78,7 @@ private:
     QGroupBox* MakeFileFrame();
 
     bool CheckEquationEntry();
+    bool CheckData();
     bool StoreEquation(int number);
     void ShowEquation(int number);
     void RefreshPreview(int count);
@@ -112,6 +113,7 @@ private:
     void cmdValid_Click();
     bool NameIsFit(const QString& name);
     bool MayWrite(const QString& fileName);
+    bool MayLackData(const std::vector<WorkEquation>& equations);
     void WriteFile(const QString& fileName);
     void Unload(int result, bool workIsOver);
     void UnloadPreview();

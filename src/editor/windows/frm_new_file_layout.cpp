@@ -75,7 +75,7 @@ void frmNewFile::MakeControls()
     m_formulas = new FormulaPage(m_doors.messages, this);
     m_states = new StatePage(this);
     m_comments = new CommentPage(this);
-    m_data = new DataPage(this);
+    m_data = new DataPage(m_doors.messages, this);
     sstEdit->addTab(m_formulas, QStringLiteral("&Formules"));
     sstEdit->addTab(m_states, QStringLiteral("Etats &physiques"));
     sstEdit->addTab(m_comments, QStringLiteral("&Commentaires"));

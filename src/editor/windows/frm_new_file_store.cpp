@@ -1,5 +1,7 @@
 #include "base/fatal_fault.h"
 #include "base/shown_path.h"
+#include "editor/number_list.h"
+#include "editor/progress_data.h"
 #include "editor/windows/comment_page.h"
 #include "editor/windows/data_page.h"
 #include "editor/windows/formula_page.h"
@@ -11,8 +13,8 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QTabWidget>
 #include <QTimer>
-#include <algorithm>
 #include <utility>
 
 namespace stoikal {
@@ -56,7 +58,24 @@ bool frmNewFile::CheckEquationEntry()
                                      .arg(sides[side]));
         return false;
     }
-    return true;
+    return CheckData();
+}
+
+/// Whether no datum of a progress file is negative: such a line ends the study of the
+/// reaction. None can be typed; a file written by hand may hold one.
+bool frmNewFile::CheckData()
+{
+    const auto slot = Type() == FileType::Avt ? FirstNegativeDatum(Entered()) : std::nullopt;
+    if (!slot)
+        return true;
+    m_doors.messages.InputError(this,
+                                QStringLiteral("La donnée de %1 est négative.\n"
+                                               "Veuillez saisir une masse, un volume ou une quantité de "
+                                               "matière positive, ou 0.")
+                                    .arg(m_formulas->Texts().at(*slot)));
+    sstEdit->setCurrentWidget(m_data);
+    m_data->FocusNumber(*slot);
+    return false;
 }
 
 /// True when the work file took the change; else the teacher is told.
@@ -159,13 +178,7 @@ void frmNewFile::RefreshPreview(int count)
     m_failed = m_work.FailedEquations(count);
     imgECHEC->setVisible(!m_failed.empty());
     lblECHEC->setVisible(!m_failed.empty());
-    constexpr std::size_t kMostNamed = 5;
-    QStringList numbers;
-    for (std::size_t i = 0; i < std::min(m_failed.size(), kMostNamed); ++i)
-        numbers << QString::number(m_failed[i]);
-    if (m_failed.size() > kMostNamed)
-        numbers << QStringLiteral("\u2026");
-    lblECHEC->setText(QStringLiteral("Non équilibrée\u00A0: n° %1").arg(numbers.join(QStringLiteral(", "))));
+    lblECHEC->setText(QStringLiteral("Non équilibrée\u00A0: n° %1").arg(NumberList(m_failed)));
 }
 
 void frmNewFile::Append(const QString& text)

@@ -1,5 +1,7 @@
 #include "balancing/equation_search.h"
 #include "editor/equation_file_io.h"
+#include "editor/number_list.h"
+#include "editor/progress_data.h"
 #include "editor/windows/comment_page.h"
 #include "editor/windows/frm_new_file.h"
 #include "forms/messages.h"
@@ -43,6 +45,26 @@ QString QuestionAbout(WritingTarget target)
     }
     return QStringLiteral("Le fichier %1 existe déjà.\n"
                           "Voulez-vous écraser celui existant ?");
+}
+
+QString TextAboutLackingData(const std::vector<int>& lacking, std::size_t count)
+{
+    QString which;
+    if (lacking.size() == count)
+        which = QStringLiteral("Aucune équation n'a de donnée (masse, volume ou quantité de matière) "
+                               "différente de 0.");
+    else if (lacking.size() == 1)
+        which
+            = QStringLiteral("L'équation n°\u00A0%1 n'a aucune donnée (masse, volume ou quantité de matière) "
+                             "différente de 0.")
+                  .arg(lacking.front());
+    else
+        which = QStringLiteral("Les équations n°\u00A0%1 n'ont aucune donnée (masse, volume ou quantité de "
+                               "matière) différente de 0.")
+                    .arg(NumberList(lacking));
+    return which
+        + QStringLiteral("\nStoikal se fermerait chez l'élève en arrivant à une telle équation.\n"
+                         "Voulez-vous néanmoins enregistrer le fichier\u00A0?");
 }
 
 } // namespace
@@ -96,11 +118,22 @@ bool frmNewFile::MayWrite(const QString& fileName)
         || m_doors.messages.Ask(this, TitleAbout(target), QuestionAbout(target).arg(fileName));
 }
 
+/// Whether each equation of a progress file has a datum, or may be without one.
+bool frmNewFile::MayLackData(const std::vector<WorkEquation>& equations)
+{
+    const auto lacking = Type() == FileType::Avt ? EquationsWithoutDatum(equations) : std::vector<int>();
+    return lacking.empty()
+        || m_doors.messages.Ask(this, QStringLiteral("Stoikal"),
+                                TextAboutLackingData(lacking, equations.size()));
+}
+
 void frmNewFile::WriteFile(const QString& fileName)
 {
-    const auto written
-        = WriteEquationFile(m_doors.equationFolder, fileName,
-                            EquationFileBytes(m_comments->Head(), m_work.Equations(m_desk.count), Type()));
+    const std::vector<WorkEquation> equations = m_work.Equations(m_desk.count);
+    if (!MayLackData(equations))
+        return;
+    const auto written = WriteEquationFile(m_doors.equationFolder, fileName,
+                                           EquationFileBytes(m_comments->Head(), equations, Type()));
     if (!written) {
         m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
         return;

@@ -264,11 +264,13 @@ bool WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
     });
 }
 
-bool WorkFile::MarkFinished()
+void WorkFile::Finish()
 {
-    return m_store.Change(m_path, [](ProfileText& file) {
+    const bool written = m_store.Change(m_path, [](ProfileText& file) {
         WriteText(file, DeskSection(), QStringLiteral("EnCours"), FlagText(false));
     });
+    if (!written)
+        Remove();
 }
 
 std::optional<WorkDesk> WorkFile::LeftBehind() const

@@ -64,10 +64,12 @@ public:
     /// `desk` is the state afterwards.
     [[nodiscard]] bool DeleteEquation(int number, int last, const WorkDesk& desk);
 
-    /// The work is over: the equation file was written, or the teacher gave the work up.
-    [[nodiscard]] bool MarkFinished();
+    /// The work is over: the equation file was written, or the editor is closed. A
+    /// file that cannot be written is taken away, so that it is never offered.
+    void Finish();
 
-    /// The desk of an unfinished work that an earlier editor left behind.
+    /// The desk of the work of an editor whose program ended while it was open, when
+    /// something was entered in it.
     std::optional<WorkDesk> LeftBehind() const;
     /// Takes the file away.
     void Remove();

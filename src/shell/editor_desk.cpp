@@ -32,7 +32,7 @@ QString OfferText(const WorkDesk& desk)
                                              : QStringLiteral("le fichier «\u00A0%1\u00A0»").arg(desk.name);
     const QString count
         = desk.count == 1 ? QStringLiteral("1 équation") : QStringLiteral("%1 équations").arg(desk.count);
-    return QStringLiteral("La dernière fois, l'éditeur s'est fermé sans enregistrer %1 (%2).\n"
+    return QStringLiteral("Stoikal s'est arrêté pendant que vous écriviez %1 (%2).\n"
                           "Voulez-vous reprendre ce travail\u00A0?\n\n"
                           "Si vous répondez «\u00A0Non\u00A0», il sera supprimé.")
         .arg(name, count);

@@ -10,9 +10,10 @@ namespace stoikal {
 class frmStoikal;
 struct Session;
 
-/// Opens the editor of equation files once the password was right. Before that
-/// it offers back what an earlier editor left behind when its process was
-/// killed. It writes no equation itself.
+/// Opens the editor of equation files once the password was right, clean. Only where the
+/// program ended while an editor was open, killed or by a power cut, it first offers that
+/// work: taken up, it is what opens; refused, it is gone and the command goes on. It
+/// writes no equation itself.
 class EditorDesk final : public QObject
 {
     Q_OBJECT

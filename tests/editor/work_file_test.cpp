@@ -243,7 +243,7 @@ TEST_F(WorkFileTest, FinishedWorkIsNotOffered)
     ASSERT_TRUE(work.Store(1, Simple(u"C"_s, u"C"_s), desk));
     EXPECT_TRUE(work.LeftBehind().has_value());
 
-    ASSERT_TRUE(work.MarkFinished());
+    work.Finish();
     EXPECT_FALSE(work.LeftBehind().has_value());
     EXPECT_TRUE(QFile::exists(path)) << "the file is left behind";
 }
@@ -267,7 +267,19 @@ TEST_F(WorkFileTest, ChangesOfAFolderWithoutRoomAreReported)
     EXPECT_FALSE(work.Store(1, Full(), desk));
     EXPECT_FALSE(work.InsertEquation(1, 1, desk));
     EXPECT_FALSE(work.DeleteEquation(1, 1, desk));
-    EXPECT_FALSE(work.MarkFinished());
+}
+
+TEST_F(WorkFileTest, WorkThatIsOverIsNotOfferedEvenWhenThatCannotBeWritten)
+{
+    desk.isUnfinished = true;
+    ASSERT_TRUE(work.Begin(desk));
+    // Nothing can be written here any more, not even by root: the lock has no place.
+    ASSERT_TRUE(QDir().mkpath(path + u".lock"_s));
+
+    work.Finish();
+
+    EXPECT_FALSE(work.LeftBehind().has_value());
+    EXPECT_FALSE(QFile::exists(path));
 }
 
 TEST_F(WorkFileTest, ASecondEditorTakesAnotherFile)

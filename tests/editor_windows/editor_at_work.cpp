@@ -1,10 +1,10 @@
 // An editor that works until it is killed:
 //
-//     editor_at_work EQUATION_FOLDER WORK_FILE types|writes
+//     editor_at_work EQUATION_FOLDER WORK_FILE types|resumes|writes
 //
 // "types" opens Serie.Equ, types into it, waits for its draft and prints
-// "ready"; "writes" replaces Serie.Equ again and again by files of one length
-// and one letter each, from the first "ready" on.
+// "ready"; "resumes" takes up what was left and prints "ready"; "writes" replaces Serie.Equ again and again
+// by files of one length and one letter each, from the first "ready" on.
 
 #include "editor/equation_file_io.h"
 
@@ -23,15 +23,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int TypeOn(const QString& folder, const QString& workFile)
-{
+/// An editor over folders of its own, not opened yet.
+struct Editor {
+    Editor(const QString& folder, const QString& workFile)
+        : window({clock, messages, screen, settings, store, workFile, folder}, nullptr)
+    {
+    }
+
     FakeClock clock;
     FakeScreen screen;
     FakeMessages messages;
     SettingsStore store;
-    const QString none;
-    Settings settings(store, none);
-    frmNewFile editor({clock, messages, screen, settings, store, workFile, folder}, nullptr);
+    QString none;
+    Settings settings{store, none};
+    frmNewFile window;
+};
+
+int TypeOn(const QString& folder, const QString& workFile)
+{
+    Editor work(folder, workFile);
+    frmNewFile& editor = work.window;
     if (!editor.LoadFileIntoEditor(u"Serie.Equ"_s, FileType::Equ))
         return 1;
     editor.show();
@@ -44,8 +55,21 @@ int TypeOn(const QString& folder, const QString& workFile)
     Type(Control<QLineEdit>(editor, "txtMolecule(0)"), u"Fe"_s);
     // No timer is fired by hand: the draft comes by itself, within a moment.
     const bool isSaved = QTest::qWaitFor(
-        [&] { return store.ReadSetting(workFile, u"3"_s, u"Molecule1"_s) == u"Fe"_s; }, 5000);
+        [&] { return work.store.ReadSetting(workFile, u"3"_s, u"Molecule1"_s) == u"Fe"_s; }, 5000);
     std::cout << (isSaved ? "ready" : "no draft") << std::endl;
+    return QApplication::exec();
+}
+
+int Resume(const QString& folder, const QString& workFile)
+{
+    Editor work(folder, workFile);
+    const auto left = WorkFile(work.store, workFile).LeftBehind();
+    if (!left)
+        return 1;
+    work.window.TakeUp(*left);
+    work.window.show();
+    Settle();
+    std::cout << "ready" << std::endl;
     return QApplication::exec();
 }
 
@@ -67,5 +91,8 @@ int main(int argc, char** argv)
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 4)
         return 2;
-    return arguments[3] == u"types"_s ? TypeOn(arguments[1], arguments[2]) : WriteOn(arguments[1]);
+    if (arguments[3] == u"writes"_s)
+        return WriteOn(arguments[1]);
+    const auto work = arguments[3] == u"types"_s ? TypeOn : Resume;
+    return work(arguments[1], arguments[2]);
 }

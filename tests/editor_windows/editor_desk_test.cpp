@@ -268,19 +268,51 @@ TEST_F(EditorDeskTest, CancelledWorkIsNotOfferedAgain)
     EXPECT_TRUE(messages.shown.empty());
 }
 
-TEST_F(EditorDeskTest, WorkLeftByEscapeIsOfferedAgain)
+TEST_F(EditorDeskTest, WorkGivenUpByEscapeIsNotOfferedAgain)
 {
     script.On("frmNewFile", [](QWidget& editor) {
         Type(Control<QLineEdit>(editor, "txtMolecule(0)"), u"H2"_s);
         Press(editor, Qt::Key_Escape);
     });
-    Desk().OpenNew();
     Answer(true);
-    InTheEditor([](QWidget& editor) { EXPECT_EQ(Formula(editor, 0), u"H2"_s); });
+    Desk().OpenNew();
+    InTheEditor([](QWidget& editor) { EXPECT_EQ(Formula(editor, 0), QString()); });
 
     Desk().OpenNew();
 
-    EXPECT_TRUE(messages.shown.at(0).text.contains(u"(1 équation)"_s));
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text, u"Abandonner les équations non enregistrées ?"_s);
+}
+
+TEST_F(EditorDeskTest, RefusedWorkLetsTheCommandGoOnWithItsFile)
+{
+    LeaveWorkBehind();
+    Answer(false);
+    AnswerDialog(WriteEquations({u"C+O2=CO2/1,1,1"_s}));
+    InTheEditor([this](QWidget& editor) {
+        EXPECT_EQ(Formula(editor, 3), u"CO2"_s);
+        EXPECT_EQ(Control<QLineEdit>(editor, "txtNameFile").text(), u"Serie1"_s);
+        EXPECT_FALSE(WorkFile(shell->State().store, WorkPath()).LeftBehind().has_value());
+    });
+
+    Desk().OpenExisting();
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+}
+
+TEST_F(EditorDeskTest, WorkTakenUpIsOfferedAgainIfTheProgramEndsAgain)
+{
+    LeaveWorkBehind();
+    Answer(true);
+    InTheEditor([this](QWidget&) {
+        EXPECT_TRUE(WorkFile(shell->State().store, WorkPath()).LeftBehind().has_value())
+            << "while the editor is open";
+    });
+
+    Desk().OpenNew();
+
+    EXPECT_FALSE(WorkFile(shell->State().store, WorkPath()).LeftBehind().has_value())
+        << "closed by its button";
 }
 
 TEST_F(EditorDeskTest, CacheFolderThatCannotBeMadeIsTold)

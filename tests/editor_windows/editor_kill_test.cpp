@@ -78,6 +78,25 @@ TEST_F(EditorKilled, LeavesTheLastGoodFileAndAWorkFileThatCanBeOffered)
     EXPECT_EQ(equations[2].Molecule[0], u"Fe"_s) << "the equation that was not stored yet";
 }
 
+TEST_F(EditorKilled, LeavesTheSameWorkWhenItIsKilledAgainAfterTakingItUp)
+{
+    Put("H2+O2=H2O/2,1,2\r\n");
+    Start(u"types"_s);
+    Kill();
+    SettingsStore before;
+    const auto first = WorkFile(before, WorkPath()).LeftBehind();
+    ASSERT_TRUE(first.has_value());
+
+    Start(u"resumes"_s);
+    Kill();
+
+    SettingsStore store;
+    const WorkFile work(store, WorkPath());
+    EXPECT_EQ(work.LeftBehind(), first);
+    EXPECT_EQ(work.Equations(3), WorkFile(before, WorkPath()).Equations(3));
+    EXPECT_EQ(first->loaded, VersionOf(u"Serie.Equ"_s, File()));
+}
+
 TEST_F(EditorKilled, LeavesAWholeFileAtWhateverMomentOfTheWriting)
 {
     for (unsigned long pauseMs = 0; pauseMs < 10; ++pauseMs) {

@@ -24,6 +24,13 @@ protected:
         EXPECT_EQ(unloads, 1);
         EXPECT_FALSE(editor->isVisible());
     }
+
+    /// As when its program ends: the draft was kept, nothing was closed.
+    void KillEditor()
+    {
+        Tick(Control<QTimer>(*editor, "tmrDraft"));
+        editor.reset();
+    }
 };
 
 } // namespace
@@ -396,33 +403,57 @@ TEST_F(FrmNewFileWrite, CancelledAndWrittenWorkIsOver)
     EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
 }
 
-TEST_F(FrmNewFileWrite, EscapeAndTheTitleBarUnloadAndLeaveTheWorkToBeOffered)
+TEST_F(FrmNewFileWrite, EscapeAndTheTitleBarAskBeforeWorkIsGivenUp)
 {
     OpenNew();
     WriteWater();
+    Answer(false);
     Press(*editor, Qt::Key_Escape);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    ExpectBox(QMessageBox::Question, u"Stoikal"_s, u"Abandonner les équations non enregistrées ?"_s);
+    EXPECT_EQ(unloads, 0);
+    EXPECT_EQ(Box(3).text(), u"H2O"_s);
+
+    Answer(true);
+    editor->close();
     EXPECT_EQ(unloads, 1);
     EXPECT_TRUE(QDir(equationFolder.path()).isEmpty());
-    ASSERT_TRUE(WorkFile(store, WorkPath()).LeftBehind().has_value());
-    EXPECT_EQ(Kept(1, "Molecule4"), u"H2O"_s) << "the last keys too";
-
-    OpenNew();
-    WriteCoal();
-    editor->close();
-    EXPECT_EQ(unloads, 2);
-    EXPECT_TRUE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value()) << "it was given up";
 }
 
-TEST_F(FrmNewFileWrite, UntouchedEditorLeavesNothingToBeOffered)
+TEST_F(FrmNewFileWrite, UntouchedEditorClosesWithoutAQuestion)
 {
     OpenNew();
     Press(*editor, Qt::Key_Escape);
-    EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+    EXPECT_EQ(unloads, 1);
 
-    OpenFile("H2+O2=H2O/2,1,2\r\nC+O2=CO2/1,1,1\r\n");
+    OpenFile("H2+O2=H2O\r\nC+O2=CO2/1,1,1\r\n");
     MoveTo(2);
     editor->close();
+    EXPECT_EQ(unloads, 2);
+    EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(WorkFile(store, WorkPath()).LeftBehind().has_value());
+}
+
+TEST_F(FrmNewFileWrite, WorkTakenUpAgainIsStillToBeSaved)
+{
+    OpenFile("H2+O2=H2O/2,1,2\r\n");
+    Write({u"H2"_s, u"Cl2"_s, {}, u"HCl"_s});
+    KillEditor();
+    Put(u"Serie.Equ"_s, "C+O2=CO2/1,1,1\r\n");
+    MakeEditor();
+    editor->TakeUp(*WorkFile(store, WorkPath()).LeftBehind());
+    Show();
+
+    Answer(false);
+    Press(*editor, Qt::Key_Escape);
+    ExpectBox(QMessageBox::Question, u"Stoikal"_s, u"Abandonner les équations non enregistrées ?"_s);
+
+    // What another wrote since the file was loaded, before the program ended, is told too.
+    Answer(true);
+    Click(Button("cmdValid"));
+    EXPECT_TRUE(messages.shown.at(1).text.contains(u"modifié ailleurs"_s));
+    EXPECT_EQ(FileOf(u"Serie.Equ"_s), QByteArray("'\r\nH2+Cl2=HCl/1,1,2\r\n"));
 }
 
 TEST_F(FrmNewFileWrite, WorkTakenUpAgainIsAsItWas)
@@ -431,7 +462,7 @@ TEST_F(FrmNewFileWrite, WorkTakenUpAgainIsAsItWas)
     MoveTo(2);
     Name(u"Autre"_s);
     Write({u"C"_s});
-    Press(*editor, Qt::Key_Escape);
+    KillEditor();
     const auto left = WorkFile(store, WorkPath()).LeftBehind();
     ASSERT_TRUE(left.has_value());
 

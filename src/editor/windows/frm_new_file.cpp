@@ -88,7 +88,7 @@ void frmNewFile::Connect()
     connect(cmdSupEqu, &QPushButton::clicked, this, &frmNewFile::cmdSupEqu_Click);
     connect(chkPreview, &QCheckBox::toggled, this, &frmNewFile::chkPreview_Click);
     connect(cmdValid, &QPushButton::clicked, this, &frmNewFile::cmdValid_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, [this] { Unload(Rejected, true); });
+    connect(cmdCancel, &QPushButton::clicked, this, [this] { Unload(Rejected); });
     connect(cmdHelp, &QPushButton::clicked, this, &ModalForm::HelpAsked);
     const auto move = [this](Qt::Key key, int step) {
         auto* const keys = new QShortcut(QKeySequence(key), this);
@@ -378,25 +378,32 @@ void frmNewFile::UnloadPreview()
 
 void frmNewFile::EscapePressed()
 {
-    Unload(Rejected, false);
+    CloseUnlessWorkIsKept();
 }
 
 void frmNewFile::TitleBarClosed()
 {
-    Unload(Rejected, false);
+    CloseUnlessWorkIsKept();
 }
 
-/// By the button the work is given up; a stray key or click on the title bar
-/// leaves it behind, to be offered at the next opening.
-void frmNewFile::Unload(int result, bool workIsOver)
+/// A stray key or click on the title bar costs no work.
+void frmNewFile::CloseUnlessWorkIsKept()
 {
     if (m_isBusy)
         return;
-    if (tmrDraft->isActive() && !workIsOver)
-        SaveDraft();
+    if (m_desk.isUnfinished
+        && !m_doors.messages.Ask(this, QStringLiteral("Stoikal"),
+                                 QStringLiteral("Abandonner les équations non enregistrées ?")))
+        return;
+    Unload(Rejected);
+}
+
+void frmNewFile::Unload(int result)
+{
+    if (m_isBusy)
+        return;
     tmrDraft->stop();
-    if (workIsOver && !Kept(m_work.MarkFinished()))
-        m_work.Remove();
+    m_work.Finish();
     m_isUnloaded = true;
     UnloadPreview();
     done(result);

@@ -115,7 +115,8 @@ private:
     bool MayWrite(const QString& fileName);
     bool MayLackData(const std::vector<WorkEquation>& equations);
     void WriteFile(const QString& fileName);
-    void Unload(int result, bool workIsOver);
+    void CloseUnlessWorkIsKept();
+    void Unload(int result);
     void UnloadPreview();
 
     void Append(const QString& text) override;

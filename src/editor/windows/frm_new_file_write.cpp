@@ -138,12 +138,14 @@ void frmNewFile::WriteFile(const QString& fileName)
         m_doors.messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
         return;
     }
+    // Before the box, which may stay open for long: the work is in its file.
+    m_work.Finish();
     m_doors.messages.Information(
         this, QStringLiteral("Création fichier"),
         QStringLiteral("Le fichier %1 vient d'être créé."
                        " Pour l'ouvrir aller dans le menu Fichier > Ouvrir un fichier ...")
             .arg(fileName));
-    Unload(Accepted, true);
+    Unload(Accepted);
 }
 
 } // namespace stoikal

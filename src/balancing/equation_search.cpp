@@ -1,13 +1,12 @@
 #include "balancing/equation_search.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_access.h"
 #include "base/file_lock.h"
 #include "base/shown_path.h"
-#include "base/system_reason.h"
 #include "base/text_lines.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 #include <string_view>
@@ -53,10 +52,9 @@ bool IsAmong(const QByteArray& sought, const std::array<QByteArray, 6>& places, 
         != places.begin() + static_cast<int>(first) + 3;
 }
 
-Failure WriteFailure(const QFile& file)
+Failure WriteFailure(const QString& path, const QString& reason)
 {
-    return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2")
-                .arg(ShownPath(file.fileName()), FrenchReason(file.errorString()))};
+    return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2").arg(ShownPath(path), reason)};
 }
 
 Failure LockFailure(const QString& path)
@@ -69,14 +67,27 @@ Failure LockFailure(const QString& path)
 
 /// Writes all bytes at the file's end or says why not; a file that took only a
 /// part gets back its old length.
-Outcome<qsizetype> Append(QFile& file, const QByteArray& bytes)
+Outcome<qsizetype> Append(const QString& path, OpenFile& file, const QByteArray& bytes)
 {
-    const qint64 oldSize = file.size();
-    if (file.seek(oldSize) && file.write(bytes) == bytes.size() && file.flush())
+    const qint64 oldSize = file.Size();
+    if (file.WriteAll(bytes))
         return bytes.size();
-    const Failure failure = WriteFailure(file);
-    file.resize(oldSize);
+    const Failure failure = WriteFailure(path, file.WriteFailure().text);
+    file.CutTo(oldSize);
     return failure;
+}
+
+/// What parts new lines from those of a file: an end for its last line.
+Outcome<QByteArray> MissingLineEnd(const QString& path)
+{
+    const auto file = OpenForReading(path, Links::Refused);
+    if (!file)
+        return file.Why();
+    const qint64 size = file->Size();
+    auto last = file->Read(std::max<qint64>(size - 1, 0), 1);
+    if (!last)
+        return last;
+    return last->isEmpty() || *last == "\n" || *last == "\r" ? QByteArray() : QByteArray("\r\n");
 }
 
 } // namespace
@@ -157,34 +168,29 @@ Outcome<QStringList> EquationFilesOf(const QString& folder)
 Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QList<QByteArray>& lines)
 {
     const FileLock lock(path, kLockWaitMs);
-    QFile file(path);
     if (!lock.IsHeld())
         return LockFailure(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
-        return WriteFailure(file);
-    QByteArray bytes;
-    if (file.size() > 0) {
-        file.seek(file.size() - 1);
-        char last = 0;
-        if (!file.getChar(&last))
-            return WriteFailure(file);
-        if (last != '\n' && last != '\r')
-            bytes += "\r\n";
-    }
+    auto file = OpenForAppending(path, IfMissing::Make, Sharing::Account);
+    if (!file)
+        return WriteFailure(path, file.Reason());
+    const auto lineEnd = MissingLineEnd(path);
+    if (!lineEnd)
+        return WriteFailure(path, lineEnd.Reason());
+    QByteArray bytes = *lineEnd;
     for (const QByteArray& line : lines)
         bytes += line + "\r\n";
-    return Append(file, bytes);
+    return Append(path, *file, bytes);
 }
 
 Outcome<qsizetype> EquationAppender::AppendEquation(const QString& path, const QString& line)
 {
     const FileLock lock(path, kLockWaitMs);
-    QFile file(path);
     if (!lock.IsHeld())
         return LockFailure(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
-        return WriteFailure(file);
-    return Append(file, "\r\n'\r\n" + EncodeLine(line));
+    auto file = OpenForAppending(path, IfMissing::Refuse, Sharing::Account);
+    if (!file)
+        return WriteFailure(path, file.Reason());
+    return Append(path, *file, "\r\n'\r\n" + EncodeLine(line));
 }
 
 } // namespace stoikal

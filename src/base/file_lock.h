@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "base/open_file.h"
+
 #include <QString>
 #include <cstdint>
 
@@ -19,14 +20,14 @@ public:
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    bool IsHeld() const { return m_descriptor >= 0; }
+    bool IsHeld() const { return m_file.IsOpen(); }
 
 private:
     enum class Try { Held, Busy, Impossible };
     Try TryOnce();
 
-    QByteArray m_path;
-    int m_descriptor = -1;
+    QString m_path;
+    OpenFile m_file; ///< open while it is held
     std::int32_t m_holder = 0; ///< the process that had it at the last try, 0 unknown
 };
 

@@ -9,6 +9,7 @@ namespace stoikal {
 /// Why an operation on the world did not work, in a French sentence.
 struct Failure {
     QString text;
+    bool isMissing = false; ///< what was asked for is not there
 };
 
 /// A value, or the reason why there is none.
@@ -29,7 +30,12 @@ public:
     explicit operator bool() const { return Succeeded(); }
     const Value& operator*() const { return std::get<Value>(m_content); }
     const Value* operator->() const { return &std::get<Value>(m_content); }
-    const QString& Reason() const { return std::get<Failure>(m_content).text; }
+    Value& operator*() { return std::get<Value>(m_content); }
+    Value* operator->() { return &std::get<Value>(m_content); }
+    const Failure& Why() const { return std::get<Failure>(m_content); }
+    const QString& Reason() const { return Why().text; }
+    /// Whether it failed because what was asked for is not there.
+    bool IsMissing() const { return !Succeeded() && Why().isMissing; }
 
 private:
     std::variant<Value, Failure> m_content;

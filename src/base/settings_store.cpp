@@ -1,14 +1,13 @@
 #include "base/settings_store.h"
 
+#include "base/file_access.h"
 #include "base/file_lock.h"
+#include "base/file_stamp.h"
 #include "base/whole_file.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <optional>
-#include <sys/stat.h>
 #include <utility>
 
 namespace stoikal {
@@ -16,57 +15,31 @@ namespace {
 
 constexpr int kLockWaitMs = 1000;
 
-/// What tells that a file on the disk is another than the one read last.
-struct Stamp {
-    bool exists = false;
-    dev_t device = 0;
-    ino_t inode = 0;
-    off_t size = 0;
-    timespec changed{};
-
-    bool operator==(const Stamp& other) const
-    {
-        return exists == other.exists && device == other.device && inode == other.inode && size == other.size
-            && changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
-    }
-};
-
-Stamp StampOf(const QByteArray& encodedPath)
-{
-    struct stat status {
-    };
-    if (::stat(encodedPath.constData(), &status) != 0)
-        return {};
-    return {true, status.st_dev, status.st_ino, status.st_size, status.st_mtim};
-}
-
 /// The clock of a file system goes in steps: two changes within one step have
 /// the same time. A copy is trusted only when the file's last change lay a good
 /// while behind its reading (a time in the future never does).
-bool IsSettled(const Stamp& stamp)
+bool IsSettled(const FileStamp& stamp)
 {
     constexpr std::int64_t kLongestStepMs = 100;
-    const std::int64_t changedMs
-        = std::int64_t{stamp.changed.tv_sec} * 1000 + stamp.changed.tv_nsec / 1000000;
-    return !stamp.exists || QDateTime::currentMSecsSinceEpoch() - changedMs > kLongestStepMs;
+    constexpr std::int64_t kMillisecond = 1'000'000;
+    return !stamp.exists
+        || QDateTime::currentMSecsSinceEpoch() - stamp.changedNs / kMillisecond > kLongestStepMs;
 }
 
 /// The bytes of a file; none for a file that is not there, nothing for one that
 /// is there and cannot be read.
 std::optional<QByteArray> ReadWhole(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return file.exists() ? std::nullopt : std::optional(QByteArray());
-    const QByteArray bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::optional(bytes) : std::nullopt;
+    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    if (!bytes)
+        return bytes.IsMissing() ? std::optional(QByteArray()) : std::nullopt;
+    return *bytes;
 }
 
 } // namespace
 
 struct SettingsStore::Copy {
-    QByteArray encodedPath;
-    Stamp stamp;
+    FileStamp stamp;
     bool isSettled = true;
     QByteArray bytes; ///< what the text was made of
     ProfileText text;
@@ -88,17 +61,15 @@ SettingsStore::~SettingsStore() = default;
 SettingsStore::Copy& SettingsStore::CopyOf(const QString& file) const
 {
     std::shared_ptr<Copy>& copy = m_copies[file];
-    if (copy == nullptr) {
+    if (copy == nullptr)
         copy = std::make_shared<Copy>();
-        copy->encodedPath = QFile::encodeName(file);
-    }
     return *copy;
 }
 
 const ProfileText& SettingsStore::Current(const QString& file) const
 {
     Copy& copy = CopyOf(file);
-    const Stamp stamp = StampOf(copy.encodedPath);
+    const FileStamp stamp = StampOf(file);
     if (stamp == copy.stamp && copy.isSettled)
         return copy.text;
     copy.isSettled = IsSettled(stamp);
@@ -113,7 +84,7 @@ QString SettingsStore::ReadSetting(const QString& file, const QString& section, 
 
 bool SettingsStore::Change(const QString& file, const std::function<void(ProfileText&)>& change)
 {
-    if (file.isEmpty() || !QDir().mkpath(QFileInfo(file).absolutePath()))
+    if (file.isEmpty() || !MakeFolders(QFileInfo(file).absolutePath()))
         return false;
     const FileLock lock(file, kLockWaitMs);
     if (!lock.IsHeld())
@@ -128,7 +99,8 @@ bool SettingsStore::Change(const QString& file, const std::function<void(Profile
     copy.isSettled = false;
     change(text);
     const QByteArray bytes = text.ToBytes();
-    if (!ReplaceFile(file, bytes))
+    // One that is larger could not be read again.
+    if (bytes.size() > kTextLimit.bytes || !ReplaceFile(file, bytes, Sharing::Account))
         return false;
     copy.bytes = bytes;
     copy.text = std::move(text);

@@ -42,12 +42,17 @@ QString FrenchReason(const QString& systemReason)
 {
     const Reason reasons[]{
         {EACCES, QStringLiteral("l'accès est refusé")},
+        {EAGAIN, QStringLiteral("le fichier est occupé")},
         {EBUSY, QStringLiteral("le fichier est occupé")},
         {EDQUOT, QStringLiteral("la place allouée sur le disque est épuisée")},
+        {EEXIST, QStringLiteral("le nom est déjà pris")},
+        {EFBIG, QStringLiteral("le fichier est trop grand")},
         {EHOSTDOWN, QStringLiteral("le serveur ne répond pas")},
         {EHOSTUNREACH, QStringLiteral("le serveur ne répond pas")},
         {EIO, QStringLiteral("le disque ou le partage ne répond pas")},
         {EISDIR, QStringLiteral("c'est un dossier")},
+        {ELOOP, QStringLiteral("ce nom est celui d'un lien, et non d'un fichier")},
+        {EMFILE, QStringLiteral("trop de fichiers sont ouverts")},
         {ENAMETOOLONG, QStringLiteral("le nom est trop long")},
         {ENODEV, QStringLiteral("le disque ou le partage n'est plus là")},
         {ENOENT, QStringLiteral("le fichier ou le dossier n'existe pas")},
@@ -65,6 +70,11 @@ QString FrenchReason(const QString& systemReason)
             return reason.words;
     }
     return systemReason;
+}
+
+QString FrenchReason(int error)
+{
+    return FrenchReason(QString::fromLocal8Bit(std::strerror(error)));
 }
 
 } // namespace stoikal

@@ -8,4 +8,7 @@ namespace stoikal {
 /// none of the common ones of disks and shares comes back as it is.
 QString FrenchReason(const QString& systemReason);
 
+/// The same by the system's number of the failure.
+QString FrenchReason(int error);
+
 } // namespace stoikal

@@ -1,40 +1,52 @@
 #include "base/whole_file.h"
 
-#include "base/system_reason.h"
+#include "base/text_lines.h"
 
-#include <QSaveFile>
-#include <cerrno>
-#include <cstring>
-#include <unistd.h>
+#include <algorithm>
 
 namespace stoikal {
 namespace {
 
-/// A share may report only now that it has no room; commit() would not look.
-/// A file system that knows no such order has done what it can.
-bool ReachesTheDisk(const QSaveFile& file)
+/// The number, from 1, of the first line that is longer; 0 when there is none.
+int LineAbove(QByteArrayView bytes, qint64 limit)
 {
-    return ::fdatasync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
+    int number = 0;
+    LineWalker lines(bytes);
+    while (!lines.AtEnd()) {
+        ++number;
+        if (lines.Next().size() > limit)
+            return number;
+    }
+    return 0;
 }
 
 } // namespace
 
-Outcome<QString> ReplaceFile(const QString& path, const QByteArray& bytes,
-                             const std::function<void(QFileDevice&)>& prepare)
+Outcome<QByteArray> ReadWholeFile(const OpenFile& file, const FileLimit& limit)
 {
-    QSaveFile file(path);
-    // Unbuffered: commit() of a buffered file lets a write pass that the disk took only in part.
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return Failure{FrenchReason(file.errorString())};
-    if (prepare)
-        prepare(file);
-    if (file.write(bytes) != bytes.size())
-        return Failure{FrenchReason(file.errorString())};
-    if (!ReachesTheDisk(file))
-        return Failure{FrenchReason(QString::fromLocal8Bit(std::strerror(errno)))};
-    if (!file.commit())
-        return Failure{FrenchReason(file.errorString())};
-    return path;
+    constexpr qint64 kKilobyte = 1024;
+    auto bytes = file.Read(0, limit.bytes + 1);
+    if (!bytes)
+        return bytes;
+    if (bytes->size() > limit.bytes)
+        return Failure{QStringLiteral("le fichier est trop grand\u00A0: %1\u00A0Ko au plus")
+                           .arg(limit.bytes / kKilobyte)};
+    if (limit.lineBytes == 0)
+        return bytes;
+    // Lines are those of the text that the bytes stand for.
+    const int tooLong = LineAbove(NormaliseTextBytes(*bytes), limit.lineBytes);
+    if (tooLong != 0)
+        return Failure{QStringLiteral("la ligne %1 est trop longue\u00A0: %2\u00A0Ko au plus")
+                           .arg(QString::number(tooLong), QString::number(limit.lineBytes / kKilobyte))};
+    return bytes;
+}
+
+Outcome<QByteArray> ReadWholeFile(const QString& path, const FileLimit& limit, Links links)
+{
+    const auto file = OpenForReading(path, links);
+    if (!file)
+        return file.Why();
+    return ReadWholeFile(*file, limit);
 }
 
 } // namespace stoikal

@@ -1,6 +1,7 @@
 #include "editor/equation_file_io.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_access.h"
 #include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
@@ -8,7 +9,6 @@
 #include "equation_files/equation_pieces.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace stoikal {
@@ -180,13 +180,13 @@ Outcome<QString> WriteEquationFile(const QString& folder, const QString& fileNam
 {
     const QDir place(folder);
     const QString path = place.filePath(fileName);
-    if (!QDir().mkpath(folder))
+    if (!MakeFolders(folder))
         return NotWritten(path, QStringLiteral("le dossier n'existe pas."));
-    if (const auto written = ReplaceFile(path, bytes); !written)
+    if (const auto written = ReplaceFile(path, bytes, Sharing::Account); !written)
         return NotWritten(path, written.Reason());
     const QStringList spellings = SameNames(folder, fileName);
     for (const QString& other : spellings) {
-        if (other != fileName && !QFile::remove(place.filePath(other)))
+        if (other != fileName && !RemoveFile(place.filePath(other)))
             return NotWritten(place.filePath(other),
                               QStringLiteral("une autre écriture du même nom n'a pas pu être supprimée."));
     }

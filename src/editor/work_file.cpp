@@ -1,11 +1,12 @@
 #include "editor/work_file.h"
 
+#include "base/file_access.h"
 #include "base/number_text.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 #include <algorithm>
 #include <utility>
 
@@ -294,12 +295,12 @@ std::optional<WorkDesk> WorkFile::LeftBehind() const
 
 void WorkFile::Remove()
 {
-    QFile::remove(m_path);
+    RemoveFile(m_path);
 }
 
 Outcome<WorkPlace> FreeWorkPlace(const QString& folder)
 {
-    QDir().mkpath(folder);
+    MakeFolders(folder);
     for (int number = 1; number <= kMostEditors; ++number) {
         WorkPlace place = Place(folder, number);
         if (place.lock->IsHeld())
@@ -313,7 +314,7 @@ std::vector<WorkPlace> PlacesWithLeftWork(const QString& folder, SettingsStore& 
 {
     std::vector<WorkPlace> left;
     for (int number = 1; number <= kMostEditors; ++number) {
-        if (!QFile::exists(PathOf(folder, number)))
+        if (!QFileInfo::exists(PathOf(folder, number)))
             continue;
         WorkPlace place = Place(folder, number);
         if (place.lock->IsHeld() && WorkFile(store, place.path).LeftBehind())

@@ -1,13 +1,17 @@
 #include "equation_files/equation_file.h"
 
+#include "base/file_access.h"
 #include "base/shown_path.h"
+#include "base/whole_file.h"
 
-#include <QFile>
 #include <algorithm>
 #include <cstring>
 #include <utility>
 
 namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The first place of a byte, the end when it does not come. Not to be called
@@ -88,16 +92,22 @@ FirstPass CountEquations(QByteArrayView bytes)
     return pass;
 }
 
+Outcome<QByteArray> ReadEquationBytes(const QString& path)
+{
+    const auto file = OpenForReading(path, Links::Followed);
+    if (!file)
+        return file.Why();
+    if (file->Name().compare(u"MotDePasse.txt"_s, Qt::CaseInsensitive) == 0)
+        return Failure{u"ce n'est pas un fichier d'équations"_s};
+    return ReadWholeFile(*file, kTextLimit);
+}
+
 Outcome<QByteArray> ReadEquationFile(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure{
-            QStringLiteral("Le fichier d'équations « %1 » ne peut pas être ouvert.").arg(ShownPath(path))};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Failure{
-            QStringLiteral("Le fichier d'équations « %1 » ne peut pas être lu.").arg(ShownPath(path))};
+    auto bytes = ReadEquationBytes(path);
+    if (!bytes)
+        return Failure{u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: %2."_s.arg(ShownPath(path),
+                                                                                             bytes.Reason())};
     return bytes;
 }
 

@@ -20,8 +20,12 @@ struct FirstPass {
 /// apostrophe; a line of blanks alone counts as an equation. Never fails.
 FirstPass CountEquations(QByteArrayView bytes);
 
-/// The bytes of an equation file as they stand there. Fails with a French sentence
-/// when it cannot be opened or read.
+/// The bytes of an equation file as they stand there; a link is followed, as a
+/// teacher may keep his files elsewhere, but not to the file of the password. Fails
+/// with the bare reason.
+Outcome<QByteArray> ReadEquationBytes(const QString& path);
+
+/// The same; fails with a French sentence.
 Outcome<QByteArray> ReadEquationFile(const QString& path);
 
 /// The equation file of a run: gives its usable lines one after another, in the

@@ -1,17 +1,13 @@
 #include "exercise/high_score_file.h"
 
+#include "base/file_access.h"
 #include "base/file_lock.h"
 #include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
-#include "exercise/results_journal.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <cerrno>
 #include <optional>
-#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -21,27 +17,13 @@ namespace {
 
 constexpr int kLockWaitMs = 2000;
 
-/// Asks the system itself: a link that leads nowhere is there, and a folder
-/// that does not answer does not mean that the file is missing.
-bool IsMissing(const QString& path)
-{
-    struct stat status {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno == ENOENT;
-}
-
 /// The whole file; empty when there is none yet, nothing when it cannot be read.
 std::optional<QByteArray> ReadWhole(const QString& path)
 {
-    if (IsMissing(path))
-        return QByteArray();
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return NormaliseTextBytes(bytes);
+    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    if (!bytes)
+        return bytes.IsMissing() ? std::optional(QByteArray()) : std::nullopt;
+    return NormaliseTextBytes(*bytes);
 }
 
 /// The lines of a text, each decoded and as it stands with its end.
@@ -102,28 +84,13 @@ Failure HighScoreFile::PathFailure() const
                                                                          ShownPath(m_temporaryPath))};
 }
 
-bool HighScoreFile::RemoveLeftover() const
-{
-    return IsMissing(m_temporaryPath) || QFile::remove(m_temporaryPath);
-}
-
-bool HighScoreFile::Replace(const QByteArray& bytes) const
-{
-    const bool isNew = IsMissing(m_path);
-    const auto written = ReplaceFile(m_path, bytes, [this, isNew](QFileDevice& file) {
-        if (isNew)
-            ShareWithFolder(file, m_folder);
-    });
-    return written.Succeeded();
-}
-
 Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, const NewResult& result,
                                                       QChar separator)
 {
     if (m_folder.isEmpty())
         return PathFailure(); // Would mean the current folder.
     const FileLock lock(m_path, kLockWaitMs);
-    if (!lock.IsHeld() || !RemoveLeftover())
+    if (!lock.IsHeld() || !RemoveFile(m_temporaryPath))
         return PathFailure();
     const std::optional<QByteArray> bytes = ReadWhole(m_path);
     if (!bytes)
@@ -132,7 +99,7 @@ Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, 
     const OldLines oldLines = SplitLines(*bytes);
     HighScoreTable table(oldLines.texts, fileTitle);
     table.Insert(result);
-    if (!Replace(Compose(table.Lines(separator), oldLines.pieces)))
+    if (!ReplaceFile(m_path, Compose(table.Lines(separator), oldLines.pieces), Sharing::Folder))
         return PathFailure();
     return table.Section();
 }

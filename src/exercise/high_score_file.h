@@ -30,8 +30,6 @@ public:
 
 private:
     Failure PathFailure() const;
-    bool RemoveLeftover() const;
-    bool Replace(const QByteArray& bytes) const;
 
     QString m_folder;
     QString m_path;

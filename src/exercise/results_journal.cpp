@@ -1,10 +1,9 @@
 #include "exercise/results_journal.h"
 
-#include "base/system_reason.h"
+#include "base/file_access.h"
 #include "base/text_lines.h"
 
-#include <QFileInfo>
-#include <sys/stat.h>
+#include <utility>
 
 namespace stoikal {
 
@@ -20,30 +19,19 @@ ResultsJournal::~ResultsJournal()
 Outcome<QString> ResultsJournal::Open(const QString& path)
 {
     Close();
-    m_file.setFileName(path);
+    m_path = path;
     m_isMeantOpen = true;
-    if (!OpenFile())
-        return Failure{FrenchReason(m_file.errorString())};
-    return path;
+    return OpenAgain();
 }
 
-bool ResultsJournal::OpenFile()
+Outcome<QString> ResultsJournal::OpenAgain()
 {
-    m_file.close();
-    const bool isNew = !m_file.exists();
-    // Unbuffered: a write that the disk takes only in part must be seen here.
-    if (!m_file.open(QIODevice::Append | QIODevice::Unbuffered))
-        return false;
-    if (isNew)
-        ShareWithFolder(m_file, QFileInfo(m_file).absolutePath());
-    return true;
-}
-
-bool ResultsJournal::WasTakenAway() const
-{
-    struct stat status {
-    };
-    return ::fstat(m_file.handle(), &status) == 0 && status.st_nlink == 0;
+    m_file.Close();
+    auto file = OpenForAppending(m_path, IfMissing::Make, Sharing::Folder);
+    if (!file)
+        return file.Why();
+    m_file = std::move(*file);
+    return m_path;
 }
 
 bool ResultsJournal::WriteLines(const QStringList& lines)
@@ -57,7 +45,7 @@ bool ResultsJournal::Close()
 {
     const bool isWhole = WritePending();
     m_isMeantOpen = false;
-    m_file.close();
+    m_file.Close();
     return isWhole;
 }
 
@@ -66,13 +54,14 @@ bool ResultsJournal::WritePending()
     if (m_pending.isEmpty())
         return true;
     // Lines written to a file that has lost its name would be seen by nobody.
-    if (m_isMeantOpen && (!IsOpen() || WasTakenAway()))
-        OpenFile();
+    const bool isThere = IsOpen() && m_file.HasName();
+    if (m_isMeantOpen && !isThere && !OpenAgain())
+        return false;
     if (!IsOpen())
         return false;
     qint64 written = WriteBytes(m_pending.constData(), m_pending.size());
     // A share that was away and is back does not know the open file any more.
-    if (written < 0 && m_file.error() == QFileDevice::WriteError && OpenFile())
+    if (written < 0 && OpenAgain())
         written = WriteBytes(m_pending.constData(), m_pending.size());
     if (written > 0)
         m_pending.remove(0, written);
@@ -81,20 +70,7 @@ bool ResultsJournal::WritePending()
 
 qint64 ResultsJournal::WriteBytes(const char* bytes, qint64 count)
 {
-    return m_file.write(bytes, count);
-}
-
-void ShareWithFolder(QFileDevice& file, const QString& folder)
-{
-    const QFileDevice::Permissions mayWrite = QFileInfo(folder).permissions();
-    QFileDevice::Permissions extra;
-    if (mayWrite.testFlag(QFileDevice::WriteGroup))
-        extra |= QFileDevice::ReadGroup | QFileDevice::WriteGroup;
-    if (mayWrite.testFlag(QFileDevice::WriteOther))
-        extra |= QFileDevice::ReadOther | QFileDevice::WriteOther;
-    // Where the file system knows no such rights, its own rule holds.
-    if (extra != QFileDevice::Permissions())
-        file.setPermissions(file.permissions() | extra);
+    return m_file.Write(bytes, count);
 }
 
 } // namespace stoikal

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/open_file.h"
 #include "base/outcome.h"
 
 #include <QByteArray>
-#include <QFile>
 #include <QString>
 #include <QStringList>
 
@@ -30,10 +30,10 @@ public:
     /// each write tries once more to open it.
     Outcome<QString> Open(const QString& path);
 
-    bool IsOpen() const { return m_file.isOpen(); }
+    bool IsOpen() const { return m_file.IsOpen(); }
 
     /// The path of the last Open, empty before the first.
-    QString Path() const { return m_file.fileName(); }
+    const QString& Path() const { return m_path; }
 
     /// Appends lines, each on one line whatever it holds and ended by CRLF, all of
     /// them in one write. False while something waits in memory, as it does when the
@@ -52,18 +52,13 @@ protected:
     virtual qint64 WriteBytes(const char* bytes, qint64 count);
 
 private:
-    bool OpenFile();
-    bool WasTakenAway() const;
+    Outcome<QString> OpenAgain();
     bool WritePending();
 
-    QFile m_file;
+    QString m_path;
+    OpenFile m_file;
     bool m_isMeantOpen = false; ///< between Open, even one that failed, and Close
     QByteArray m_pending;
 };
-
-/// Lets all who may write into a folder write into a file just made there:
-/// several accounts share the folder's files, and the one that happens to make
-/// a file must not lock the others out.
-void ShareWithFolder(QFileDevice& file, const QString& folder);
 
 } // namespace stoikal

@@ -1,10 +1,12 @@
 #include "help/help_archive.h"
 
+#include "base/file_access.h"
 #include "base/shown_path.h"
 #include "help/lzx_decoder.h"
 #include "help/packed_number.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace stoikal {
 namespace {
@@ -18,6 +20,8 @@ constexpr std::int64_t kLargestBlock = std::int64_t{1024} * 1024;
 /// An interval of 4 MB is far above what any compiler writes.
 constexpr std::int64_t kMostFramesPerInterval = 128;
 constexpr qsizetype kLongestName = 512;
+/// Ours have some hundred kilobytes.
+constexpr std::int64_t kLargestArchive = std::int64_t{64} * 1024 * 1024;
 
 QString PackedStore()
 {
@@ -26,16 +30,18 @@ QString PackedStore()
 
 } // namespace
 
-HelpArchive::HelpArchive(const QString& path)
-    : m_file(path)
+HelpArchive::HelpArchive(OpenFile file)
+    : m_file(std::move(file))
+    , m_fileSize(m_file.Size())
 {
 }
 
 Outcome<std::shared_ptr<HelpArchive>> HelpArchive::Open(const QString& path)
 {
-    const std::shared_ptr<HelpArchive> archive(new HelpArchive(path));
-    if (!archive->m_file.open(QIODevice::ReadOnly))
+    auto file = OpenForReading(path, Links::Followed);
+    if (!file || file->Size() > kLargestArchive)
         return Failure{u"Le fichier d'aide\n%1\nne peut pas être lu."_s.arg(ShownPath(path))};
+    const std::shared_ptr<HelpArchive> archive(new HelpArchive(std::move(*file)));
     if (!archive->ReadDirectory())
         return Failure{
             u"Le fichier d'aide\n%1\nest endommagé ou n'est pas un fichier d'aide."_s.arg(ShownPath(path))};
@@ -46,10 +52,10 @@ Outcome<std::shared_ptr<HelpArchive>> HelpArchive::Open(const QString& path)
 
 QByteArray HelpArchive::BytesAt(std::int64_t start, std::int64_t length)
 {
-    if (start < 0 || length < 0 || start > m_file.size() || length > m_file.size() - start
-        || !m_file.seek(start))
+    if (start < 0 || length < 0 || start > m_fileSize || length > m_fileSize - start)
         return {};
-    return m_file.read(length);
+    const auto bytes = m_file.Read(start, length);
+    return bytes ? *bytes : QByteArray();
 }
 
 bool HelpArchive::ReadDirectory()

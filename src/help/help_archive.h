@@ -1,9 +1,9 @@
 #pragma once
 
+#include "base/open_file.h"
 #include "base/outcome.h"
 
 #include <QByteArray>
-#include <QFile>
 #include <QHash>
 #include <QStringList>
 #include <cstdint>
@@ -51,7 +51,7 @@ private:
         std::int64_t length = 0;
     };
 
-    explicit HelpArchive(const QString& path);
+    explicit HelpArchive(OpenFile file);
     bool ReadDirectory();
     bool ReadDirectoryBlock(const QByteArray& block);
     bool ReadPacking();
@@ -60,7 +60,8 @@ private:
     std::optional<QByteArray> Unpacked(std::int64_t start, std::int64_t length);
     bool UnpackInterval(std::int64_t interval);
 
-    QFile m_file;
+    OpenFile m_file;
+    std::int64_t m_fileSize = 0;
     std::int64_t m_dataStart = 0;
     QStringList m_names;
     QHash<QString, Entry> m_entries; ///< by lower-case name

@@ -1,10 +1,11 @@
 #include "platform/qt_platform.h"
 
+#include "base/whole_file.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
 #include <QDesktopServices>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -120,10 +121,11 @@ namespace {
 /// that ended keeps its number until somebody asks how it ended: it is over too.
 qint64 StartOfProcess(qint64 number)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(number));
-    if (number <= 0 || !file.open(QIODevice::ReadOnly))
+    constexpr FileLimit kLimit{4096, 0};
+    const auto read = ReadWholeFile(QStringLiteral("/proc/%1/stat").arg(number), kLimit, Links::Refused);
+    if (number <= 0 || !read)
         return 0;
-    const QByteArray text = file.readAll();
+    const QByteArray& text = *read;
     // "14213 (calc (old)) S 1 ...": the name ends at the last bracket.
     const QList<QByteArray> fields = text.sliced(text.lastIndexOf(')') + 1).simplified().split(' ');
     constexpr qsizetype kState = 0;

@@ -1,6 +1,7 @@
 #include "platform/qt_platform.h"
 
-#include <QDir>
+#include "base/file_access.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -23,7 +24,7 @@ bool QtTrash::Move(const QString& path)
     // Where the user's data folder is missing, Qt 6.4 moves the file into the
     // current folder and reports success.
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (home.isEmpty() || !QDir().mkpath(home))
+    if (home.isEmpty() || !MakeFolders(home))
         return false;
     QString pathInTrash;
     if (!QFile::moveToTrash(path, &pathInTrash))

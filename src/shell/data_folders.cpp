@@ -1,15 +1,14 @@
 #include "shell/data_folders.h"
 
+#include "base/file_access.h"
 #include "base/file_lock.h"
 #include "base/session_state.h"
 #include "base/shown_path.h"
-#include "base/system_reason.h"
 #include "base/whole_file.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 namespace stoikal {
@@ -53,15 +52,10 @@ QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages
 /// A copy that the user may change, whatever the rights of the shipped file.
 Outcome<QString> CopyFile(const QString& from, const QString& to)
 {
-    QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
-        return Failure{
-            u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), FrenchReason(source.errorString()))};
-    const QByteArray bytes = source.readAll();
-    if (source.error() != QFileDevice::NoError)
-        return Failure{
-            u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), FrenchReason(source.errorString()))};
-    return ReplaceFile(to, bytes);
+    const auto bytes = ReadWholeFile(from, kTextLimit, Links::Followed);
+    if (!bytes)
+        return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), bytes.Reason())};
+    return ReplaceFile(to, *bytes, Sharing::Account);
 }
 
 } // namespace
@@ -98,7 +92,7 @@ void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& 
     }
     session.DossierDonnees = WithSeparator(folder);
     const QString own = session.DossierDonnees + OwnFolder();
-    QDir().mkpath(own);
+    MakeFolders(own);
     // A user name is a bare name; anything else must not lead out of the folder.
     user.replace(QLatin1Char('/'), QLatin1Char('_'));
     session.IniUtilisateur = own + QStringLiteral("/ConfEQU_") + user + QStringLiteral(".ini");
@@ -134,7 +128,7 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
 {
     if (QFileInfo::exists(folder))
         return folder;
-    QDir().mkpath(QFileInfo(folder).absolutePath());
+    MakeFolders(QFileInfo(folder).absolutePath());
     constexpr int kLockWaitMs = 2000;
     const FileLock lock(folder, kLockWaitMs);
     if (!lock.IsHeld())
@@ -144,18 +138,18 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
     const QString growing = folder + u".nouveau"_s;
     if (QFileInfo::exists(folder))
         return folder;
-    if (!QDir(growing).removeRecursively() || !QDir().mkpath(growing))
+    if (!RemoveTree(growing) || !MakeNewFolder(growing))
         return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas être créé"_s.arg(ShownPath(growing))};
     const QStringList seeds = desktop.folders.SeedFiles();
     for (const QString& seed : seeds) {
         auto copied = CopyFile(seed, WithSeparator(growing) + QFileInfo(seed).fileName());
         if (!copied) {
-            QDir(growing).removeRecursively();
+            RemoveTree(growing);
             return copied;
         }
     }
-    if (!QDir().rename(growing, folder)) {
-        QDir(growing).removeRecursively();
+    if (!RenameFolder(growing, QFileInfo(folder).fileName())) {
+        RemoveTree(growing);
         return Failure{u"le dossier «\u00A0%1\u00A0» ne peut pas prendre son nom"_s.arg(ShownPath(growing))};
     }
     return folder;

@@ -1,16 +1,12 @@
 #include "shell/password_store.h"
 
+#include "base/file_access.h"
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
-#include "base/system_reason.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
-#include "exercise/results_journal.h"
 #include "shell/data_folders.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 namespace stoikal {
 namespace {
@@ -29,14 +25,14 @@ Failure CannotRead(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le fichier du mot de passe ne peut pas être lu :\n%1\n(%2)\n\n"
                            "Vérifiez que le dossier de dépôt est accessible, puis recommencez.")
-                .arg(ShownPath(path), FrenchReason(reason))};
+                .arg(ShownPath(path), reason)};
 }
 
 Failure CannotWrite(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le nouveau mot de passe n'a pas pu être enregistré :\n%1\n(%2)\n\n"
                            "L'ancien mot de passe reste valable.")
-                .arg(ShownPath(path), FrenchReason(reason))};
+                .arg(ShownPath(path), reason)};
 }
 
 } // namespace
@@ -63,46 +59,30 @@ Outcome<QString> PasswordStore::Write(const QString& password)
 
 Outcome<QString> PasswordStore::ReadCommonFile() const
 {
-    QFile file(CommonFile());
-    // A folder opens for reading on some systems, and then reads as empty.
-    if (QFileInfo(file).isDir())
-        return CannotRead(file.fileName(), QStringLiteral("c'est un dossier"));
-    if (!file.open(QIODevice::ReadOnly))
-        return CannotRead(file.fileName(), file.errorString());
-    const QByteArray bytes = NormaliseTextBytes(file.readAll());
-    if (file.error() != QFileDevice::NoError)
-        return CannotRead(file.fileName(), file.errorString());
-    LineWalker lines(bytes);
+    const auto bytes = ReadWholeFile(CommonFile(), kTextLimit, Links::Refused);
+    if (!bytes)
+        return CannotRead(CommonFile(), bytes.Reason());
+    const QByteArray text = NormaliseTextBytes(*bytes);
+    LineWalker lines(text);
     return lines.AtEnd() ? QString() : DecodeLine(lines.Next());
 }
 
 Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
-    const QString path = CommonFile();
-    const bool isNew = !QFileInfo::exists(path);
-    const auto written = ReplaceFile(path, EncodeLine(password) + "\r\n", [this, isNew](QFileDevice& file) {
-        if (isNew)
-            ShareWithFolder(file, DepositFolder(m_state));
-    });
+    const auto written = ReplaceFile(CommonFile(), EncodeLine(password) + "\r\n", Sharing::Folder);
     if (!written)
-        return CannotWrite(path, written.Reason());
+        return CannotWrite(CommonFile(), written.Reason());
     return password;
 }
 
 Outcome<QString> PasswordStore::MakeCommonFile() const
 {
-    QFile file(CommonFile());
-    const bool isNew = !file.exists();
-    if (file.open(QIODevice::Append)) {
-        if (isNew)
-            ShareWithFolder(file, DepositFolder(m_state));
-        return file.fileName();
-    }
-    const QString reason = FrenchReason(file.errorString());
+    const QString path = CommonFile();
+    const auto made = OpenForAppending(path, IfMissing::Make, Sharing::Folder);
     // A teacher may let the pupils' accounts read his file and not write it.
-    if (QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly))
-        return file.fileName();
-    return Failure{reason};
+    if (made || OpenForReading(path, Links::Refused))
+        return path;
+    return made.Why();
 }
 
 } // namespace stoikal

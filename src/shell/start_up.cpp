@@ -1,7 +1,9 @@
 #include "shell/start_up.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_access.h"
 #include "base/shown_path.h"
+#include "base/whole_file.h"
 #include "forms/messages.h"
 #include "shell/data_folders.h"
 #include "shell/help_topics.h"
@@ -17,10 +19,8 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QMenuBar>
 #include <QPixmap>
-#include <QSaveFile>
 #include <QTimer>
 #include <QWindow>
 #include <utility>
@@ -85,11 +85,9 @@ void StartUp::CheckForNewVersion()
 void StartUp::TakeVersionFile(const QByteArray& bytes)
 {
     const QString folder = m_session.desktop.folders.Cache();
-    QDir().mkpath(folder);
-    QSaveFile copy(folder + QStringLiteral("/Delete_Me.txt"));
+    MakeFolders(folder);
     // The copy is a courtesy: the check goes on without it.
-    if (copy.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && copy.write(bytes) == bytes.size())
-        copy.commit();
+    (void)ReplaceFile(folder + QStringLiteral("/Delete_Me.txt"), bytes, Sharing::Account);
     const QString remote = RemoteVersion(QString::fromUtf8(bytes));
     if (!IsNewer(remote, product::MajorMinor()))
         return;

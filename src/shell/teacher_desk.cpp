@@ -1,6 +1,7 @@
 #include "shell/teacher_desk.h"
 
 #include "balancing/equation_search.h"
+#include "base/file_access.h"
 #include "base/shown_path.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/messages.h"
@@ -17,7 +18,6 @@
 #include "shell/windows/frm_pass_word.h"
 #include "shell/windows/frm_stoikal.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <utility>
 
@@ -223,7 +223,7 @@ void TeacherDesk::CleanAnswers()
     if (!path)
         return;
     m_session.journal.Close();
-    const bool isGone = QFile::remove(*path) || !QFileInfo::exists(*path);
+    const bool isGone = RemoveFile(*path);
     ReopenJournal();
     const QString name = QFileInfo(*path).fileName();
     if (!isGone) {

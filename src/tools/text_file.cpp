@@ -1,13 +1,29 @@
 #include "tools/text_file.h"
 
-#include "base/system_reason.h"
+#include "base/file_access.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
 
-#include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace stoikal {
+namespace {
+
+/// A year of a class fills some of these; more takes long to be shown.
+constexpr qint64 kShownEnd = qint64{1} * 1024 * 1024;
+
+QStringList WithoutLongLines(QStringList lines)
+{
+    constexpr qsizetype kLongestLine = 2000;
+    for (QString& line : lines) {
+        if (line.size() > kLongestLine)
+            line = line.first(kLongestLine - 1) + QChar(u'…');
+    }
+    return lines;
+}
+
+} // namespace
 
 TextFile::State TextFile::Now() const
 {
@@ -23,16 +39,29 @@ Outcome<QStringList> TextFile::Load()
         m_state = found;
         return QStringList();
     }
-    if (QFileInfo(m_path).isDir())
-        return Failure{QStringLiteral("c'est un dossier")};
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly))
-        return Failure{FrenchReason(file.errorString())};
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return Failure{FrenchReason(file.errorString())};
+    const auto bytes = ReadWholeFile(m_path, kTextLimit, Links::Refused);
+    if (!bytes)
+        return bytes.Why();
     m_state = found;
-    return DecodeLines(NormaliseTextBytes(bytes));
+    m_isCut = false;
+    return DecodeLines(NormaliseTextBytes(*bytes));
+}
+
+Outcome<QStringList> TextFile::LoadEnd()
+{
+    const State found = Now();
+    const auto file = OpenForReading(m_path, Links::Refused);
+    if (!file && !file.IsMissing())
+        return file.Why();
+    const qint64 from = file ? std::max<qint64>(file->Size() - kShownEnd, 0) : 0;
+    auto bytes = file ? file->Read(from, kShownEnd) : QByteArray();
+    if (!bytes)
+        return bytes.Why();
+    // The first line is whole only where the end begins behind another's.
+    const qsizetype whole = from == 0 ? 0 : bytes->indexOf('\n') + 1;
+    m_state = found;
+    m_isCut = from > 0;
+    return WithoutLongLines(DecodeLines(NormaliseTextBytes(bytes->sliced(whole))));
 }
 
 Outcome<QString> TextFile::Save(const QStringList& lines)
@@ -40,7 +69,7 @@ Outcome<QString> TextFile::Save(const QStringList& lines)
     QByteArray bytes;
     for (const QString& line : lines)
         bytes += EncodeLine(line) + "\r\n";
-    auto written = ReplaceFile(m_path, bytes);
+    auto written = ReplaceFile(m_path, bytes, Sharing::Account);
     if (written)
         m_state = Now();
     return written;

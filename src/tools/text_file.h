@@ -24,6 +24,13 @@ public:
     /// with the system's reason when it cannot be read.
     Outcome<QStringList> Load();
 
+    /// Reads the lines at the file's end, as many as can be shown at once; what is too
+    /// long of a line is left out. Fails as `Load` does.
+    Outcome<QStringList> LoadEnd();
+
+    /// Whether the last reading left out the file's beginning.
+    bool IsCut() const { return m_isCut; }
+
     /// Replaces the file, whole or not at all, by lines ended by CRLF, and returns
     /// its path. Fails with the system's reason; the old text then stands.
     Outcome<QString> Save(const QStringList& lines);
@@ -44,6 +51,7 @@ private:
 
     QString m_path;
     State m_state;
+    bool m_isCut = false;
 };
 
 } // namespace stoikal

@@ -2,8 +2,8 @@
 
 #include "base/shown_path.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 #include <cmath>
@@ -23,15 +23,13 @@ Failure MissingFile(const QString& path)
 
 Outcome<qsizetype> TipList::LoadTips(const QString& path)
 {
-    if (path.isEmpty() || !QFileInfo::exists(path))
-        return MissingFile(path);
-    QFile file(path);
-    const bool isFile = QFileInfo(path).isFile();
-    const QByteArray bytes = isFile && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    if (!isFile || file.error() != QFileDevice::NoError)
-        return Failure{QStringLiteral("Le fichier %1 ne peut pas être lu.\n%2")
-                           .arg(QFileInfo(path).fileName(), isFile ? file.errorString() : ShownPath(path))};
-    const QStringList lines = DecodeLines(NormaliseTextBytes(bytes));
+    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    if (!bytes) {
+        return bytes.IsMissing() ? MissingFile(path)
+                                 : Failure{QStringLiteral("Le fichier %1 ne peut pas être lu.\n%2")
+                                               .arg(QFileInfo(path).fileName(), bytes.Reason())};
+    }
+    const QStringList lines = DecodeLines(NormaliseTextBytes(*bytes));
     m_tips += lines;
     return lines.size();
 }

@@ -3,6 +3,7 @@
 #include "base/fatal_fault.h"
 #include "base/file_lock.h"
 #include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -273,7 +274,7 @@ TEST_F(AppendingLines, TellsWhatCannotBeWritten)
 
 TEST_F(AppendingLines, TellsThatTheDiskIsFull)
 {
-    ASSERT_TRUE(QFile::link(u"/dev/full"_s, Path(u"plein.Equ"_s)));
+    const FullFile full(Path(u"plein.Equ"_s));
     EXPECT_FALSE(EquationAppender::AppendLines(Path(u"plein.Equ"_s), {"A=B/1,1"}));
 }
 

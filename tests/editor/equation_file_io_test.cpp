@@ -144,7 +144,9 @@ TEST(EditorLoader, FileThatCannotBeReadToItsEndIsTold)
     const auto loaded = LoadFileIntoEditor(path);
 
     ASSERT_FALSE(loaded.Succeeded());
-    EXPECT_EQ(loaded.Reason(), u"Le fichier d'équations « %1 » ne peut pas être lu."_s.arg(path));
+    EXPECT_EQ(
+        loaded.Reason(),
+        u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: %2."_s.arg(path, FailingFileReason()));
 }
 
 TEST(EditorWriter, WritesTheWorkedExample)

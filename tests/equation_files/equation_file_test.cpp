@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QTemporaryDir>
+#include <sys/stat.h>
 #include <vector>
 
 using namespace stoikal;
@@ -251,12 +253,47 @@ TEST_F(EquationFileTest, MissingFileIsAFailureThatNamesIt)
     const Outcome<EquationFile> file = EquationFile::Open(path);
 
     ASSERT_FALSE(file.Succeeded());
-    EXPECT_EQ(file.Reason(), u"Le fichier d'équations « %1 » ne peut pas être ouvert."_s.arg(path));
+    EXPECT_EQ(
+        file.Reason(),
+        u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: le fichier ou le dossier n'existe pas."_s
+            .arg(path));
 }
 
 TEST_F(EquationFileTest, FolderIsAFailure)
 {
     EXPECT_FALSE(EquationFile::Open(m_folder.path()).Succeeded());
+}
+
+TEST_F(EquationFileTest, LinkIsFollowedToAFileKeptElsewhere)
+{
+    const QString elsewhere = m_folder.filePath(u"ailleurs.txt"_s);
+    WriteBytes(elsewhere, "A=B\r\n");
+    ASSERT_TRUE(QFile::link(elsewhere, m_folder.filePath(u"lien.Equ"_s)));
+
+    EXPECT_EQ(*ReadEquationBytes(m_folder.filePath(u"lien.Equ"_s)), QByteArray("A=B\r\n"));
+}
+
+TEST_F(EquationFileTest, LinkToThePasswordIsNotRead)
+{
+    WriteBytes(m_folder.filePath(u"motdepasse.txt"_s), "secret\r\n");
+    ASSERT_TRUE(QFile::link(m_folder.filePath(u"motdepasse.txt"_s), m_folder.filePath(u"lien.Equ"_s)));
+
+    const auto bytes = ReadEquationBytes(m_folder.filePath(u"lien.Equ"_s));
+
+    ASSERT_FALSE(bytes);
+    EXPECT_EQ(bytes.Reason(), u"ce n'est pas un fichier d'équations"_s);
+}
+
+TEST_F(EquationFileTest, WhatIsNoFileIsNotWaitedForEvenBehindALink)
+{
+    const QString pipe = m_folder.filePath(u"tube"_s);
+    ASSERT_EQ(::mkfifo(qPrintable(pipe), 0666), 0);
+    ASSERT_TRUE(QFile::link(pipe, m_folder.filePath(u"lien.Equ"_s)));
+
+    const auto bytes = ReadEquationBytes(m_folder.filePath(u"lien.Equ"_s));
+
+    ASSERT_FALSE(bytes);
+    EXPECT_EQ(bytes.Reason(), u"ce n'est pas un fichier"_s);
 }
 
 TEST_F(EquationFileTest, FileThatCannotBeReadToItsEndIsAFailure)
@@ -267,5 +304,7 @@ TEST_F(EquationFileTest, FileThatCannotBeReadToItsEndIsAFailure)
     const Outcome<EquationFile> file = EquationFile::Open(path);
 
     ASSERT_FALSE(file.Succeeded());
-    EXPECT_EQ(file.Reason(), u"Le fichier d'équations « %1 » ne peut pas être lu."_s.arg(path));
+    EXPECT_EQ(
+        file.Reason(),
+        u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: %2."_s.arg(path, FailingFileReason()));
 }

@@ -341,8 +341,10 @@ TEST(ResultsJournal, HandsAllLinesOfACallOverInOneWrite)
 
 TEST(ResultsJournal, KeepsWhatAFullDiskRefuses)
 {
+    const JournalFolder place;
+    const FullFile full(place.path);
     ResultsJournal journal;
-    ASSERT_TRUE(journal.Open(u"/dev/full"_s)); // Refuses every write.
+    ASSERT_TRUE(journal.Open(place.path));
 
     EXPECT_FALSE(journal.WriteLines({u"abc"_s}));
     EXPECT_EQ(journal.PendingBytes(), 5); // Three letters and the line end.

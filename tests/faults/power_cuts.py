@@ -24,7 +24,7 @@ PATIENCE = 30  # seconds
 
 # The calls that change something; what lies between two of them leaves one state.
 CHANGING = ["openat", "write", "pwrite64", "writev", "rename", "renameat", "renameat2", "link", "linkat", "unlink",
-            "unlinkat", "ftruncate", "fallocate", "fsync", "fdatasync", "fchmod", "chmod", "mkdir", "rmdir", "flock",
+            "unlinkat", "ftruncate", "fallocate", "fsync", "fdatasync", "fchmod", "chmod", "mkdir", "mkdirat", "rmdir", "flock",
             "copy_file_range", "sendfile"]
 NOT_FOR_LACK_OF_ROOM = {"flock", "unlink", "unlinkat", "rmdir"}
 

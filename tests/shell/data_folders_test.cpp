@@ -313,6 +313,20 @@ TEST_F(EquationFolder, IsNotMadeWhereNothingCanBeWritten)
     EXPECT_EQ(seeded.Reason(), u"le dossier qui doit le contenir ne peut pas être écrit"_s);
 }
 
+TEST_F(EquationFolder, LinkWhereItWouldGrowGoesAndWhatItLeadsToStays)
+{
+    ASSERT_TRUE(QDir().mkpath(folder.filePath(u"documents de la victime"_s)));
+    WriteBytes(folder.filePath(u"documents de la victime/lettre.txt"_s), "mine");
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(own).absolutePath()));
+    ASSERT_TRUE(QFile::link(folder.filePath(u"documents de la victime"_s), own + u".nouveau"_s));
+
+    Seed();
+
+    EXPECT_EQ(BytesOfFile(folder.filePath(u"documents de la victime/lettre.txt"_s)), QByteArray("mine"));
+    EXPECT_FALSE(QFileInfo(own).isSymLink());
+    EXPECT_EQ(BytesOfFile(own + u"/Serie.Equ"_s), QByteArray("shipped Serie.Equ"));
+}
+
 TEST_F(EquationFolder, IsNotMadeWhenAFileStandsWhereItWouldGrow)
 {
     ASSERT_TRUE(QDir().mkpath(QFileInfo(own).absolutePath()));

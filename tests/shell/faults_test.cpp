@@ -1,6 +1,7 @@
 #include "shell_fixture.h"
 
 #include "base/fatal_fault.h"
+#include "support/file_size_limit.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -8,6 +9,7 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QProcess>
+#include <memory>
 
 namespace stoikal {
 
@@ -84,11 +86,12 @@ protected:
     void SetUp() override
     {
         QDir().mkpath(EquationFolder());
-        ASSERT_TRUE(QFile::link(u"/dev/full"_s, link));
+        full = std::make_unique<FullFile>(journal);
         Start();
     }
 
-    const QString link = EquationFolder() + u"/Resultat.txt"_s;
+    const QString journal = EquationFolder() + u"/Resultat.txt"_s;
+    std::unique_ptr<FullFile> full;
 };
 
 /// Where a fault without a place of its own is said to be.
@@ -269,7 +272,7 @@ TEST_F(FullDisk, IsToldOnceAndTheRunGoesOn)
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
-    EXPECT_TRUE(messages.shown[0].text.contains(link)) << messages.shown[0].text.toStdString();
+    EXPECT_TRUE(messages.shown[0].text.contains(journal)) << messages.shown[0].text.toStdString();
     EXPECT_EQ(State().NumEquation, 3);
     EXPECT_EQ(Control<QLabel>(Exercise(), "lblScore").text(), u"10"_s);
 }
@@ -279,12 +282,12 @@ TEST_F(FullDisk, LosesNothingWhenThereIsRoomAgainAtTheEnd)
     OpenFile({u"H2+O2=H2O/2,1,2"_s, u"C+O2=CO2/1,1,1"_s});
     Answer({u"2"_s, u"1"_s, {}, u"2"_s});
     messages.answers = {QMessageBox::Yes};
-    messages.whileOpen = [this](const Message&) { QFile::remove(link); };
+    messages.whileOpen = [this](const Message&) { QFile::remove(journal); };
 
     Choose("Mnu_End");
 
     EXPECT_EQ(ends, 1);
-    EXPECT_EQ(TextOfFile(link),
+    EXPECT_EQ(TextOfFile(journal),
               AsFileText({{},
                           Stars(),
                           u"Nom élève :DUPONT"_s,
@@ -308,7 +311,7 @@ TEST_F(FullDisk, AsksAgainUntilTheUserGivesUp)
 
     ASSERT_EQ(messages.shown.size(), 3U);
     EXPECT_EQ(messages.shown[0].buttons, QMessageBox::Yes | QMessageBox::No);
-    EXPECT_TRUE(messages.shown[0].text.contains(link));
+    EXPECT_TRUE(messages.shown[0].text.contains(journal));
     EXPECT_EQ(ends, 1);
 }
 

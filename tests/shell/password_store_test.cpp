@@ -2,7 +2,6 @@
 
 #include "base/session_state.h"
 #include "base/settings_store.h"
-#include "support/failing_file.h"
 #include "support/file_bytes.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
@@ -226,15 +225,28 @@ TEST_F(PasswordStoreTest, DepositWithANameOfBlanksIsTheShareItself)
     EXPECT_EQ(passwords.CommonFile(), folder.filePath(u"MotDePasse.txt"_s));
 }
 
-TEST_F(PasswordStoreTest, FileThatCannotBeReadToItsEndIsNoEmptyPassword)
+TEST_F(PasswordStoreTest, LinkInPlaceOfTheFileIsNotFollowed)
 {
     OnAShare();
-    ASSERT_TRUE(MakeFailingFile(Common()));
+    WriteBytes(folder.filePath(u"eleve.txt"_s), "facile\r\n");
+    ASSERT_TRUE(QFile::link(folder.filePath(u"eleve.txt"_s), Common()));
 
     EXPECT_EQ(Password(),
               u"!Le fichier du mot de passe ne peut pas être lu :\n%1\n(%2)\n\n"
               "Vérifiez que le dossier de dépôt est accessible, puis recommencez."_s.arg(
-                  Common(), FailingFileReason()));
+                  Common(), u"ce nom est celui d'un lien, et non d'un fichier"_s));
+    EXPECT_FALSE(passwords.MakeCommonFile());
+    EXPECT_FALSE(passwords.Write(u"neuf"_s));
+    EXPECT_EQ(BytesOfFile(folder.filePath(u"eleve.txt"_s)), QByteArray("facile\r\n"));
+}
+
+TEST_F(PasswordStoreTest, WhatIsNoFileIsNoEmptyPasswordAndIsNotWaitedFor)
+{
+    OnAShare();
+    ASSERT_EQ(::mkfifo(qPrintable(Common()), 0666), 0);
+
+    EXPECT_TRUE(Password().contains(u"(ce n'est pas un fichier)"_s)) << Password().toStdString();
+    EXPECT_FALSE(passwords.MakeCommonFile());
 }
 
 TEST_F(PasswordStoreTest, CommonFileThatAPupilMayOnlyReadIsThere)

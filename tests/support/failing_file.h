@@ -4,11 +4,17 @@
 
 namespace stoikal {
 
-/// Makes a file that opens and cannot be read, as on a disk that fails: the
-/// memory of this process, in which nothing lies at the first byte.
+/// A file that opens and cannot be read, as on a disk that fails: the memory of
+/// this process, in which nothing lies at the first byte.
+inline QString FailingFile()
+{
+    return QStringLiteral("/proc/self/mem");
+}
+
+/// Makes a link to such a file.
 inline bool MakeFailingFile(const QString& path)
 {
-    return QFile::link(QStringLiteral("/proc/self/mem"), path);
+    return QFile::link(FailingFile(), path);
 }
 
 /// What the system's word for such a failure reads like in French.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QFile>
 #include <algorithm>
 #include <csignal>
+#include <stdexcept>
 #include <sys/resource.h>
 
 namespace stoikal {
@@ -16,5 +18,23 @@ inline void LimitFileSize(rlim_t bytes)
     limit.rlim_cur = std::min(bytes, limit.rlim_max);
     setrlimit(RLIMIT_FSIZE, &limit);
 }
+
+/// A file that can grow no more, as on a full disk, while others still can; as long
+/// as this lives.
+class FullFile
+{
+public:
+    explicit FullFile(const QString& path)
+    {
+        constexpr qint64 kFarAboveOthers = qint64{64} * 1024 * 1024;
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || !file.resize(kFarAboveOthers))
+            throw std::runtime_error("cannot make the full file");
+        LimitFileSize(kFarAboveOthers);
+    }
+    ~FullFile() { LimitFileSize(RLIM_INFINITY); }
+    FullFile(const FullFile&) = delete;
+    FullFile& operator=(const FullFile&) = delete;
+};
 
 } // namespace stoikal

@@ -111,13 +111,106 @@ TEST(TextFile, ItsOwnSavingIsNoChangeFromOutside)
 
 TEST(TextFile, TellsThatItCannotBeReadToItsEnd)
 {
+    const auto lines = TextFile(FailingFile()).Load();
+
+    ASSERT_FALSE(lines);
+    EXPECT_EQ(lines.Reason(), FailingFileReason());
+}
+
+TEST(TextFile, LinkInItsPlaceIsNotFollowed)
+{
     const OneFile place;
-    ASSERT_TRUE(MakeFailingFile(place.path));
+    WriteBytes(place.folder.filePath(u"ailleurs.txt"_s), "mine");
+    ASSERT_TRUE(QFile::link(place.folder.filePath(u"ailleurs.txt"_s), place.path));
+    TextFile file(place.path);
+
+    EXPECT_FALSE(file.Load());
+    EXPECT_FALSE(file.Save({u"a"_s}));
+
+    EXPECT_EQ(BytesOfFile(place.folder.filePath(u"ailleurs.txt"_s)), QByteArray("mine"));
+}
+
+TEST(TextFile, WhatIsNoFileIsNotWaitedFor)
+{
+    const OneFile place;
+    ASSERT_EQ(::mkfifo(qPrintable(place.path), 0666), 0);
 
     const auto lines = TextFile(place.path).Load();
 
     ASSERT_FALSE(lines);
-    EXPECT_EQ(lines.Reason(), FailingFileReason());
+    EXPECT_EQ(lines.Reason(), u"ce n'est pas un fichier"_s);
+}
+
+TEST(TextFile, EndOfAShortOneIsTheWhole)
+{
+    const OneFile place;
+    place.Write("a\r\n\xE9\r\nb");
+    TextFile file(place.path);
+
+    const auto lines = file.LoadEnd();
+
+    ASSERT_TRUE(lines);
+    EXPECT_EQ(*lines, QStringList({u"a"_s, u"é"_s, u"b"_s}));
+    EXPECT_FALSE(file.IsCut());
+}
+
+TEST(TextFile, EndOfALongOneBeginsWithAWholeLine)
+{
+    const OneFile place;
+    QByteArray bytes = "premier\r\n";
+    for (int i = 0; i < 100'000; ++i)
+        bytes += "ligne " + QByteArray::number(i).rightJustified(8, '0') + "\r\n";
+    place.Write(bytes);
+    TextFile file(place.path);
+
+    const auto lines = file.LoadEnd();
+
+    ASSERT_TRUE(lines);
+    EXPECT_TRUE(file.IsCut());
+    // A megabyte is 65,536 such lines; it begins behind the end of another one.
+    EXPECT_EQ(lines->size(), 65'535);
+    EXPECT_EQ(lines->first(), u"ligne 00034465"_s);
+    EXPECT_EQ(lines->last(), u"ligne 00099999"_s);
+}
+
+TEST(TextFile, EndOfAGigabyteIsReadAlone)
+{
+    const OneFile place;
+    QFile writer(place.path);
+    ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(writer.resize(qint64{8} * 1024 * 1024 * 1024));
+    ASSERT_TRUE(writer.seek(writer.size()));
+    ASSERT_EQ(writer.write("\r\nla fin\r\n"), 10);
+    writer.close();
+
+    const auto lines = TextFile(place.path).LoadEnd();
+
+    ASSERT_TRUE(lines);
+    EXPECT_EQ(*lines, QStringList{u"la fin"_s});
+}
+
+TEST(TextFile, LinesOfTheEndAreCutWhereNobodyReadsOn)
+{
+    const OneFile place;
+    place.Write(QByteArray(2001, 'x') + "\r\n" + QByteArray(2000, 'y'));
+
+    const auto lines = TextFile(place.path).LoadEnd();
+
+    ASSERT_TRUE(lines);
+    EXPECT_EQ(*lines, QStringList({QString(1999, u'x') + u"…"_s, QString(2000, u'y')}));
+}
+
+TEST(TextFile, GiantIsNotLoadedToBeChanged)
+{
+    const OneFile place;
+    QFile writer(place.path);
+    ASSERT_TRUE(writer.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(writer.resize(qint64{8} * 1024 * 1024 * 1024));
+
+    const auto lines = TextFile(place.path).Load();
+
+    ASSERT_FALSE(lines);
+    EXPECT_EQ(lines.Reason(), u"le fichier est trop grand\u00A0: 4096\u00A0Ko au plus"_s);
 }
 
 TEST(TextFile, TellsThatItMayNotBeRead)

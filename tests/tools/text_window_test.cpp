@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTextBlock>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -91,6 +92,17 @@ TEST_F(TextWindowTest, BeginsAtTheEndWhereTheNewestStands)
 
     // "a", a line end, "b", a line end.
     EXPECT_EQ(Sheet().textCursor().position(), 4);
+}
+
+TEST_F(TextWindowTest, OfLongResultsTheEndIsShownAndSaidToBeTheEnd)
+{
+    Put(QByteArray("  N°1 : \r\n").repeated(200'000) + "la fin\r\n");
+
+    ASSERT_TRUE(Open(TextWindow::Use::Read));
+
+    EXPECT_EQ(State(), u"Seule la fin du fichier est montrée."_s);
+    EXPECT_EQ(Sheet().document()->lastBlock().previous().text(), u"la fin"_s);
+    EXPECT_LT(Sheet().document()->blockCount(), 150'000);
 }
 
 TEST_F(TextWindowTest, ResultsCanOnlyBeRead)

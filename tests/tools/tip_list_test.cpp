@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -150,6 +151,19 @@ TEST(TipList, FolderInPlaceOfTheFileIsToldAsUnreadable)
 
     ASSERT_FALSE(loaded);
     EXPECT_TRUE(loaded.Reason().startsWith(u"Le fichier TipOfDayEqChm.txt ne peut pas être lu."_s));
+}
+
+TEST(TipList, WhatIsNoFileIsToldAndNotWaitedFor)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"TipOfDayEqChm.txt"_s);
+    ASSERT_EQ(::mkfifo(qPrintable(path), 0666), 0);
+
+    const auto loaded = TipList().LoadTips(path);
+
+    ASSERT_FALSE(loaded);
+    EXPECT_EQ(loaded.Reason(),
+              u"Le fichier TipOfDayEqChm.txt ne peut pas être lu.\nce n'est pas un fichier"_s);
 }
 
 TEST(TipList, ReadsTheTipsThatShip)

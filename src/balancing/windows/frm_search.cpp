@@ -4,13 +4,12 @@
 #include "balancing/windows/molecule_boxes.h"
 #include "balancing/windows/save_request.h"
 #include "base/fatal_fault.h"
-#include "base/system_reason.h"
 #include "base/text_lines.h"
+#include "equation_files/equation_file.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
 #include <QCheckBox>
-#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -170,17 +169,13 @@ void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gather
 {
     AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(OnOneLine(name)));
     const QString path = Desktop().equationFolder + QLatin1Char('/') + name;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        AddToList(QStringLiteral("(illisible : %1)").arg(FrenchReason(file.errorString())));
-        return;
-    }
     // Read whole before it is matched: the file may be the one written to.
-    const QByteArray bytes = NormaliseTextBytes(file.readAll());
-    if (file.error() != QFileDevice::NoError) {
-        AddToList(QStringLiteral("(illisible : %1)").arg(FrenchReason(file.errorString())));
+    const auto read = ReadEquationBytes(path);
+    if (!read) {
+        AddToList(QStringLiteral("(illisible : %1)").arg(read.Reason()));
         return;
     }
+    const QByteArray bytes = NormaliseTextBytes(*read);
     LineWalker walker(bytes);
     int number = 0;
     while (!walker.AtEnd()) {

@@ -1,10 +1,10 @@
 #include "shell/windows/frm_corbeille.h"
 
+#include "base/file_access.h"
 #include "forms/button_row.h"
 #include "forms/messages.h"
 #include "platform/doors.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -104,7 +104,7 @@ void frmCorbeille::DeleteForGood(const QStringList& names)
         return;
     QStringList left;
     for (const QString& name : names) {
-        if (!QFile::remove(PathOf(name)) && IsThere(PathOf(name)))
+        if (!RemoveFile(PathOf(name)))
             left << name;
     }
     if (!left.isEmpty())

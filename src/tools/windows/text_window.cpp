@@ -35,6 +35,7 @@ TextWindow::TextWindow(const QString& path, const QString& caption, Use use, con
                        QWidget* parent)
     : Form(QStringLiteral("frmTexte"), caption + QStringLiteral("[*]"), Kind::Tool, parent)
     , m_file(path)
+    , m_use(use)
     , m_doors(doors)
     , txtTexte(Named(new QPlainTextEdit(this), QStringLiteral("txtTexte"), caption))
     , txtFind(Named(new QLineEdit(this), QStringLiteral("txtFind"), QStringLiteral("Texte à rechercher")))
@@ -145,9 +146,15 @@ void TextWindow::ShowLines(const QStringList& lines)
     txtTexte->setPlainText(text);
 }
 
+Outcome<QStringList> TextWindow::ReadLines()
+{
+    // What is not edited need not be whole.
+    return m_use == Use::Edit ? m_file.Load() : m_file.LoadEnd();
+}
+
 bool TextWindow::Load()
 {
-    const auto lines = m_file.Load();
+    const auto lines = ReadLines();
     if (!lines) {
         m_doors.messages.Critical(this, QStringLiteral("Stoikal"),
                                   QStringLiteral("Le fichier ne peut pas être lu :\n%1\n(%2)")
@@ -157,7 +164,9 @@ bool TextWindow::Load()
     ShowLines(*lines);
     // The newest results stand last, and a new tip comes behind the others.
     txtTexte->moveCursor(QTextCursor::End);
-    ShowState(lines->isEmpty() ? QStringLiteral("Le fichier est vide.") : QString());
+    ShowState(lines->isEmpty()     ? QStringLiteral("Le fichier est vide.")
+                  : m_file.IsCut() ? QStringLiteral("Seule la fin du fichier est montrée.")
+                                   : QString());
     return true;
 }
 
@@ -166,7 +175,7 @@ void TextWindow::RefreshIfChanged()
     if (IsModified() || !m_file.HasChangedOutside())
         return;
     // What is shown stays where the file has gone: a share may be away for a while.
-    const auto lines = QFileInfo::exists(Path()) ? m_file.Load() : Outcome<QStringList>(Failure{});
+    const auto lines = QFileInfo::exists(Path()) ? ReadLines() : Outcome<QStringList>(Failure{});
     if (!lines) {
         ShowState(QStringLiteral("Le fichier n'est plus accessible."));
         return;

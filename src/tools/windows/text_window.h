@@ -57,6 +57,7 @@ private:
     void Build(Use use);
     void BuildKeys();
     QStringList Lines() const;
+    Outcome<QStringList> ReadLines();
     void ShowLines(const QStringList& lines);
     bool Save();
     void RefreshIfChanged();
@@ -66,6 +67,7 @@ private:
     void cmdEditor_Click();
 
     TextFile m_file;
+    Use m_use;
     Doors m_doors;
 
     QPlainTextEdit* txtTexte;

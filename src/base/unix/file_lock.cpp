@@ -1,35 +1,32 @@
 #include "base/file_lock.h"
 
+#include "base/file_access.h"
+
 #include <QDeadlineTimer>
-#include <QFile>
 #include <QThread>
 #include <cerrno>
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace stoikal {
 namespace {
 
-/// Everybody who may write into the folder may ask for the lock, as several
-/// accounts share the folder's files.
-constexpr mode_t kLockMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
-
-bool IsSameFile(int descriptor, const QByteArray& path)
+bool IsSameFile(const OpenFile& held, const OpenFile& named)
 {
-    struct stat held {
+    struct stat first {
     };
-    struct stat named {
+    struct stat second {
     };
-    return ::fstat(descriptor, &held) == 0 && ::stat(path.constData(), &named) == 0
-        && held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+    return ::fstat(held.Descriptor(), &first) == 0 && ::fstat(named.Descriptor(), &second) == 0
+        && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 } // namespace
 
 FileLock::FileLock(const QString& path, int waitMs)
-    : m_path(QFile::encodeName(path + QStringLiteral(".lock")))
+    : m_path(path + QStringLiteral(".lock"))
 {
     constexpr unsigned long kPauseMs = 10;
     constexpr int kMostHolders = 10;
@@ -49,37 +46,32 @@ FileLock::FileLock(const QString& path, int waitMs)
 
 FileLock::Try FileLock::TryOnce()
 {
-    const int descriptor = ::open(m_path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, kLockMode);
-    if (descriptor < 0)
+    auto opened = OpenForLocking(m_path);
+    if (!opened)
         return Try::Impossible;
-    // The mask of the account must not lock the others out; not ours to change is fine.
-    (void)::fchmod(descriptor, kLockMode);
-    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+    OpenFile& file = *opened;
+    if (::flock(file.Descriptor(), LOCK_EX | LOCK_NB) != 0) {
         const bool isBusy = errno == EWOULDBLOCK || errno == EINTR;
-        if (::pread(descriptor, &m_holder, sizeof m_holder, 0) != sizeof m_holder)
+        if (::pread(file.Descriptor(), &m_holder, sizeof m_holder, 0) != sizeof m_holder)
             m_holder = 0;
-        ::close(descriptor);
         return isBusy ? Try::Busy : Try::Impossible;
     }
     // The holder before us takes the file away: a lock on a file that has lost
     // its name protects nothing.
-    if (!IsSameFile(descriptor, m_path)) {
-        ::close(descriptor);
+    const auto named = OpenForReading(m_path, Links::Refused);
+    if (!named || !IsSameFile(file, *named))
         return Try::Busy;
-    }
     // Told to those who wait; without it they only wait less.
     const std::int32_t self = ::getpid();
-    (void)!::pwrite(descriptor, &self, sizeof self, 0);
-    m_descriptor = descriptor;
+    (void)!::pwrite(file.Descriptor(), &self, sizeof self, 0);
+    m_file = std::move(file);
     return Try::Held;
 }
 
 FileLock::~FileLock()
 {
-    if (m_descriptor < 0)
-        return;
-    ::unlink(m_path.constData());
-    ::close(m_descriptor);
+    if (IsHeld())
+        RemoveFile(m_path);
 }
 
 } // namespace stoikal

@@ -1,0 +1,116 @@
+#include "base/unix/file_opening.h"
+#include "base/whole_file.h"
+
+#include <QRandomGenerator>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+
+namespace stoikal {
+namespace {
+
+constexpr mode_t kReadAndWrite = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+
+/// A file that grows beside another under a name of its own, and takes that one's
+/// place when it is whole. One that does not is taken away.
+class GrowingFile
+{
+public:
+    GrowingFile(const PathEnd& end, mode_t rights)
+        : m_end(end)
+    {
+        constexpr int kMostTries = 100;
+        for (int i = 0; i < kMostTries && !m_file.IsOpen(); ++i) {
+            m_name = end.name + '.' + RandomLetters();
+            m_file = OpenFile(::openat(end.folder.Number(), m_name.constData(),
+                                       O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights),
+                              {}, true);
+            if (!m_file.IsOpen() && errno != EEXIST)
+                break;
+        }
+        m_error = errno;
+    }
+    ~GrowingFile()
+    {
+        if (m_file.IsOpen())
+            ::unlinkat(m_end.folder.Number(), m_name.constData(), 0);
+    }
+    GrowingFile(const GrowingFile&) = delete;
+    GrowingFile& operator=(const GrowingFile&) = delete;
+
+    OpenFile& File() { return m_file; }
+    Failure OpenFailure() const { return SystemFailure(m_error); }
+
+    /// Gives it the name of the other; false when that fails.
+    bool TakePlace()
+    {
+        // What has been put there meanwhile goes; a link itself, not what it leads to.
+        if (::renameat(m_end.folder.Number(), m_name.constData(), m_end.folder.Number(),
+                       m_end.name.constData())
+            != 0)
+            return false;
+        m_file.Close();
+        return true;
+    }
+
+private:
+    static QByteArray RandomLetters()
+    {
+        constexpr int kLetters = 6;
+        QByteArray letters;
+        for (int i = 0; i < kLetters; ++i)
+            letters += static_cast<char>('a' + QRandomGenerator::system()->bounded('z' - 'a' + 1));
+        return letters;
+    }
+
+    const PathEnd& m_end;
+    QByteArray m_name;
+    OpenFile m_file;
+    int m_error = 0;
+};
+
+/// The rights of the file that stands there; none where there is none.
+Outcome<std::optional<mode_t>> RightsOfOld(const PathEnd& end)
+{
+    // Who may not write it may not put another in its place.
+    const auto old = OpenThere(end, O_WRONLY);
+    if (!old && old.IsMissing())
+        return std::optional<mode_t>();
+    struct stat status {
+    };
+    if (!old)
+        return old.Why();
+    if (::fstat(old->Number(), &status) != 0)
+        return SystemFailure(errno);
+    return std::optional<mode_t>(status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO));
+}
+
+} // namespace
+
+Outcome<QString> ReplaceFile(const QString& path, const QByteArray& bytes, Sharing sharing)
+{
+    const auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
+    if (!end)
+        return end.Why();
+    const auto rights = RightsOfOld(*end);
+    if (!rights)
+        return rights.Why();
+    // What only some may read is at no moment readable by others.
+    GrowingFile growing(*end, *rights ? S_IRUSR | S_IWUSR : kReadAndWrite);
+    OpenFile& file = growing.File();
+    if (!file.IsOpen())
+        return growing.OpenFailure();
+    if (*rights)
+        (void)::fchmod(file.Descriptor(), **rights);
+    else if (sharing == Sharing::Folder)
+        ShareWithFolder(file.Descriptor(), end->folder);
+    if (!file.WriteAll(bytes) || !file.ReachesTheDisk())
+        return file.WriteFailure();
+    if (!growing.TakePlace())
+        return SystemFailure(errno);
+    return path;
+}
+
+} // namespace stoikal

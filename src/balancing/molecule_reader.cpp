@@ -2,6 +2,7 @@
 
 #include "base/checked_integer.h"
 #include "base/fatal_fault.h"
+#include "base/quote.h"
 
 #include <QStringView>
 
@@ -13,7 +14,8 @@ std::int16_t ReadCharge(QStringView formula, qsizetype& i)
 {
     const qsizetype close = formula.indexOf(QLatin1Char('}'), i);
     if (close < 0)
-        throw FatalFault(QStringLiteral("il manque une accolade fermante dans la formule %1.").arg(formula));
+        throw FatalFault(
+            QStringLiteral("il manque une accolade fermante dans la formule %1.").arg(Quoted(formula)));
     const std::int64_t magnitude = IndexAt(formula, i + 1);
     const bool isNegative = formula.sliced(i + 1, close - i - 1).contains(QLatin1Char('-'));
     i = close;

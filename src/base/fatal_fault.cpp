@@ -1,5 +1,6 @@
 #include "base/fatal_fault.h"
 
+#include "base/quote.h"
 #include "base/shown_path.h"
 
 #include <utility>
@@ -39,7 +40,7 @@ QString FatalFault::OperationText() const
     if (!m_file.isEmpty())
         text += QStringLiteral("\n\nFichier\u00A0: %1").arg(ShownPath(m_file));
     if (m_line > 0)
-        text += QStringLiteral("\nLigne %1\u00A0: %2").arg(QString::number(m_line), m_lineText);
+        text += QStringLiteral("\nLigne %1\u00A0: %2").arg(QString::number(m_line), Quoted(m_lineText));
     return text;
 }
 

@@ -5,7 +5,6 @@
 #include "base/settings_store.h"
 #include "base/shown_path.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>

@@ -3,6 +3,7 @@
 #include "base/checked_integer.h"
 #include "base/fatal_fault.h"
 #include "base/number_text.h"
+#include "base/quote.h"
 #include "equation_files/equation_pieces.h"
 
 #include <QStringView>
@@ -129,7 +130,7 @@ QString MissingDataError::Text() const
                           "pour l'équation en cours dans la ligne %1.\n"
                           "Veuillez corriger le fichier corrompu.\n\n"
                           "L'application va se fermer.")
-        .arg(m_line);
+        .arg(Quoted(m_line));
 }
 
 ParsedLine ParseEquationLine(QString line)

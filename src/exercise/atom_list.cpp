@@ -2,6 +2,7 @@
 
 #include "base/checked_integer.h"
 #include "base/fatal_fault.h"
+#include "base/quote.h"
 #include "chemistry/formula.h"
 
 #include <QStringView>
@@ -100,7 +101,7 @@ private:
     {
         if (m_entry == kPlaces)
             throw FatalFault(QStringLiteral("un côté de l'équation compte plus de 11 atomes à la formule %1.")
-                                 .arg(m_formula.toString()));
+                                 .arg(Quoted(m_formula)));
         m_list.Symbol[m_entry] = letter;
         m_list.UnitCount[m_entry] = multiplier;
         m_list.TotalCount[m_entry] = Times(multiplier);
@@ -112,7 +113,7 @@ private:
     {
         if (m_entry == 0)
             throw FatalFault(QStringLiteral("la formule %1 ne commence pas par une lettre majuscule.")
-                                 .arg(m_formula.toString()));
+                                 .arg(Quoted(m_formula)));
         return m_entry - 1;
     }
 
@@ -201,7 +202,7 @@ QString UnknownSymbolText(const QString& fileTitle, const QString& symbol)
     return QStringLiteral("Il existe une erreur dans le fichier d'équations : %1\n\n"
                           "Le symbole de l'atome suivant '%2' est incorrect.\n"
                           "Veuillez corriger ce fichier.")
-        .arg(fileTitle, symbol.trimmed());
+        .arg(fileTitle, Quoted(symbol.trimmed()));
 }
 
 } // namespace stoikal

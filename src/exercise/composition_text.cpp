@@ -1,5 +1,7 @@
 #include "exercise/composition_text.h"
 
+#include "base/quote.h"
+
 #include "chemistry/element_table.h"
 
 #include <QLatin1String>
@@ -25,7 +27,7 @@ QString WithSignPlace(int count)
 
 QString CompositionText(const QString& molecule, const AtomList& list)
 {
-    QString text = QStringLiteral("La molécule %1 est composée de :").arg(molecule);
+    QString text = QStringLiteral("La molécule %1 est composée de :").arg(Quoted(molecule));
     for (std::size_t kind = 0; kind < static_cast<std::size_t>(list.Kinds); ++kind) {
         if (kind > 0)
             text += QLatin1Char(';');

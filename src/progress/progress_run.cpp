@@ -1,6 +1,7 @@
 #include "progress/progress_run.h"
 
 #include "base/number_text.h"
+#include "base/quote.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,12 +70,12 @@ QString ProgressRun::RefusalOf(const ProgressTexts& texts) const
         const double amount = TypedNumber(texts.txtQmat0[slot]);
         if (amount > kMostAmount) {
             return QStringLiteral("La quantité de matière de %1 est trop grande\u00A0: 1000000 mol au plus.")
-                .arg(species.Molecule);
+                .arg(Quoted(species.Molecule));
         }
         if (amount != 0 && amount < kLeastAdvancement * std::abs(species.Coeff)) {
             return QStringLiteral("La quantité de matière de %1 est trop petite pour être étudiée.\n"
                                   "Saisissez 0 ou une valeur plus grande.")
-                .arg(species.Molecule);
+                .arg(Quoted(species.Molecule));
         }
     }
     return {};

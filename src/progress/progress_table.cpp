@@ -2,6 +2,7 @@
 
 #include "base/fatal_fault.h"
 #include "base/number_text.h"
+#include "base/quote.h"
 #include "chemistry/formula.h"
 
 #include <algorithm>
@@ -91,8 +92,8 @@ private:
             const double volume = TypedNumber(texts.txtVolGaz[slot]);
             const double typedAmount = TypedNumber(amountText);
             if (mass < 0 || volume < 0 || typedAmount < 0)
-                throw FatalFault(
-                    QStringLiteral("la donnée d'avancement de %1 est négative.").arg(m_table.Molecule[slot]));
+                throw FatalFault(QStringLiteral("la donnée d'avancement de %1 est négative.")
+                                     .arg(Quoted(m_table.Molecule[slot])));
             if (mass != 0)
                 amount = mass / CheckedMolarMass(slot);
             if (volume != 0)
@@ -108,7 +109,8 @@ private:
     double CheckedMolarMass(std::size_t slot) const
     {
         if (m_table.MolarMass[slot] == 0) {
-            throw FatalFault(QStringLiteral("la masse molaire de %1 est nulle.").arg(m_table.Molecule[slot]));
+            throw FatalFault(
+                QStringLiteral("la masse molaire de %1 est nulle.").arg(Quoted(m_table.Molecule[slot])));
         }
         return m_table.MolarMass[slot];
     }
@@ -121,10 +123,11 @@ private:
             if (!IsUsed(m_record, slot))
                 continue;
             if (m_table.Coeff[slot] == 0)
-                throw FatalFault(QStringLiteral("le coefficient de %1 est nul.").arg(m_table.Molecule[slot]));
+                throw FatalFault(
+                    QStringLiteral("le coefficient de %1 est nul.").arg(Quoted(m_table.Molecule[slot])));
             if (m_table.Coeff[slot] < 0)
                 throw FatalFault(
-                    QStringLiteral("le coefficient de %1 est négatif.").arg(m_table.Molecule[slot]));
+                    QStringLiteral("le coefficient de %1 est négatif.").arg(Quoted(m_table.Molecule[slot])));
         }
     }
 

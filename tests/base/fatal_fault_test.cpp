@@ -43,6 +43,14 @@ TEST(FatalFault, FileWithoutALineNamesTheFileOnly)
               u"Erreur d'exécution\u00A0: illisible.\n\nFichier\u00A0: /depot/a.Equ"_s + kLeaveTaking);
 }
 
+TEST(FatalFault, QuotesTwoHundredCharactersOfALineAtMost)
+{
+    const FatalFault fault(u"trop de signes."_s, u"/depot/a.Equ"_s, 3, QString(300'000, u'A'));
+
+    EXPECT_TRUE(fault.OperationText().endsWith(u"Ligne 3\u00A0: "_s + QString(199, u'A') + u"…"_s));
+    EXPECT_EQ(fault.LineText().size(), 300'000);
+}
+
 TEST(FatalFault, TextOfTheLineIsShownAsItStands)
 {
     // Place holders in what a teacher wrote are no place holders of the message.

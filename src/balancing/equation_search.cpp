@@ -5,6 +5,7 @@
 #include "base/file_lock.h"
 #include "base/shown_path.h"
 #include "base/text_lines.h"
+#include "base/whole_file.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -70,6 +71,8 @@ Failure LockFailure(const QString& path)
 Outcome<qsizetype> Append(const QString& path, OpenFile& file, const QByteArray& bytes)
 {
     const qint64 oldSize = file.Size();
+    if (oldSize + bytes.size() > kExerciseLimit.bytes)
+        return WriteFailure(path, QStringLiteral("le fichier deviendrait trop grand pour être lu"));
     if (file.WriteAll(bytes))
         return bytes.size();
     const Failure failure = WriteFailure(path, file.WriteFailure().text);

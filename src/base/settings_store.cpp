@@ -30,7 +30,7 @@ bool IsSettled(const FileStamp& stamp)
 /// is there and cannot be read.
 std::optional<QByteArray> ReadWhole(const QString& path)
 {
-    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
     if (!bytes)
         return bytes.IsMissing() ? std::optional(QByteArray()) : std::nullopt;
     return *bytes;
@@ -99,8 +99,8 @@ bool SettingsStore::Change(const QString& file, const std::function<void(Profile
     copy.isSettled = false;
     change(text);
     const QByteArray bytes = text.ToBytes();
-    // One that is larger could not be read again.
-    if (bytes.size() > kTextLimit.bytes || !ReplaceFile(file, bytes, Sharing::Account))
+    // One above the limit could not be read again.
+    if (AboveLimit(bytes, kSettingsLimit) || !ReplaceFile(file, bytes, Sharing::Account))
         return false;
     copy.bytes = bytes;
     copy.text = std::move(text);

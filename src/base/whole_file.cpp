@@ -2,42 +2,35 @@
 
 #include "base/text_lines.h"
 
-#include <algorithm>
-
 namespace stoikal {
-namespace {
-
-/// The number, from 1, of the first line that is longer; 0 when there is none.
-int LineAbove(QByteArrayView bytes, qint64 limit)
+std::optional<Failure> AboveLimit(const QByteArray& bytes, const FileLimit& limit)
 {
+    if (bytes.size() > limit.bytes)
+        return Failure{QStringLiteral("le fichier est trop grand\u00A0: %1\u00A0Ko au plus")
+                           .arg(limit.bytes / kKilobyte)};
+    // Lines are those of the text that the bytes stand for.
+    const QByteArray text = NormaliseTextBytes(bytes);
+    LineWalker lines(text);
     int number = 0;
-    LineWalker lines(bytes);
     while (!lines.AtEnd()) {
         ++number;
-        if (lines.Next().size() > limit)
-            return number;
+        if (lines.Next().size() > limit.lineBytes)
+            return Failure{QStringLiteral("la ligne %1 est trop longue\u00A0: %2\u00A0Ko au plus")
+                               .arg(QString::number(number), QString::number(limit.lineBytes / kKilobyte))};
+        if (limit.lines != 0 && number > limit.lines)
+            return Failure{
+                QStringLiteral("le fichier compte trop de lignes\u00A0: %1 au plus").arg(limit.lines)};
     }
-    return 0;
+    return std::nullopt;
 }
-
-} // namespace
 
 Outcome<QByteArray> ReadWholeFile(const OpenFile& file, const FileLimit& limit)
 {
-    constexpr qint64 kKilobyte = 1024;
     auto bytes = file.Read(0, limit.bytes + 1);
     if (!bytes)
         return bytes;
-    if (bytes->size() > limit.bytes)
-        return Failure{QStringLiteral("le fichier est trop grand\u00A0: %1\u00A0Ko au plus")
-                           .arg(limit.bytes / kKilobyte)};
-    if (limit.lineBytes == 0)
-        return bytes;
-    // Lines are those of the text that the bytes stand for.
-    const int tooLong = LineAbove(NormaliseTextBytes(*bytes), limit.lineBytes);
-    if (tooLong != 0)
-        return Failure{QStringLiteral("la ligne %1 est trop longue\u00A0: %2\u00A0Ko au plus")
-                           .arg(QString::number(tooLong), QString::number(limit.lineBytes / kKilobyte))};
+    if (const auto above = AboveLimit(*bytes, limit))
+        return *above;
     return bytes;
 }
 

@@ -5,18 +5,33 @@
 
 #include <QByteArray>
 #include <QString>
+#include <optional>
 
 namespace stoikal {
 
-/// How large a file of a kind may be. A larger one is refused before it is read: it
-/// is none of ours, and would hold the program up.
+/// How large a file of a kind may be. A larger one is none of ours, and would hold
+/// the program up: these are read, and what stands in them shown, in 200 ms.
 struct FileLimit {
     qint64 bytes = 0;
-    qint64 lineBytes = 0; ///< of its longest line; 0 for any
+    qint64 lineBytes = 0; ///< of its longest line
+    int lines = 0; ///< 0 for any
 };
 
-/// Texts that this program or a teacher writes: settings, scores, tips, exercises.
-constexpr FileLimit kTextLimit{qint64{4} * 1024 * 1024, qint64{64} * 1024};
+constexpr qint64 kKilobyte = 1024;
+constexpr qint64 kMegabyte = 1024 * kKilobyte;
+
+/// Each character of a formula is drawn and measured.
+constexpr FileLimit kExerciseLimit{4 * kMegabyte, 8 * kKilobyte};
+/// The settings of an account, and the editor's work.
+constexpr FileLimit kSettingsLimit{2 * kMegabyte, 64 * kKilobyte};
+/// Ten results for each of some thousand exercises.
+constexpr FileLimit kScoresLimit{kMegabyte, 64 * kKilobyte};
+constexpr FileLimit kTipsLimit{kMegabyte, 8 * kKilobyte, 20'000};
+constexpr FileLimit kPasswordLimit{64 * kKilobyte, 64 * kKilobyte};
+
+/// Why bytes are above a limit; nothing when they are not. Who writes a file that
+/// is read with a limit asks first.
+std::optional<Failure> AboveLimit(const QByteArray& bytes, const FileLimit& limit);
 
 /// All bytes of a file, as they stand there. Fails with a reason in French, also
 /// for what is above the limit; `IsMissing` tells that there is no such file.

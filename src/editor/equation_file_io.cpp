@@ -16,6 +16,8 @@ namespace {
 
 constexpr QLatin1Char kComma(',');
 constexpr QLatin1Char kApostrophe('\'');
+/// The work file of more is written for longer than a person waits for a key.
+constexpr int kMostEquations = 4000;
 
 void TakeCoefficients(const QString& text, WorkEquation& equation)
 {
@@ -136,6 +138,11 @@ Outcome<LoadedFile> LoadFileIntoEditor(const QString& path)
     const auto bytes = ReadEquationFile(path);
     if (!bytes)
         return Failure{bytes.Reason()};
+    const int count = CountEquations(NormaliseTextBytes(*bytes)).equationCount;
+    if (count > kMostEquations)
+        return Failure{QStringLiteral("Le fichier d'équations « %1 » compte %2 équations\u00A0: "
+                                      "l'éditeur en prend %3 au plus.\n\nPartagez-le en plusieurs fichiers.")
+                           .arg(ShownPath(path), QString::number(count), QString::number(kMostEquations))};
     LoadedFile loaded = ReadEquations(*bytes, path);
     loaded.version = VersionOf(QFileInfo(path).fileName(), *bytes);
     return loaded;
@@ -182,6 +189,8 @@ Outcome<QString> WriteEquationFile(const QString& folder, const QString& fileNam
     const QString path = place.filePath(fileName);
     if (!MakeFolders(folder))
         return NotWritten(path, QStringLiteral("le dossier n'existe pas."));
+    if (const auto above = AboveLimit(bytes, kExerciseLimit))
+        return NotWritten(path, above->text);
     if (const auto written = ReplaceFile(path, bytes, Sharing::Account); !written)
         return NotWritten(path, written.Reason());
     const QStringList spellings = SameNames(folder, fileName);

@@ -99,7 +99,7 @@ Outcome<QByteArray> ReadEquationBytes(const QString& path)
         return file.Why();
     if (file->Name().compare(u"MotDePasse.txt"_s, Qt::CaseInsensitive) == 0)
         return Failure{u"ce n'est pas un fichier d'équations"_s};
-    return ReadWholeFile(*file, kTextLimit);
+    return ReadWholeFile(*file, kExerciseLimit);
 }
 
 Outcome<QByteArray> ReadEquationFile(const QString& path)

@@ -20,7 +20,7 @@ constexpr int kLockWaitMs = 2000;
 /// The whole file; empty when there is none yet, nothing when it cannot be read.
 std::optional<QByteArray> ReadWhole(const QString& path)
 {
-    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(path, kScoresLimit, Links::Refused);
     if (!bytes)
         return bytes.IsMissing() ? std::optional(QByteArray()) : std::nullopt;
     return NormaliseTextBytes(*bytes);
@@ -99,7 +99,8 @@ Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, 
     const OldLines oldLines = SplitLines(*bytes);
     HighScoreTable table(oldLines.texts, fileTitle);
     table.Insert(result);
-    if (!ReplaceFile(m_path, Compose(table.Lines(separator), oldLines.pieces), Sharing::Folder))
+    const QByteArray updated = Compose(table.Lines(separator), oldLines.pieces);
+    if (AboveLimit(updated, kScoresLimit) || !ReplaceFile(m_path, updated, Sharing::Folder))
         return PathFailure();
     return table.Section();
 }

@@ -121,7 +121,7 @@ namespace {
 /// that ended keeps its number until somebody asks how it ended: it is over too.
 qint64 StartOfProcess(qint64 number)
 {
-    constexpr FileLimit kLimit{4096, 0};
+    constexpr FileLimit kLimit{4096, 4096};
     const auto read = ReadWholeFile(QStringLiteral("/proc/%1/stat").arg(number), kLimit, Links::Refused);
     if (number <= 0 || !read)
         return 0;

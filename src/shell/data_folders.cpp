@@ -52,7 +52,7 @@ QString AskForFolder(const Landmark& landmark, const Platform& desktop, Messages
 /// A copy that the user may change, whatever the rights of the shipped file.
 Outcome<QString> CopyFile(const QString& from, const QString& to)
 {
-    const auto bytes = ReadWholeFile(from, kTextLimit, Links::Followed);
+    const auto bytes = ReadWholeFile(from, kExerciseLimit, Links::Followed);
     if (!bytes)
         return Failure{u"«\u00A0%1\u00A0»\u00A0: %2"_s.arg(ShownPath(from), bytes.Reason())};
     return ReplaceFile(to, *bytes, Sharing::Account);

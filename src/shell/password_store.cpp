@@ -59,7 +59,7 @@ Outcome<QString> PasswordStore::Write(const QString& password)
 
 Outcome<QString> PasswordStore::ReadCommonFile() const
 {
-    const auto bytes = ReadWholeFile(CommonFile(), kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(CommonFile(), kPasswordLimit, Links::Refused);
     if (!bytes)
         return CannotRead(CommonFile(), bytes.Reason());
     const QByteArray text = NormaliseTextBytes(*bytes);

@@ -10,8 +10,9 @@
 namespace stoikal {
 namespace {
 
-/// A year of a class fills some of these; more takes long to be shown.
-constexpr qint64 kShownEnd = qint64{1} * 1024 * 1024;
+/// Ten thousand answers; more takes long to be shown.
+constexpr qint64 kShownEnd = 512 * kKilobyte;
+constexpr qsizetype kShownLines = 20'000;
 
 QStringList WithoutLongLines(QStringList lines)
 {
@@ -39,7 +40,7 @@ Outcome<QStringList> TextFile::Load()
         m_state = found;
         return QStringList();
     }
-    const auto bytes = ReadWholeFile(m_path, kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(m_path, kTipsLimit, Links::Refused);
     if (!bytes)
         return bytes.Why();
     m_state = found;
@@ -59,9 +60,10 @@ Outcome<QStringList> TextFile::LoadEnd()
         return bytes.Why();
     // The first line is whole only where the end begins behind another's.
     const qsizetype whole = from == 0 ? 0 : bytes->indexOf('\n') + 1;
+    const QStringList lines = WithoutLongLines(DecodeLines(NormaliseTextBytes(bytes->sliced(whole))));
     m_state = found;
-    m_isCut = from > 0;
-    return WithoutLongLines(DecodeLines(NormaliseTextBytes(bytes->sliced(whole))));
+    m_isCut = from > 0 || lines.size() > kShownLines;
+    return lines.last(std::min(lines.size(), kShownLines));
 }
 
 Outcome<QString> TextFile::Save(const QStringList& lines)
@@ -69,6 +71,8 @@ Outcome<QString> TextFile::Save(const QStringList& lines)
     QByteArray bytes;
     for (const QString& line : lines)
         bytes += EncodeLine(line) + "\r\n";
+    if (const auto above = AboveLimit(bytes, kTipsLimit))
+        return *above;
     auto written = ReplaceFile(m_path, bytes, Sharing::Account);
     if (written)
         m_state = Now();

@@ -23,7 +23,7 @@ Failure MissingFile(const QString& path)
 
 Outcome<qsizetype> TipList::LoadTips(const QString& path)
 {
-    const auto bytes = ReadWholeFile(path, kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(path, kTipsLimit, Links::Refused);
     if (!bytes) {
         return bytes.IsMissing() ? MissingFile(path)
                                  : Failure{QStringLiteral("Le fichier %1 ne peut pas être lu.\n%2")

@@ -272,6 +272,18 @@ TEST_F(AppendingLines, TellsWhatCannotBeWritten)
         << written.Reason().toStdString();
 }
 
+TEST_F(AppendingLines, MakesNoFileThatCouldNotBeReadAgain)
+{
+    const QByteArray before = QByteArray("A=B/1,1\r\n").repeated(466'033); // 4 MB but for 7 bytes.
+    Write(u"grand.Equ"_s, before);
+
+    const auto written = EquationAppender::AppendLines(Path(u"grand.Equ"_s), {"C=D/1,1"});
+
+    ASSERT_FALSE(written);
+    EXPECT_TRUE(written.Reason().endsWith(u"\nle fichier deviendrait trop grand pour être lu"_s));
+    EXPECT_EQ(Bytes(u"grand.Equ"_s), before);
+}
+
 TEST_F(AppendingLines, TellsThatTheDiskIsFull)
 {
     const FullFile full(Path(u"plein.Equ"_s));

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -311,6 +312,33 @@ TEST(SettingsStore, LockOfAnotherProgramIsGivenUpAfterASecond)
     other.reset();
     place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
     EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"new"_s);
+}
+
+TEST(SettingsStore, GiantInPlaceOfTheSettingsReadsAsNothingAndStays)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    QFile file(place.path);
+    ASSERT_TRUE(file.resize(qint64{8} * 1024 * 1024 * 1024));
+
+    EXPECT_FALSE(place.store.Change(
+        place.path, [](ProfileText& text) { text.Write(u"Options"_s, u"PassWord"_s, u"new"_s); }));
+
+    EXPECT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
+    EXPECT_EQ(QFileInfo(place.path).size(), qint64{8} * 1024 * 1024 * 1024);
+}
+
+TEST(SettingsStore, WritesNothingThatItCouldNotReadAgain)
+{
+    // Lines of 10 bytes: 2 MB but for 21 bytes, of which the new line takes more.
+    SettingsFolder place;
+    const QByteArray bytes = "[Options]\r\n" + QByteArray("; 345678\r\n").repeated(209'712);
+    ASSERT_TRUE(place.Put(bytes));
+
+    EXPECT_FALSE(place.store.Change(
+        place.path, [](ProfileText& text) { text.Write(u"Options"_s, u"a"_s, QString(60, u'x')); }));
+
+    EXPECT_EQ(place.Bytes(), bytes);
 }
 
 TEST(Settings, BelongToTheFileOfTheSession)

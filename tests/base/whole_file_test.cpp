@@ -119,7 +119,7 @@ TEST_F(WholeFile, TakesThePlaceOfNothingButAFile)
 
 TEST_F(WholeFile, IsReadUpToItsLimit)
 {
-    constexpr FileLimit kLimit{qint64{2} * 1024, 0};
+    constexpr FileLimit kLimit{2 * kKilobyte, 2 * kKilobyte};
     WriteBytes(path, QByteArray(2048, 'x'));
     EXPECT_EQ(ReadWholeFile(path, kLimit, Links::Refused)->size(), 2048);
 
@@ -134,18 +134,29 @@ TEST_F(WholeFile, GigabyteThatIsNotOnTheDiskIsRefusedWithoutReadingIt)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_TRUE(file.resize(qint64{64} * 1024 * 1024 * 1024));
 
-    EXPECT_FALSE(ReadWholeFile(path, kTextLimit, Links::Refused));
+    EXPECT_FALSE(ReadWholeFile(path, kSettingsLimit, Links::Refused));
 }
 
 TEST_F(WholeFile, IsReadWithLinesUpToTheirLimit)
 {
     const QByteArray longest(64 * 1024, 'x');
     WriteBytes(path, "a\r\n" + longest + "\r\n" + longest);
-    EXPECT_TRUE(ReadWholeFile(path, kTextLimit, Links::Refused));
+    EXPECT_TRUE(ReadWholeFile(path, kSettingsLimit, Links::Refused));
 
     WriteBytes(path, "a\r\n" + longest + "x\r\nb\r\n");
-    EXPECT_EQ(ReadWholeFile(path, kTextLimit, Links::Refused).Reason(),
+    EXPECT_EQ(ReadWholeFile(path, kSettingsLimit, Links::Refused).Reason(),
               u"la ligne 2 est trop longue\u00A0: 64\u00A0Ko au plus"_s);
+}
+
+TEST_F(WholeFile, IsReadWithSoManyLinesAtMost)
+{
+    constexpr FileLimit kLimit{kKilobyte, kKilobyte, 3};
+    WriteBytes(path, "a\r\n\r\nc");
+    EXPECT_TRUE(ReadWholeFile(path, kLimit, Links::Refused));
+
+    WriteBytes(path, "a\r\n\r\nc\r\nd");
+    EXPECT_EQ(ReadWholeFile(path, kLimit, Links::Refused).Reason(),
+              u"le fichier compte trop de lignes\u00A0: 3 au plus"_s);
 }
 
 TEST_F(WholeFile, LinesOfATextInUtf16AreThoseOfTheText)
@@ -153,13 +164,13 @@ TEST_F(WholeFile, LinesOfATextInUtf16AreThoseOfTheText)
     // U+0A0A holds twice the byte of a line feed; in UTF-8 it takes three bytes.
     WriteBytes(path, "\xFF\xFE" + QByteArray(2 * 22000, '\n'));
 
-    EXPECT_EQ(ReadWholeFile(path, kTextLimit, Links::Refused).Reason(),
+    EXPECT_EQ(ReadWholeFile(path, kSettingsLimit, Links::Refused).Reason(),
               u"la ligne 1 est trop longue\u00A0: 64\u00A0Ko au plus"_s);
 }
 
 TEST_F(WholeFile, FileOfTheSystemThatTellsNoSizeIsReadToItsEnd)
 {
-    const auto bytes = ReadWholeFile(u"/proc/self/stat"_s, kTextLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(u"/proc/self/stat"_s, kSettingsLimit, Links::Refused);
 
     ASSERT_TRUE(bytes);
     EXPECT_TRUE(bytes->startsWith(QByteArray::number(::getpid())));
@@ -167,13 +178,13 @@ TEST_F(WholeFile, FileOfTheSystemThatTellsNoSizeIsReadToItsEnd)
 
 TEST_F(WholeFile, TellsThatItCannotBeReadToItsEnd)
 {
-    EXPECT_EQ(ReadWholeFile(FailingFile(), kTextLimit, Links::Refused).Reason(), FailingFileReason());
+    EXPECT_EQ(ReadWholeFile(FailingFile(), kSettingsLimit, Links::Refused).Reason(), FailingFileReason());
 }
 
 TEST_F(WholeFile, MissingOneIsToldFromOneThatCannotBeRead)
 {
-    EXPECT_TRUE(ReadWholeFile(path, kTextLimit, Links::Refused).IsMissing());
-    EXPECT_FALSE(ReadWholeFile(folder.path(), kTextLimit, Links::Refused).IsMissing());
+    EXPECT_TRUE(ReadWholeFile(path, kSettingsLimit, Links::Refused).IsMissing());
+    EXPECT_FALSE(ReadWholeFile(folder.path(), kSettingsLimit, Links::Refused).IsMissing());
 }
 
 } // namespace stoikal

@@ -135,6 +135,22 @@ TEST(EditorLoader, FileThatIsNotThereIsTold)
     EXPECT_TRUE(loaded.Reason().contains(u"Serie.Equ"_s));
 }
 
+TEST(EditorLoader, TakesFourThousandEquationsAtMost)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"Serie.Equ"_s);
+    WriteBytes(path, "'mot\r\n" + QByteArray("A=B/1,1\r\n").repeated(4000));
+    EXPECT_TRUE(LoadFileIntoEditor(path));
+
+    WriteBytes(path, "'mot\r\n" + QByteArray("A=B/1,1\r\n").repeated(4001));
+    const auto loaded = LoadFileIntoEditor(path);
+
+    ASSERT_FALSE(loaded);
+    EXPECT_EQ(loaded.Reason(),
+              u"Le fichier d'équations « %1 » compte 4001 équations\u00A0: l'éditeur en prend 4000 au "
+              "plus.\n\nPartagez-le en plusieurs fichiers."_s.arg(path));
+}
+
 TEST(EditorLoader, FileThatCannotBeReadToItsEndIsTold)
 {
     const QTemporaryDir folder;
@@ -260,7 +276,8 @@ TEST(WriteEquationFile, FullDiskLeavesTheOldFileWhole)
     WriteBytes(folder.filePath(u"Serie.Equ"_s), "old");
     LimitFileSize(4096);
 
-    const auto written = WriteEquationFile(folder.path(), u"Serie.Equ"_s, QByteArray(100000, 'x'));
+    const auto written
+        = WriteEquationFile(folder.path(), u"Serie.Equ"_s, QByteArray("A=B/1,1\r\n").repeated(11'000));
     LimitFileSize(RLIM_INFINITY);
 
     EXPECT_FALSE(written.Succeeded());

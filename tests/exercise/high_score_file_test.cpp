@@ -309,6 +309,18 @@ TEST(HighScoreFile, FullDiskLeavesTheOldFile)
     }
 }
 
+TEST(HighScoreFile, TableThatCouldNotBeReadAgainIsNotWritten)
+{
+    // 1 MB but for 14 bytes: lines of 20, and an empty one.
+    ScoreFolder place;
+    const QString content = u"#serie12345678.equ\r\n"_s.repeated(52'428) + u"\r\n"_s;
+    ASSERT_TRUE(place.Put(content));
+
+    place.ExpectPathError();
+
+    EXPECT_EQ(place.Text(), content);
+}
+
 TEST(HighScoreFile, LockOfAnotherProgramIsWaitedForTwoSecondsAtMost)
 {
     ScoreFolder place;

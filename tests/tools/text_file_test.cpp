@@ -167,10 +167,26 @@ TEST(TextFile, EndOfALongOneBeginsWithAWholeLine)
 
     ASSERT_TRUE(lines);
     EXPECT_TRUE(file.IsCut());
-    // A megabyte is 65,536 such lines; it begins behind the end of another one.
-    EXPECT_EQ(lines->size(), 65'535);
-    EXPECT_EQ(lines->first(), u"ligne 00034465"_s);
+    // 512 KB are 32,768 such lines, of which the last 20,000 are shown.
+    EXPECT_EQ(lines->size(), 20'000);
+    EXPECT_EQ(lines->first(), u"ligne 00080000"_s);
     EXPECT_EQ(lines->last(), u"ligne 00099999"_s);
+}
+
+TEST(TextFile, EndBeginsBehindTheLineThatItCuts)
+{
+    const OneFile place;
+    // Lines of 1,024 bytes behind one of 9: the end holds 511 whole ones.
+    place.Write("premier\r\n" + (QByteArray(1022, 'x') + "\r\n").repeated(600) + "la fin");
+    TextFile file(place.path);
+
+    const auto lines = file.LoadEnd();
+
+    ASSERT_TRUE(lines);
+    EXPECT_TRUE(file.IsCut());
+    EXPECT_EQ(lines->size(), 512);
+    EXPECT_EQ(lines->first().size(), 1022);
+    EXPECT_EQ(lines->last(), u"la fin"_s);
 }
 
 TEST(TextFile, EndOfAGigabyteIsReadAlone)
@@ -210,7 +226,19 @@ TEST(TextFile, GiantIsNotLoadedToBeChanged)
     const auto lines = TextFile(place.path).Load();
 
     ASSERT_FALSE(lines);
-    EXPECT_EQ(lines.Reason(), u"le fichier est trop grand\u00A0: 4096\u00A0Ko au plus"_s);
+    EXPECT_EQ(lines.Reason(), u"le fichier est trop grand\u00A0: 1024\u00A0Ko au plus"_s);
+}
+
+TEST(TextFile, SavesNothingThatItCouldNotLoadAgain)
+{
+    const OneFile place;
+    place.Write("a\r\n");
+
+    const auto saved = TextFile(place.path).Save({QString(8 * 1024 + 1, u'x')});
+
+    ASSERT_FALSE(saved);
+    EXPECT_EQ(saved.Reason(), u"la ligne 1 est trop longue\u00A0: 8\u00A0Ko au plus"_s);
+    EXPECT_EQ(place.Bytes(), "a\r\n");
 }
 
 TEST(TextFile, TellsThatItMayNotBeRead)

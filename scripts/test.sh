@@ -36,6 +36,9 @@ STOIKAL_BUILD=sanitized python3 tests/journeys/run.py
 title "Power cuts, full disks, two programs at once"
 STOIKAL_BUILD=sanitized python3 tests/faults/power_cuts.py
 
+title "The plug pulled"
+STOIKAL_BUILD=sanitized python3 tests/faults/pulled_plug.py
+
 title "As a screen reader finds it"
 STOIKAL_BUILD=sanitized tests/journeys/accessibility.py
 

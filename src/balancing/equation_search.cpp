@@ -73,7 +73,7 @@ Outcome<qsizetype> Append(const QString& path, OpenFile& file, const QByteArray&
     const qint64 oldSize = file.Size();
     if (oldSize + bytes.size() > kExerciseLimit.bytes)
         return WriteFailure(path, QStringLiteral("le fichier deviendrait trop grand pour être lu"));
-    if (file.WriteAll(bytes))
+    if (file.WriteAll(bytes) && file.ReachesTheDisk())
         return bytes.size();
     const Failure failure = WriteFailure(path, file.WriteFailure().text);
     file.CutTo(oldSize);

@@ -45,7 +45,9 @@ Outcome<QByteArray> ReadWholeFile(const OpenFile& file, const FileLimit& limit);
 /// afterwards the old one or the new one, whole. The new one has the rights of the
 /// old one; one that is made is shared as told. What stands in the place and is no
 /// regular file, a link too, stays.
-/// \returns the path; fails with the system's reason, the old file then stands.
+/// \returns the path, once the new file would outlive a power cut; fails with the
+/// system's reason, the old file then stands, or the new one that the disk has not
+/// promised to keep.
 Outcome<QString> ReplaceFile(const QString& path, const QByteArray& bytes, Sharing sharing);
 
 } // namespace stoikal

@@ -9,6 +9,21 @@ namespace stoikal {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Whether the last line of a file has no end. A file that cannot be read is not
+/// known to be torn.
+bool EndsWithinALine(const QString& path)
+{
+    const auto file = OpenForReading(path, Links::Refused);
+    if (!file || file->Size() == 0)
+        return false;
+    const auto last = file->Read(file->Size() - 1, 1);
+    return last && *last != "\n";
+}
+
+} // namespace
+
 ResultsJournal::~ResultsJournal()
 {
     // A virtual call would no longer reach a derived class.
@@ -21,7 +36,12 @@ Outcome<QString> ResultsJournal::Open(const QString& path)
     Close();
     m_path = path;
     m_isMeantOpen = true;
-    return OpenAgain();
+    // A line that this journal itself has begun goes on with what waits.
+    m_hadTornEnd = m_pending.isEmpty() && EndsWithinALine(path);
+    auto opened = OpenAgain();
+    if (opened && m_hadTornEnd)
+        m_pending.prepend("\r\n");
+    return opened;
 }
 
 Outcome<QString> ResultsJournal::OpenAgain()
@@ -51,7 +71,7 @@ bool ResultsJournal::Close()
 
 bool ResultsJournal::WritePending()
 {
-    if (m_pending.isEmpty())
+    if (m_pending.isEmpty() && !m_awaitsTheDisk)
         return true;
     // Lines written to a file that has lost its name would be seen by nobody.
     const bool isThere = IsOpen() && m_file.HasName();
@@ -59,13 +79,24 @@ bool ResultsJournal::WritePending()
         return false;
     if (!IsOpen())
         return false;
+    WriteOnce();
+    if (!m_pending.isEmpty())
+        return false;
+    // What a pupil is told of his answer outlives a power cut.
+    m_awaitsTheDisk = !m_file.ReachesTheDisk();
+    return !m_awaitsTheDisk;
+}
+
+void ResultsJournal::WriteOnce()
+{
+    if (m_pending.isEmpty())
+        return;
     qint64 written = WriteBytes(m_pending.constData(), m_pending.size());
     // A share that was away and is back does not know the open file any more.
     if (written < 0 && OpenAgain())
         written = WriteBytes(m_pending.constData(), m_pending.size());
     if (written > 0)
         m_pending.remove(0, written);
-    return m_pending.isEmpty();
 }
 
 qint64 ResultsJournal::WriteBytes(const char* bytes, qint64 count)

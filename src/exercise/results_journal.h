@@ -27,8 +27,12 @@ public:
     /// Opens a file for appending and returns its path. The file is made when
     /// missing, its folder is not. A journal open before is closed first. Fails
     /// with the reason in French words; the journal is then closed, and
-    /// each write tries once more to open it.
+    /// each write tries once more to open it. A last line without an end, which only
+    /// a power cut leaves, gets one: the journal goes on on a line of its own.
     Outcome<QString> Open(const QString& path);
+
+    /// Whether the last Open found such a line.
+    bool HadTornEnd() const { return m_hadTornEnd; }
 
     bool IsOpen() const { return m_file.IsOpen(); }
 
@@ -36,12 +40,16 @@ public:
     const QString& Path() const { return m_path; }
 
     /// Appends lines, each on one line whatever it holds and ended by CRLF, all of
-    /// them in one write. False while something waits in memory, as it does when the
-    /// disk is full or the journal is closed.
+    /// them in one write. True once they would outlive a power cut. False while
+    /// something waits in memory, as it does when the disk is full or the journal is
+    /// closed, or while the disk does not promise to keep it.
     bool WriteLines(const QStringList& lines);
 
     /// How many bytes wait in memory.
     qsizetype PendingBytes() const { return m_pending.size(); }
+
+    /// Whether the last write left something that is not safe yet.
+    bool HasUnsavedLines() const { return !m_pending.isEmpty() || m_awaitsTheDisk; }
 
     /// Tries once more to write what waits, then closes. False when something
     /// still waits; the next Open and WriteLines carry on with it.
@@ -54,11 +62,14 @@ protected:
 private:
     Outcome<QString> OpenAgain();
     bool WritePending();
+    void WriteOnce();
 
     QString m_path;
     OpenFile m_file;
     bool m_isMeantOpen = false; ///< between Open, even one that failed, and Close
     QByteArray m_pending;
+    bool m_hadTornEnd = false;
+    bool m_awaitsTheDisk = false; ///< the file took all, the disk has not promised to keep it
 };
 
 } // namespace stoikal

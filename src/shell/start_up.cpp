@@ -206,8 +206,10 @@ void StartUp::OpenJournal()
 {
     const SessionState& state = m_session.state;
     const auto opened = m_session.journal.Open(state.FichierResultat);
-    if (opened)
+    if (opened) {
+        ReportTornJournal();
         return;
+    }
     QString cause
         = QStringLiteral("le fichier des résultats ne peut pas être ouvert (%1).").arg(opened.Reason());
     if (state.ModeReseau) {
@@ -217,6 +219,19 @@ void StartUp::OpenJournal()
                      .arg(ShownPath(state.IniUtilisateur));
     }
     throw FatalFault(cause, state.FichierResultat, 0, {});
+}
+
+void StartUp::ReportTornJournal()
+{
+    if (!m_session.journal.HadTornEnd())
+        return;
+    m_session.messages.Warning(
+        &m_mainWindow, QStringLiteral("Stoikal"),
+        QStringLiteral("Le fichier des résultats s'arrêtait au milieu d'une ligne\u00A0:\n%1\n"
+                       "Une coupure de courant en est sans doute la cause.\n\n"
+                       "La suite sera écrite sur une ligne à part. Prévenez votre professeur\u00A0: "
+                       "la dernière réponse d'avant la coupure peut manquer.")
+            .arg(ShownPath(m_session.journal.Path())));
 }
 
 void StartUp::ShowSplash()

@@ -38,6 +38,7 @@ private:
     void FindJournal();
     QString NetworkJournal();
     void OpenJournal();
+    void ReportTornJournal();
     void ShowSplash();
     void ShowTip();
     void PresetBubbles();

@@ -220,6 +220,33 @@ TEST(ResultsJournal, LetsNoNameForgeALine)
     EXPECT_EQ(place.Content().count('\n'), 4);
 }
 
+TEST(ResultsJournal, GoesOnOnALineOfItsOwnBehindATornOne)
+{
+    for (const QByteArray& torn : {QByteArray("whole\r\ncut of"), QByteArray("whole\r\n\0\0\0", 10)}) {
+        JournalFolder place;
+        WriteBytes(place.path, torn);
+        ResultsJournal journal;
+        ASSERT_TRUE(journal.Open(place.path));
+
+        EXPECT_TRUE(journal.HadTornEnd());
+        EXPECT_TRUE(journal.WriteLines({u"next"_s}));
+        EXPECT_EQ(place.Content(), torn + "\r\nnext\r\n");
+    }
+}
+
+TEST(ResultsJournal, FindsNoTornEndInAWholeAnEmptyOrANewFile)
+{
+    JournalFolder place;
+    ResultsJournal journal;
+    ASSERT_TRUE(journal.Open(place.path));
+    EXPECT_FALSE(journal.HadTornEnd());
+    ASSERT_TRUE(journal.Open(place.path));
+    EXPECT_FALSE(journal.HadTornEnd());
+    EXPECT_TRUE(journal.WriteLines({u"whole"_s}));
+    ASSERT_TRUE(journal.Open(place.path));
+    EXPECT_FALSE(journal.HadTornEnd());
+}
+
 TEST(ResultsJournal, StandsInTheFileAtOnce)
 {
     JournalFolder place;

@@ -5,7 +5,8 @@
 //
 // It prints "ready", waits for a line of its input, writes, and prints "written"
 // or "refused" and why. A refusal is exit code 1. The text is what the change
-// brings in. "many" before the kind writes 50 times, the text with a number.
+// brings in. "many" before the kind writes 50 times, the text with a number;
+// "step" writes so for each further line of the input, and tells "done" each time.
 
 #include "balancing/equation_search.h"
 #include "base/session_state.h"
@@ -24,6 +25,7 @@
 #include <QHash>
 #include <functional>
 #include <iostream>
+#include <limits>
 #include <string>
 
 using namespace stoikal;
@@ -167,10 +169,11 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QStringList arguments = QCoreApplication::arguments().sliced(1);
     const bool isMany = arguments.value(0) == u"many"_s;
-    if (isMany)
+    const bool isStep = arguments.value(0) == u"step"_s;
+    if (isMany || isStep)
         arguments.removeFirst();
     if (arguments.size() != 3 || !Kinds().contains(arguments.at(0))) {
-        std::cerr << "usage: file_writer [many] KIND FOLDER TEXT\n";
+        std::cerr << "usage: file_writer [many | step] KIND FOLDER TEXT\n";
         return 2;
     }
     const Change change = Kinds().value(arguments.at(0));
@@ -178,12 +181,17 @@ int main(int argc, char** argv)
     std::string line;
     std::getline(std::cin, line);
 
-    for (int turn = 0; turn < (isMany ? 50 : 1); ++turn) {
-        const QString text = isMany ? arguments.at(2) + QString::number(turn) : arguments.at(2);
+    const int turns = isMany ? 50 : isStep ? std::numeric_limits<int>::max() : 1;
+    for (int turn = 0; turn < turns && std::cin; ++turn) {
+        const QString text = turns > 1 ? arguments.at(2) + QString::number(turn) : arguments.at(2);
         const auto outcome = change(arguments.at(1), text);
         if (!outcome) {
             std::cout << "refused " << outcome.Reason().toStdString() << std::endl;
             return 1;
+        }
+        if (isStep) {
+            std::cout << "done" << std::endl;
+            std::getline(std::cin, line);
         }
     }
     std::cout << "written" << std::endl;

@@ -207,6 +207,20 @@ TEST_F(StartOfTheProgram, OpensTheJournalForAppending)
     EXPECT_EQ(JournalText(), u"hier\r\n"_s);
 }
 
+TEST_F(StartOfTheProgram, ReportsAJournalThatAPowerCutHasTorn)
+{
+    QDir().mkpath(EquationFolder());
+    WriteBytes(EquationFolder() + u"/Resultat.txt"_s, "entière\r\n  N°1 : ");
+
+    Start();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(
+        messages.shown[0].text.startsWith(u"Le fichier des résultats s'arrêtait au milieu d'une ligne"_s));
+    EXPECT_TRUE(messages.shown[0].text.contains(EquationFolder() + u"/Resultat.txt"_s));
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
+}
+
 TEST_F(StartOfTheProgram, FillsANewEquationFolder)
 {
     const QString seed = desktop.folders.program + u"/Serie.Equ"_s;

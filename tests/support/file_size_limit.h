@@ -28,7 +28,10 @@ public:
     {
         constexpr qint64 kFarAboveOthers = qint64{64} * 1024 * 1024;
         QFile file(path);
-        if (!file.open(QIODevice::WriteOnly) || !file.resize(kFarAboveOthers))
+        // Its last line has an end, as that of any whole file.
+        const QByteArray end("\r\n");
+        if (!file.open(QIODevice::WriteOnly) || !file.seek(kFarAboveOthers - end.size())
+            || file.write(end) != end.size() || !file.flush())
             throw std::runtime_error("cannot make the full file");
         LimitFileSize(kFarAboveOthers);
     }

@@ -83,6 +83,9 @@ Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMis
                                  flags | kAlways | O_CREAT | O_EXCL, kEverybody));
         if (made.IsOpen()) {
             SetRights(made, end->folder, rightsOfNew);
+            // A lock is not to outlive anything.
+            if (rightsOfNew != Rights::Everybody && !NameReachesTheDisk(end->folder, made.Number()))
+                return SystemFailure(errno);
             return Opened(std::move(made), *end, true);
         }
         if (errno != EEXIST)
@@ -160,6 +163,16 @@ void ShareWithFolder(int file, const Descriptor& folder)
         (void)::fchmod(file, (status.st_mode & kEverybody) | extra);
 }
 
+bool NameReachesTheDisk(const Descriptor& folder, int file)
+{
+    // The folder at hand serves only to name; an order needs one that may be read.
+    const Descriptor readable(::openat(folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // Where this account may put files but not look, the file takes its name along.
+    const int asked = readable.IsOpen() ? readable.Number() : file;
+    // A file system that knows no such order has done what it can.
+    return asked < 0 || ::fsync(asked) == 0 || errno == EINVAL || errno == ENOSYS;
+}
+
 Outcome<OpenFile> OpenForReading(const QString& path, Links links)
 {
     auto end = WalkTo(path, links, IfMissing::Refuse);
@@ -220,7 +233,8 @@ bool RenameFolder(const QString& path, const QString& newName)
     return end
         && ::renameat(end->folder.Number(), end->name.constData(), end->folder.Number(),
                       QFile::encodeName(newName).constData())
-        == 0;
+        == 0
+        && NameReachesTheDisk(end->folder, -1);
 }
 
 } // namespace stoikal

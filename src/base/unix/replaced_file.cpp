@@ -43,7 +43,7 @@ public:
     OpenFile& File() { return m_file; }
     Failure OpenFailure() const { return SystemFailure(m_error); }
 
-    /// Gives it the name of the other; false when that fails.
+    /// Gives it the name of the other, for good; false when that fails.
     bool TakePlace()
     {
         // What has been put there meanwhile goes; a link itself, not what it leads to.
@@ -51,8 +51,8 @@ public:
                        m_end.name.constData())
             != 0)
             return false;
-        m_file.Close();
-        return true;
+        const OpenFile placed = std::move(m_file);
+        return NameReachesTheDisk(m_end.folder, placed.Descriptor());
     }
 
 private:

@@ -8,7 +8,7 @@ namespace stoikal {
 
 void WriteToJournal(ResultsJournal& journal, Messages& messages, QWidget* parent, const QStringList& lines)
 {
-    const bool wasTold = journal.PendingBytes() > 0;
+    const bool wasTold = journal.HasUnsavedLines();
     if (journal.WriteLines(lines) || wasTold)
         return;
     messages.Critical(

@@ -40,7 +40,7 @@ QAction* FindPaste(const QMenu& menu)
 } // namespace
 
 FilterEdit::FilterEdit(QWidget* parent)
-    : QLineEdit(parent)
+    : SelectingEdit(parent)
 {
 }
 
@@ -85,19 +85,19 @@ void FilterEdit::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    SelectingEdit::keyPressEvent(event);
 }
 
 void FilterEdit::inputMethodEvent(QInputMethodEvent* event)
 {
     const QString committed = event->commitString();
     if (committed.isEmpty()) {
-        QLineEdit::inputMethodEvent(event);
+        SelectingEdit::inputMethodEvent(event);
         return;
     }
     // The composition is taken away, and what it became goes the filter's way.
     QInputMethodEvent withoutText;
-    QLineEdit::inputMethodEvent(&withoutText);
+    SelectingEdit::inputMethodEvent(&withoutText);
     InsertThroughFilter(committed);
 }
 
@@ -118,7 +118,7 @@ void FilterEdit::mouseReleaseEvent(QMouseEvent* event)
         InsertThroughFilter(clipboard->text(QClipboard::Selection));
         return;
     }
-    QLineEdit::mouseReleaseEvent(event);
+    SelectingEdit::mouseReleaseEvent(event);
 }
 
 void FilterEdit::contextMenuEvent(QContextMenuEvent* event)
@@ -135,7 +135,7 @@ void FilterEdit::contextMenuEvent(QContextMenuEvent* event)
 
 void FilterEdit::focusInEvent(QFocusEvent* event)
 {
-    QLineEdit::focusInEvent(event);
+    SelectingEdit::focusInEvent(event);
     Q_EMIT FocusGained();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLineEdit>
+#include "forms/selecting_edit.h"
 
 namespace stoikal {
 
@@ -10,7 +10,7 @@ namespace stoikal {
 /// goes in, and who listens to `textChanged` takes it out again if it was
 /// refused. Of several characters that come at once only the first refusal is
 /// to be told: `RefusalIsTold` says whether that has happened.
-class FilterEdit : public QLineEdit
+class FilterEdit : public SelectingEdit
 {
     Q_OBJECT
 

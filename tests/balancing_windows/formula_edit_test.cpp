@@ -236,8 +236,7 @@ TEST_P(EveryFormulaBox, SelectsItsWholeTextWhenTheFocusComes)
     button.setFocus();
     box->setCursorPosition(0);
 
-    QTest::mouseClick(box, Qt::LeftButton);
-    Settle();
+    ClickInto(*box);
     EXPECT_EQ(box->selectedText(), u"H2O"_s);
 
     button.setFocus();

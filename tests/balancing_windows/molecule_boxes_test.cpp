@@ -52,6 +52,16 @@ TEST_F(SixBoxes, StandInTheFramesOfTheirSides)
     }
 }
 
+TEST_F(SixBoxes, BringNoFormulaBackOnceTheyAreEmptied)
+{
+    Type(Box(0), u"H2"_s);
+    boxes.Empty();
+
+    Press(Box(0), Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Box(0).text(), QString());
+}
+
 TEST_F(SixBoxes, TellWhatToTypeForAProduct)
 {
     for (int position = 3; position < 6; ++position)

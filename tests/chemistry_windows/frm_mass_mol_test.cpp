@@ -450,6 +450,18 @@ TEST_F(FrmMassMol, KeepsItsFourSettingsAtItsEnd)
     EXPECT_TRUE(Stored(u"Volume molaire"_s).startsWith(u"22.4195264"_s));
 }
 
+TEST_F(FrmMassMol, SelectsTheNumberThatIsClickedInto)
+{
+    Open();
+    ClickInto(Box(1));
+
+    ClickInto(Box(0));
+    EXPECT_EQ(Box(0).selectedText(), u"1013"_s);
+    Type(Box(0), u"9"_s);
+
+    EXPECT_EQ(Box(0).text(), u"9"_s);
+}
+
 TEST_F(FrmMassMol, LeavesEnterAndEscapeWithoutEffect)
 {
     Open();

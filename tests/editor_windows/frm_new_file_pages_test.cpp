@@ -143,6 +143,10 @@ TEST_F(FrmNewFilePages, DatumIsTheLetterOfItsKindAndTheNumber)
     WriteWater();
     Tab(3);
     Click(Button("optMVQ", 2));
+    Type(Data(0), u"7"_s);
+    ClickInto(Data(1));
+    ClickInto(Data(0));
+    EXPECT_EQ(Data(0).selectedText(), u"7"_s);
     Type(Data(0), u"0,5"_s);
     Click(Button("optMVQ", 4));
     Type(Data(1), u"1.2"_s);

@@ -318,6 +318,42 @@ TEST_F(FrmEquationKeys, FindTheWholeTextSelectedWhenTheProgramEntersTheBox)
     EXPECT_EQ(Box(0).selectedText(), u"12"_s);
 }
 
+TEST_F(FrmEquationKeys, ReplaceTheCoefficientThatWasClickedInto)
+{
+    Open(kWater);
+    Type(Box(0), u"2"_s);
+    ClickInto(Box(1));
+
+    ClickInto(Box(0));
+    EXPECT_EQ(Box(0).selectedText(), u"2"_s);
+    Type(Box(0), u"3"_s);
+
+    EXPECT_EQ(Box(0).text(), u"3"_s);
+}
+
+TEST_F(FrmEquationKeys, BringNoCoefficientOfTheEquationBeforeBack)
+{
+    Open(kWater + "C+O2=CO2/1,1,1\n");
+    Answer({u"2"_s, u"1"_s, {}, u"2"_s});
+    ASSERT_EQ(Boxes(), u"|||||"_s);
+
+    for (const int slot : {0, 1, 3})
+        Press(Box(slot), Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Boxes(), u"|||||"_s);
+}
+
+TEST_F(FrmEquationKeys, BringNoEmptiedCoefficientBack)
+{
+    Open(kWater);
+    Type(Box(0), u"2"_s);
+    window->EmptyCoefficients();
+
+    Press(Box(0), Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(Box(0).text(), QString());
+}
+
 TEST_F(FrmEquationKeys, DoNotReachTheBoxesOfAShownSolution)
 {
     Open(kWater);

@@ -97,6 +97,18 @@ TEST_F(ProgressKeys, SelectTheWholeTextOnTheWayIn)
     EXPECT_EQ(Cell("txtMasMol", 0).selectedText(), u"12"_s);
 }
 
+TEST_F(ProgressKeys, ReplaceTheNumberThatWasClickedInto)
+{
+    Type(Cell("txtMasMol", 0), u"12"_s);
+    ClickInto(Cell("txtMasMol", 1));
+
+    ClickInto(Cell("txtMasMol", 0));
+    EXPECT_EQ(Cell("txtMasMol", 0).selectedText(), u"12"_s);
+    Type(Cell("txtMasMol", 0), u"3"_s);
+
+    EXPECT_EQ(Cell("txtMasMol", 0).text(), u"3"_s);
+}
+
 TEST_F(ProgressKeys, AreNoAnswerToEnterAndEscape)
 {
     Type(Cell("txtMasMol", 0), u"12"_s);

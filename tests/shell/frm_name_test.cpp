@@ -152,8 +152,7 @@ TEST_F(FrmName, SelectsTheWholeTextOfABoxThatGetsTheFocus)
     Settle();
     ASSERT_FALSE(Ident(1).hasSelectedText());
 
-    Ident(1).setFocus(Qt::MouseFocusReason);
-    Settle();
+    ClickInto(Ident(1));
 
     EXPECT_EQ(Ident(1).selectedText(), u"DUPONT"_s);
 }

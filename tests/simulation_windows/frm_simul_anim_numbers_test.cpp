@@ -19,7 +19,7 @@ TEST_F(FrmSimulAnim, SelectsTheWholeNumberOfABoxThatGetsTheFocus)
     Box(1).setFocus();
     EXPECT_EQ(Box(1).selectedText(), u"150"_s);
 
-    QTest::mouseClick(&Box(2), Qt::LeftButton);
+    ClickInto(Box(2));
     EXPECT_EQ(Box(2).selectedText(), u"50"_s);
 }
 

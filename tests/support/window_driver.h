@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QTimerEvent>
 #include <QWidget>
+#include <QWindow>
 #include <functional>
 #include <stdexcept>
 
@@ -80,6 +81,16 @@ inline void Click(QAbstractButton& button)
         throw std::runtime_error("covered by " + hit->objectName().toStdString() + ": "
                                  + button.objectName().toStdString());
     QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, target.center());
+}
+
+/// Presses and releases the mouse in a widget as the window system does: the press
+/// goes to the window, which gives the focus first and passes the press on then.
+inline void ClickInto(QWidget& widget, Qt::MouseButton button = Qt::LeftButton)
+{
+    ExpectReachable(widget);
+    QWidget* const window = widget.window();
+    QTest::mouseClick(window->windowHandle(), button, Qt::NoModifier,
+                      widget.mapTo(window, widget.rect().center()));
 }
 
 /// Lets a running timer fire now. A stopped timer does not fire.

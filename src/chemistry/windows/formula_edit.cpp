@@ -2,8 +2,6 @@
 
 #include "forms/messages.h"
 
-#include <QFocusEvent>
-
 namespace stoikal {
 
 FormulaEdit::FormulaEdit(FormulaField field, Messages& messages, QWidget* parent)
@@ -51,15 +49,6 @@ void FormulaEdit::Repair(const FormulaRepair& repair)
     repaired.remove(position, 1);
     setText(repaired);
     setCursorPosition(position < caret ? caret - 1 : caret);
-}
-
-void FormulaEdit::focusInEvent(QFocusEvent* event)
-{
-    FilterEdit::focusInEvent(event);
-    // A box that merely comes back with its window, behind a message or a menu,
-    // goes on where it was: the next key must not replace the formula.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
 }
 
 } // namespace stoikal

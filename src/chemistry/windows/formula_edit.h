@@ -11,7 +11,7 @@ class Messages;
 
 /// A box for a formula. A character that its window does not take, a leading 0
 /// or a 0 without a digit before it is selected, told and taken out again; of a
-/// paste only the first is told. The whole text is selected when the focus comes.
+/// paste only the first is told.
 class FormulaEdit final : public FilterEdit
 {
     Q_OBJECT
@@ -24,9 +24,6 @@ Q_SIGNALS:
     void Edited();
     /// The text changed and holds no fault.
     void FormulaChanged();
-
-protected:
-    void focusInEvent(QFocusEvent* event) override;
 
 private:
     void KeyPress(QChar key);

@@ -7,13 +7,13 @@
 #include "chemistry/element_table.h"
 #include "forms/messages.h"
 #include "forms/place.h"
+#include "forms/selecting_edit.h"
 #include "platform/doors.h"
 
 #include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <algorithm>
 
@@ -125,7 +125,7 @@ void frmMassMol::BuildRow(QGridLayout& grid, int value)
     auto* const tick = Named(new QCheckBox(this), ArrayName("chkData", value), texts.tick);
     tick->setToolTip(texts.tick);
     auto* const label = Named(new QLabel(texts.caption, this), QLatin1String(texts.label));
-    auto* const box = Named(new QLineEdit(this), ArrayName("txtData", value), texts.box);
+    auto* const box = Named(new SelectingEdit(this), ArrayName("txtData", value), texts.box);
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(96);
     box->setEnabled(false);

@@ -3,7 +3,6 @@
 #include "editor/progress_data.h"
 #include "forms/messages.h"
 
-#include <QFocusEvent>
 #include <QSignalBlocker>
 #include <utility>
 
@@ -50,14 +49,6 @@ void DatumEdit::Refuse(const Refusal& refusal)
         return;
     NoteRefusal();
     m_messages.InputError(window(), refusal.message);
-}
-
-void DatumEdit::focusInEvent(QFocusEvent* event)
-{
-    FilterEdit::focusInEvent(event);
-    // Behind a message or a menu the next key goes on where the last one was.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
 }
 
 } // namespace stoikal

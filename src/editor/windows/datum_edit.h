@@ -21,9 +21,6 @@ Q_SIGNALS:
     /// The text changed and holds no refused character.
     void Edited();
 
-protected:
-    void focusInEvent(QFocusEvent* event) override;
-
 private:
     struct Refusal {
         QString message;

@@ -55,7 +55,6 @@ void frmEquation::ConnectBand()
         FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(slot));
         connect(box, &FilterEdit::KeyPressed, this, [this, slot](QChar key) { txtCoef_KeyPress(slot, key); });
         connect(box, &QLineEdit::textChanged, this, [this, slot] { txtCoef_Change(slot); });
-        connect(box, &FilterEdit::FocusGained, box, &QLineEdit::selectAll);
     }
 }
 

@@ -19,10 +19,7 @@ ProgressBox::ProgressBox(Messages& messages, QWidget* parent)
     setAlignment(Qt::AlignCenter);
     connect(this, &FilterEdit::KeyPressed, this, &ProgressBox::KeyPress);
     connect(this, &QLineEdit::textChanged, this, &ProgressBox::Change);
-    connect(this, &FilterEdit::FocusGained, this, [this] {
-        ShowVerdict(BoxVerdict::NotJudged);
-        selectAll();
-    });
+    connect(this, &FilterEdit::FocusGained, this, [this] { ShowVerdict(BoxVerdict::NotJudged); });
     ShowColours();
 }
 

@@ -1,32 +1,14 @@
 #include "shell/windows/frm_name.h"
 
 #include "forms/messages.h"
+#include "forms/selecting_edit.h"
 #include "platform/doors.h"
 #include "shell/windows/entry_rows.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace stoikal {
-namespace {
-
-/// A box that selects its whole text when it gets the focus, however it does.
-class IdentityBox final : public QLineEdit
-{
-public:
-    using QLineEdit::QLineEdit;
-
-protected:
-    void focusInEvent(QFocusEvent* event) override
-    {
-        QLineEdit::focusInEvent(event);
-        QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
-    }
-};
-
-} // namespace
-
 frmName::frmName(Messages& messages, Sound& sound, QWidget* parent)
     : ModalForm(QStringLiteral("frmName"), QStringLiteral("Qui êtes-vous ?"), parent)
     , m_messages(messages)
@@ -54,7 +36,7 @@ frmName::frmName(Messages& messages, Sound& sound, QWidget* parent)
     };
     QLabel* labels[3]{};
     for (int i = 0; i < 3; ++i) {
-        txtIdent[i] = Named(new IdentityBox(this), ArrayName("txtIdent", i + 1), texts[i].accessibleName);
+        txtIdent[i] = Named(new SelectingEdit(this), ArrayName("txtIdent", i + 1), texts[i].accessibleName);
         txtIdent[i]->setToolTip(texts[i].toolTip);
         txtIdent[i]->setMinimumWidth(240);
         labels[i] = Named(new QLabel(texts[i].label, this), texts[i].labelName);

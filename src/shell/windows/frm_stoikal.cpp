@@ -77,9 +77,9 @@ protected:
         const QPointer<QWidget> focused
             = event->type() == QEvent::WindowStateChange ? focusWidget() : nullptr;
         QMdiSubWindow::changeEvent(event);
-        // It comes back with its window: nobody chose it anew.
+        // It comes back as behind a menu: nobody chose it anew.
         if (focused != nullptr && focused != focusWidget() && !isMinimized())
-            focused->setFocus(Qt::ActiveWindowFocusReason);
+            focused->setFocus(Qt::PopupFocusReason);
     }
 };
 

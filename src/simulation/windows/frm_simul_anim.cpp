@@ -12,7 +12,6 @@
 #include "simulation/windows/run_button.h"
 #include "simulation/windows/wave_handle.h"
 
-#include <QFocusEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
@@ -68,7 +67,6 @@ void frmSimulAnim::Connect()
         FilterEdit* const box = txtMol.at(static_cast<std::size_t>(i));
         connect(box, &FilterEdit::KeyPressed, this, [this, i](QChar key) { txtMol_KeyPress(i, key); });
         connect(box, &QLineEdit::textChanged, this, [this, i] { txtMol_Change(i); });
-        connect(box, &FilterEdit::FocusGained, box, &QLineEdit::selectAll);
     }
     // A program's change of the start button counts as a click, as by hand.
     connect(chkStart, &RunButton::toggled, this, &frmSimulAnim::chkStart_Click);
@@ -300,22 +298,6 @@ void frmSimulAnim::paintEvent(QPaintEvent* /*event*/)
         painter.fillRect(sheet.adjusted(-1, -1, 1, 1), colours::kLine.darker(125));
         painter.fillRect(sheet, colours::kPaper);
     }
-}
-
-bool frmSimulAnim::eventFilter(QObject* watched, QEvent* event)
-{
-    // A box that a click gives the focus shows its whole text selected: a click
-    // alone would take the selection away again.
-    auto* const box = qobject_cast<FilterEdit*>(watched);
-    if (event->type() == QEvent::FocusIn
-        && static_cast<const QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
-        m_clickedInto = box;
-    if (event->type() == QEvent::MouseButtonRelease && box != nullptr && m_clickedInto == box) {
-        m_clickedInto = nullptr;
-        if (!box->hasSelectedText())
-            box->selectAll();
-    }
-    return Form::eventFilter(watched, event);
 }
 
 } // namespace stoikal

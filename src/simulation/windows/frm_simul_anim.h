@@ -60,7 +60,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Build();
@@ -111,7 +110,6 @@ private:
     SimulationCurves m_curves;
     bool m_badKeyFlag = false;
     QString m_lastKey; ///< one character
-    FilterEdit* m_clickedInto = nullptr; ///< the box that a click is giving the focus
 
     QGroupBox* fraNbrMol;
     QGroupBox* fraChocs;

@@ -124,7 +124,6 @@ void frmSimulAnim::BuildNumbers()
         grid->addWidget(letter, 0, columns.at(place), Qt::AlignCenter);
         grid->addWidget(box, 1, columns.at(place), Qt::AlignCenter);
         grid->addWidget(number, 2, columns.at(place), Qt::AlignCenter);
-        box->installEventFilter(this);
     }
     grid->addWidget(Label1, 0, 2);
     grid->addWidget(Label3, 0, 4);

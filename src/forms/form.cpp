@@ -37,6 +37,13 @@ bool Form::event(QEvent* event)
     return QWidget::event(event);
 }
 
+void Form::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        EscapePressed();
+    QWidget::keyPressEvent(event);
+}
+
 void Form::closeEvent(QCloseEvent* event)
 {
     // Who holds the window decides what closing means.

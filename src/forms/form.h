@@ -38,7 +38,10 @@ Q_SIGNALS:
     void CloseAsked();
 
 protected:
+    /// By Escape: only a window that holds nothing to lose answers.
+    virtual void EscapePressed() { }
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 };
 
@@ -57,7 +60,7 @@ Q_SIGNALS:
     void HelpAsked();
 
 protected:
-    /// By Escape: only windows with a cancel button answer.
+    /// By Escape: only windows with a cancel button or with nothing to lose answer.
     virtual void EscapePressed() { }
     /// By the title bar.
     virtual void TitleBarClosed() { done(Rejected); }

@@ -1,6 +1,7 @@
 #include "forms/style.h"
 
 #include "forms/colours.h"
+#include "forms/enter_key.h"
 
 #include <QApplication>
 #include <QProxyStyle>
@@ -77,6 +78,7 @@ void ApplyStyle()
     const QPalette palette = desktopIsDark ? DarkPalette() : LightPalette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
+    qApp->installEventFilter(new EnterKey(qApp));
 }
 
 void StayOnPaper(QWidget& window)

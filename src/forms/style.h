@@ -5,7 +5,8 @@ class QWidget;
 namespace stoikal {
 
 /// The one look of all windows: Qt's Fusion style with the house's palette, or
-/// a dark one when the desktop is dark. Called once, behind the making of the
+/// a dark one when the desktop is dark; and the one way of pressing a button by
+/// Enter. Called once, behind the making of the
 /// application object and before the first window.
 void ApplyStyle();
 

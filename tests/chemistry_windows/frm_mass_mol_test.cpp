@@ -462,6 +462,17 @@ TEST_F(FrmMassMol, SelectsTheNumberThatIsClickedInto)
     EXPECT_EQ(Box(0).text(), u"9"_s);
 }
 
+TEST_F(FrmMassMol, ComputesByEnterOnTheButton)
+{
+    Open();
+    Enter(1, u"20"_s);
+    Calcul().setFocus();
+
+    Press(Calcul(), Qt::Key_Return);
+
+    EXPECT_EQ(Box(2).text(), u"24,061"_s); // 22.4195 * 293.15 / 273.15
+}
+
 TEST_F(FrmMassMol, LeavesEnterAndEscapeWithoutEffect)
 {
     Open();

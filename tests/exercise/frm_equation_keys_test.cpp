@@ -354,6 +354,23 @@ TEST_F(FrmEquationKeys, BringNoEmptiedCoefficientBack)
     EXPECT_EQ(Box(0).text(), QString());
 }
 
+TEST_F(FrmEquationKeys, ValidateByEnterOnTheButton)
+{
+    for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        Open(kWater);
+        Fill({u"2"_s, u"1"_s, {}, u"2"_s});
+        Box(3).setFocus();
+        Press(Box(3), Qt::Key_Tab);
+        ASSERT_EQ(window->focusWidget(), &Other());
+
+        Press(Other(), enter, enter == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+
+        EXPECT_EQ(Score().text(), u"5"_s);
+        EXPECT_EQ(ends, 1);
+        ends = 0;
+    }
+}
+
 TEST_F(FrmEquationKeys, DoNotReachTheBoxesOfAShownSolution)
 {
     Open(kWater);

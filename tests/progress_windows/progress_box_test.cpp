@@ -109,6 +109,16 @@ TEST_F(ProgressKeys, ReplaceTheNumberThatWasClickedInto)
     EXPECT_EQ(Cell("txtMasMol", 0).text(), u"3"_s);
 }
 
+TEST_F(ProgressKeys, ValidateByEnterOnTheButton)
+{
+    FillRow("txtMasMol", {u"12"_s, u"32"_s, {}, u"44"_s});
+    ValidateMasses().setFocus();
+
+    Press(ValidateMasses(), Qt::Key_Enter, Qt::KeypadModifier);
+
+    EXPECT_EQ(Score().text(), u"5"_s);
+}
+
 TEST_F(ProgressKeys, AreNoAnswerToEnterAndEscape)
 {
     Type(Cell("txtMasMol", 0), u"12"_s);

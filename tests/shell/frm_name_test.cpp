@@ -189,6 +189,18 @@ TEST_F(FrmName, AnswersEnterWithNothing)
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(FrmName, TakesEnterOnItsButton)
+{
+    Type(Ident(1), u"DUPONT"_s);
+    Type(Ident(2), u"Paul"_s);
+    Type(Ident(3), u"3B"_s);
+    Button("cmdOK").setFocus();
+
+    Press(Button("cmdOK"), Qt::Key_Enter, Qt::KeypadModifier);
+
+    EXPECT_EQ(window.result(), frmName::Identified);
+}
+
 TEST_F(FrmName, BeepsAndAsksBeforeItEndsTheProgram)
 {
     messages.answers = {QMessageBox::Yes};

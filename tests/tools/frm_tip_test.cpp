@@ -157,14 +157,33 @@ TEST_F(FrmTip, GoesByItsButton)
     EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(FrmTip, StaysOnEscapeAndOnEnterInTheSwitch)
+TEST_F(FrmTip, StaysOnEnterInTheSwitch)
+{
+    Open("a\n");
+
+    Press(AtStart(), Qt::Key_Return);
+
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(FrmTip, GoesByEscapeAsItHoldsNothingToLose)
 {
     Open("a\n");
 
     Press(AtStart(), Qt::Key_Escape);
-    Press(AtStart(), Qt::Key_Return);
 
-    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(FrmTip, GoesByEnterOnItsButton)
+{
+    Open("a\n");
+    auto& ok = Control<QPushButton>(*window, "cmdOK");
+    ok.setFocus();
+
+    Press(ok, Qt::Key_Return);
+
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(FrmTip, AsksForItsHelpPage)

@@ -230,10 +230,6 @@ void ElementButton::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         Q_EMIT ArrowPressed(0, 1);
         return;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        click();
-        return;
     default:
         QPushButton::keyPressEvent(event);
     }

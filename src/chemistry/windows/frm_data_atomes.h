@@ -21,6 +21,9 @@ public:
     void ShowElementData(int index);
     int CurrentElement() const { return m_currentElement; }
 
+protected:
+    void EscapePressed() override { Q_EMIT CloseAsked(); }
+
 private:
     QChar m_separator;
     int m_currentElement = 0;

@@ -21,6 +21,9 @@ public:
     /// `tipsFile` is the full name of the file with one tip a line.
     frmTip(Settings& settings, Randomness& randomness, const QString& tipsFile, QWidget* parent);
 
+protected:
+    void EscapePressed() override { done(Rejected); }
+
 private:
     void Build();
     void DisplayCurrentTip();

@@ -407,8 +407,6 @@ void ExerciseDesk::Mnu_Compo_Click(int slot)
     m_session.messages.Information(&m_mainWindow, QStringLiteral("Stoikal"), text);
     if (isReactant)
         ShowExercise();
-    else
-        ReturnToExercise();
 }
 
 void ExerciseDesk::ReturnToExercise()
@@ -443,7 +441,6 @@ void ExerciseDesk::Mnu_Copy_Click()
     if (m_equation == nullptr)
         return;
     m_session.desktop.clipboard.SetText(m_equation->EquationText());
-    ReturnToExercise();
     m_equation->FocusFirstBox();
 }
 
@@ -451,14 +448,11 @@ void ExerciseDesk::Mnu_Del_Click()
 {
     if (m_equation != nullptr)
         m_equation->EmptyCoefficients();
-    ReturnToExercise();
 }
 
 void ExerciseDesk::Mnu_MassMol_Click()
 {
     ShowMassMol(!m_massMol->IsShown());
-    if (!m_massMol->IsShown())
-        ReturnToExercise();
 }
 
 void ExerciseDesk::ShowMassMol(bool shown)

@@ -92,6 +92,24 @@ void Shell::Choose(const QString& entry)
     const auto place = m_commands.constFind(entry);
     if (place != m_commands.constEnd())
         (*place)();
+    // The menu bar has taken the keyboard to the main window.
+    if (!m_hasEnded && !KeepsKeyboard(entry))
+        m_desk.ReturnToExercise();
+}
+
+bool Shell::KeepsKeyboard(const QString& entry) const
+{
+    using namespace Qt::StringLiterals;
+    static const QStringList kHelp{u"Mnu_Help_Contents"_s, u"Mnu_Help_Index"_s, u"Mnu_Glossaire"_s,
+                                   u"Mnu_Gloss_sc"_s};
+    if (kHelp.contains(entry))
+        return true;
+    if (entry == u"Mnu_MoreTip"_s)
+        return m_teacher.ShowsText();
+    // The mark says that the window is there; one that was closed has no keyboard.
+    static const QStringList kMarked{u"Mnu_MassMol"_s, u"Mnu_Pref"_s,   u"Mnu_Balance"_s,   u"Mnu_Search"_s,
+                                     u"Mnu_Tableau"_s, u"Mnu_CalMol"_s, u"Mnu_SimulAnim"_s, u"Mnu_Calc"_s};
+    return kMarked.contains(entry) && m_session.menu.IsChecked(qPrintable(entry));
 }
 
 void Shell::EndProgram()

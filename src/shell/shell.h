@@ -53,6 +53,9 @@ Q_SIGNALS:
 
 private:
     void Choose(const QString& entry);
+    /// Whether the entry left a window in front that is there to be typed in or
+    /// read, so that the keyboard is its own.
+    bool KeepsKeyboard(const QString& entry) const;
     void ConnectHelp();
     void Mnu_Calc_Click();
     void Mnu_Web_Click();

@@ -19,6 +19,7 @@
 #include "shell/windows/frm_stoikal.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <utility>
 
 namespace stoikal {
@@ -52,8 +53,6 @@ void TeacherDesk::Ask(TeacherAction action)
     const int asked = std::exchange(waiting, 0);
     if (isRight)
         CarryOut(static_cast<TeacherAction>(asked));
-    else
-        m_others.desk.ReturnToExercise();
 }
 
 void TeacherDesk::CarryOut(TeacherAction action)
@@ -122,7 +121,6 @@ void TeacherDesk::Mnu_Password_Click()
     connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kPassWord); });
     window.exec();
     m_others.mainWindow.activateWindow();
-    m_others.desk.ReturnToExercise();
 }
 
 QString TeacherDesk::EquationFolder() const
@@ -238,10 +236,8 @@ void TeacherDesk::CleanAnswers()
 
 void TeacherDesk::ShowSolution()
 {
-    if (frmEquation* const exercise = m_others.desk.Exercise()) {
+    if (frmEquation* const exercise = m_others.desk.Exercise())
         exercise->ShowSolution();
-        m_others.desk.ReturnToExercise();
-    }
 }
 
 void TeacherDesk::ShowText(const QString& path, const QString& caption, TextWindow::Use use)
@@ -274,6 +270,13 @@ TextWindow* TeacherDesk::OpenText(const QString& path) const
             return window;
     }
     return nullptr;
+}
+
+bool TeacherDesk::ShowsText() const
+{
+    return std::any_of(m_texts.begin(), m_texts.end(), [](const QPointer<TextWindow>& window) {
+        return window != nullptr && window->isVisible();
+    });
 }
 
 void TeacherDesk::CloseText(TextWindow* window)

@@ -61,6 +61,9 @@ public:
 
     void Mnu_Password_Click();
 
+    /// Whether a text is open in front of the teacher.
+    bool ShowsText() const;
+
     /// Offers to save what is unsaved, at the end of the program.
     void SaveTexts();
 

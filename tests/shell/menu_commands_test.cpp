@@ -352,6 +352,65 @@ TEST_F(MenuCommands, TellABadSymbolBeforeTheComposition)
     EXPECT_EQ(messages.shown[1].icon, QMessageBox::Information);
 }
 
+TEST_F(MenuCommands, GiveTheKeyboardBackToTheExercise)
+{
+    OpenFile({kIron});
+    // Twice each: what an entry opened, its second choice takes away.
+    for (const char* const entry :
+         {"Mnu_Taille(2)", "Mnu_Taille(0)", "Mnu_Atome", "Mnu_Atome", "Mnu_Charge", "Mnu_Charge",
+          "Mnu_Chrono", "Mnu_Chrono", "Mnu_Reactif(0)", "Mnu_Produit(3)", "Mnu_Copy", "Mnu_Del", "Mnu_Tip",
+          "Mnu_Web", "Mnu_Password", "Mnu_Solution"}) {
+        shell->MainWindow().activateWindow();
+        Settle();
+        ASSERT_EQ(QApplication::activeWindow(), &shell->MainWindow());
+        if (QLatin1String(entry) == QLatin1String("Mnu_Password"))
+            script.On("frmPassWord",
+                      [](QWidget& window) { Click(Control<QAbstractButton>(window, "cmdCancel")); });
+
+        Choose(entry);
+        Settle();
+
+        EXPECT_EQ(QApplication::activeWindow(), &Exercise()) << entry;
+    }
+}
+
+TEST_F(MenuCommands, LeaveTheKeyboardToTheWindowThatTheyOpenAndTakeItBackWithIt)
+{
+    OpenFile({kIron});
+    const std::pair<const char*, const char*> tools[]{{"Mnu_MassMol", "frmMassMol"},
+                                                      {"Mnu_Pref", "frmPref"},
+                                                      {"Mnu_CalMol", "frmCalMol"},
+                                                      {"Mnu_Tableau", "frmStoikal"},
+                                                      {"Mnu_SimulAnim", "frmStoikal"}};
+    for (const auto& [entry, window] : tools) {
+        for (const bool opens : {true, false}) {
+            shell->MainWindow().activateWindow();
+            Settle();
+
+            Choose(entry);
+            Settle();
+
+            ASSERT_NE(QApplication::activeWindow(), nullptr);
+            EXPECT_EQ(QApplication::activeWindow()->objectName().toStdString(),
+                      opens ? window : "frmEquation")
+                << entry;
+        }
+    }
+}
+
+TEST_F(MenuCommands, GiveTheKeyboardBackAfterTheAtomsWereChosen)
+{
+    OpenFile({kIron});
+    shell->MainWindow().activateWindow();
+    auto& view = Control<QMenu>(shell->MainWindow(), "Mnu_View");
+    Q_EMIT view.aboutToShow();
+
+    Choose("Mnu_Fenetre(1)");
+    Settle();
+
+    EXPECT_EQ(QApplication::activeWindow(), &Exercise());
+}
+
 TEST_F(MenuCommands, LeaveTheKeyboardToTheExerciseAfterAClickOnTheAtoms)
 {
     OpenFile({kIron});

@@ -177,9 +177,18 @@ void frmStoikal::ListChildren()
         QAction* const action = m_viewMenu->addAction(
             QStringLiteral("&%1 %2").arg(QString::number(++number), child->windowTitle()));
         action->setObjectName(QStringLiteral("Mnu_Fenetre(%1)").arg(number));
-        connect(action, &QAction::triggered, m_area, [this, child] { m_area->setActiveSubWindow(child); });
+        connect(action, &QAction::triggered, child, [this, child] { ChooseChild(*child); });
         m_childActions << action;
     }
+}
+
+void frmStoikal::ChooseChild(QMdiSubWindow& child)
+{
+    m_area->setActiveSubWindow(&child);
+    // A child of the run has nothing to type in: the keyboard goes on as after
+    // any other entry.
+    if (dynamic_cast<ChildFrame*>(&child) == nullptr)
+        Q_EMIT EntryChosen(QString());
 }
 
 void frmStoikal::SetBackground(const QPixmap& picture)

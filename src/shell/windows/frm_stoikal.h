@@ -6,6 +6,7 @@
 #include <QPixmap>
 
 class QMdiArea;
+class QMdiSubWindow;
 class QMenu;
 
 namespace stoikal {
@@ -40,6 +41,7 @@ public:
     void AddTool(Form* form);
 
 Q_SIGNALS:
+    /// An entry was chosen; without a name one that the window itself carried out.
     void EntryChosen(const QString& name);
     void CloseAsked();
     /// F1 while no child window took it.
@@ -56,6 +58,7 @@ private:
     void AddEntry(QMenu& menu, const MenuNode& node);
     void ShowEntry(const QString& name);
     void ListChildren();
+    void ChooseChild(QMdiSubWindow& child);
     /// Takes what hidden tools left in the menu bar and in the caption.
     void TidyBehindHiddenTools();
 

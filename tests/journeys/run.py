@@ -95,6 +95,132 @@ def clicks_while_busy(stage):
     expect("one record", re.fullmatch(r"#Une\.Equ\r\nDUPONT©0©\d+(\.\d+)?\r\n", stage.text("HighScore.txt")))
 
 
+def pupil_by_keyboard(stage):
+    """A pupil's run without the mouse: Enter presses the buttons, and each window has
+    the keyboard when it comes. He types a wrong key, answers once wrong, looks at the
+    best scores and returns home."""
+    stage.start_only(tip=True)
+    stage.in_front("Astuce du jour")
+    stage.key("Return")
+    stage.in_front("Stoikal v")
+    file = small_file(stage, "Deux.Equ", ["H2+O2=H2O/2,1,2", "N2+H2=NH3/1,3,2"])
+    stage.key("alt+f", "o")
+    stage.in_front("Qui êtes-vous")
+    stage.fill(["DUPONT", "Paul", "3B"])
+    stage.key("Return", "Tab", "KP_Enter")
+    stage.in_front("Ouvrir un fichier")
+    stage.type(str(file))
+    stage.key("Return")
+
+    stage.in_front("Equation n°1")
+    stage.fill(["2", "1", "2"])
+    stage.key("Return", "Tab", "Return")
+    stage.in_front("Equation n°2")
+    stage.flash_over()
+    # The atoms go and come again, larger, the stopwatch comes; he goes on typing.
+    for keys in (["v"], ["v"], ["Down", "Right", "Down", "Down", "Return"], ["Up", "Up", "Up", "Up", "Return"]):
+        stage.window("Stoikal v")
+        stage.key("alt+i", *keys)
+        stage.in_front("Equation n°2")
+    stage.shown("Chronomètre")
+    # Nothing of the equation before comes back.
+    stage.key("ctrl+z")
+    stage.type("1")
+    stage.type("a")
+    stage.in_front("Erreur sur saisie.")
+    stage.key("Return")
+    stage.in_front("Equation n°2")
+    stage.type("2")
+    stage.key("Tab", "Tab", "Tab", "KP_Enter")
+    wait_for("the wrong answer", lambda: "12 N2 +  H2 --->  NH3 : FAUX - Score : 3\r\n" in stage.text("Resultat.txt"))
+    stage.flash_over()
+    stage.fill(["1", "3", "2"])
+    stage.key("Tab", "Return")
+
+    stage.in_front("Stoikal", end=True)
+    # 2 equations of 5 points, 2 lost: 8 of 10, that is 16 out of 20.
+    wait_for("the mark", lambda: "Note : 16.00/20" in stage.text("Resultat.txt"))
+    note = stage.window("Stoikal", "$")
+    height = stage.geometry(note)[3]
+    stage.key("shift+Tab", "space")
+    wait_for("the best scores", lambda: stage.geometry(note)[3] > height)
+    stage.key("Tab", "Tab", "KP_Enter")
+    stage.in_front("Stoikal v")
+    # Who he is, is known.
+    stage.key("alt+f", "o")
+    stage.in_front("Ouvrir un fichier")
+    stage.key("Escape")
+    stage.in_front("Stoikal v")
+    stage.key("alt+f", "q")
+    expect("the end without a fault", stage.wait_end() == 0)
+
+
+def show_teacher(stage, *keys):
+    """A protected entry, with the password and Enter."""
+    stage.in_front("Stoikal v")
+    stage.key(*keys)
+    stage.in_front("Mot de passe")
+    stage.type("sesame")
+    stage.key("Tab", "KP_Enter")
+
+
+def teacher_by_keyboard(stage):
+    """A teacher's evening without the mouse: he sets the password, writes a file with
+    the coefficients of the engine, looks at its preview, gathers equations, reads the
+    results, deletes a file and ends."""
+    stage.start()
+    stage.in_front("Stoikal v")
+    stage.key("alt+question", "m")
+    stage.in_front("Changer le mot de passe")
+    stage.key("Tab")
+    stage.type("sesame")
+    stage.key("Tab", "Return")
+
+    show_teacher(stage, "alt+f", "c")
+    stage.in_front("Stoikal - Editeur")
+    stage.type("Soir")
+    stage.key("Tab", "Tab", "Tab")  # the kind of file and the tabs
+    stage.fill(["H2", "O2", "", "H2O", "", ""])
+    stage.key("Tab", "Return")  # inserts an equation and begins with its first formula
+    stage.fill(["N2", "H2", "", "NH3", "", ""])
+    stage.key("Tab", "Tab", "Tab", "Tab", "space")
+    stage.shown("Prévisualisation")
+    stage.in_front("Stoikal - Editeur")
+    stage.key("Tab", "KP_Enter")
+    stage.in_front("Création fichier")
+    stage.key("Return")
+    stage.in_front("Stoikal v")
+    written = stage.text("Soir.Equ")
+    expect("the coefficients of the engine", "H2+O2=H2O/2,1,2" in written and "N2+H2=NH3/1,3,2" in written)
+
+    show_teacher(stage, "alt+i", "Right", "Down", "Return")
+    stage.in_front("Stoikal v")
+    stage.fill(["N2", "", "", "NH3", "", ""])
+    stage.key("Tab", "Tab", "Tab", "Tab", "space", "shift+Tab", "shift+Tab", "shift+Tab", "Return")
+    stage.in_front("Créer un fichier")
+    stage.type(str(stage.folder / "Trouve.Equ"))
+    stage.key("Return")
+    stage.in_front("Ouvrir un fichier")
+    stage.key("Escape")
+    expect("the equation found", "N2+H2=NH3/1,3,2" in stage.text("Trouve.Equ"))
+    stage.in_front("Stoikal v")
+    stage.key("alt+i", "Right", "Down", "Return")
+
+    show_teacher(stage, "alt+f", "v")
+    stage.in_front("Réponses des élèves")
+    stage.key("Tab", "Tab", "Tab", "Return")
+
+    show_teacher(stage, "alt+f", "Up", "Up", "Up", "Up", "Return")
+    stage.in_front("Supprimer un fichier")
+    stage.key("End", "space", "Tab", "Return")
+    wait_for("the deletion", lambda: not (stage.folder / "Trouve.Equ").exists())
+    expect("the other file", (stage.folder / "Soir.Equ").exists())
+
+    stage.in_front("Stoikal v")
+    stage.key("alt+f", "q")
+    expect("the end without a fault", stage.wait_end() == 0)
+
+
 def damaged_line(stage):
     """A line that cannot be read ends the program with a box that names it; what
     was earned before stands in the journal."""
@@ -299,7 +425,8 @@ def progress_series(stage):
 
 # Most of a journey is waiting for what a person waits for, so that some go side by
 # side; the class of thirty has the machine for itself.
-SIDE_BY_SIDE = [whole_run, progress_series, solution_shown, clicks_while_busy, damaged_line, killed_in_a_run, network_class]
+SIDE_BY_SIDE = [whole_run, progress_series, teacher_by_keyboard, pupil_by_keyboard, solution_shown, clicks_while_busy,
+                damaged_line, killed_in_a_run, network_class]
 ALONE = [network_class_of_thirty]
 
 

@@ -168,6 +168,17 @@ class Stage:
         run("xdotool", "windowactivate", "--sync", found, env=self.env, check=False)
         return found
 
+    def in_front(self, title, end=False):
+        """Waits until a window whose title begins so (with `end`: is so) has the keyboard by itself."""
+        def look():
+            name = run("xdotool", "getactivewindow", "getwindowname", env=self.env, check=False).strip()
+            return name == title if end else name.startswith(title)
+        wait_for(f"{title!r} in front", look, self.patience)
+
+    def shown(self, title):
+        """Waits until a window whose title begins so is there, with or without the keyboard."""
+        wait_for(f"the window {title!r}", lambda: self._find("^" + title), self.patience)
+
     def gone(self, title):
         wait_for(f"the end of {title!r}", lambda: not self._find("^" + title))
 
@@ -233,6 +244,10 @@ class Stage:
             if place:
                 self.key("Tab")
             self.type(text)
+
+    def flash_over(self):
+        """The band has its usual colour again, and the first box the keyboard."""
+        pause(2)
 
     def answer(self, number, coefficients, picture=None):
         """Types the coefficients of an equation and validates with the mouse."""

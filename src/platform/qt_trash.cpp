@@ -1,39 +1,74 @@
 #include "platform/qt_platform.h"
 
 #include "base/file_access.h"
+#include "platform/trash_folder.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <QStorageInfo>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace stoikal {
 namespace {
 
-/// The note beside the trash's files that says where a file came from, as the
-/// freedesktop trash has it: files/a.Equ, info/a.Equ.trashinfo.
-QString NoteOf(const QString& pathInTrash)
+/// The volume that a path itself lies on, not what a link leads to.
+std::optional<dev_t> VolumeOf(const QString& path)
 {
-    const QFileInfo file(pathInTrash);
-    return QStringLiteral("%1/../info/%2.trashinfo").arg(file.absolutePath(), file.fileName());
+    struct stat status {
+    };
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return status.st_dev;
+}
+
+/// A volume's common trash is safe when nobody can take the folders of others away.
+bool IsSafeCommonTrash(const QString& path)
+{
+    struct stat status {
+    };
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
+        && (status.st_mode & S_ISVTX) != 0;
+}
+
+/// The folders that a file on another volume than the user's data can go to, the
+/// best first.
+QList<TrashFolder> TrashOfVolume(const QString& path)
+{
+    const QString top = QStorageInfo(QFileInfo(path).absolutePath()).rootPath();
+    if (top.isEmpty())
+        return {};
+    const QString below = QDir::cleanPath(top + QStringLiteral("/.Trash"));
+    const QString user = QString::number(::getuid());
+    QList<TrashFolder> folders;
+    if (IsSafeCommonTrash(below))
+        folders << TrashFolder::OfVolume(below + QLatin1Char('/') + user, top);
+    folders << TrashFolder::OfVolume(below + QLatin1Char('-') + user, top);
+    return folders;
 }
 
 } // namespace
 
+// The toolkit's own move is not used: without a trash folder it moves the file
+// into the current folder and reports success, and its notes bring "100% juste.Equ"
+// back under another name.
 bool QtTrash::Move(const QString& path)
 {
-    // Where the user's data folder is missing, Qt 6.4 moves the file into the
-    // current folder and reports success.
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (home.isEmpty() || !MakeFolders(home))
+    if (!QDir::isAbsolutePath(home) || !MakeFolders(home))
         return false;
-    QString pathInTrash;
-    if (!QFile::moveToTrash(path, &pathInTrash))
+    const auto volume = VolumeOf(path);
+    if (!volume)
         return false;
-    if (!pathInTrash.isEmpty() && QFileInfo::exists(NoteOf(pathInTrash)))
-        return true;
-    // A file that nothing can bring back is not in the trash: it comes back now.
-    if (!pathInTrash.isEmpty())
-        QFile::rename(pathInTrash, path);
+    const bool isAtHome = volume == VolumeOf(QFileInfo(home).canonicalFilePath());
+    const QList<TrashFolder> folders
+        = isAtHome ? QList{TrashFolder::OfUser(home + QStringLiteral("/Trash"))} : TrashOfVolume(path);
+    for (const TrashFolder& folder : folders) {
+        if (folder.Prepare())
+            return folder.Receive(path);
+    }
     return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include "support/environment.h"
 #include "support/file_bytes.h"
+#include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
 #include <QDir>
@@ -9,7 +10,9 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QUrl>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -104,6 +107,84 @@ TEST_F(QtTrashTest, LeavesTheFileWhereTheUserCanHaveNoTrash)
 
     EXPECT_EQ(BytesOfFile(path), "H2+O2=H2O/2,1,2\r\n");
     EXPECT_TRUE(QDir(Here()).isEmpty());
+}
+
+TEST_F(QtTrashTest, LeavesTheFileWhereAFileStandsForTheTrash)
+{
+    ASSERT_TRUE(QDir().mkpath(DataHome()));
+    WriteBytes(DataHome() + u"/Trash"_s, "");
+
+    EXPECT_FALSE(QtTrash().Move(path));
+
+    EXPECT_EQ(BytesOfFile(path), "H2+O2=H2O/2,1,2\r\n");
+    EXPECT_TRUE(QDir(Here()).isEmpty());
+}
+
+TEST_F(QtTrashTest, LeavesTheFileWhereAFileStandsForAPartOfTheTrash)
+{
+    for (const QString& part : {u"files"_s, u"info"_s}) {
+        ASSERT_TRUE(QDir(DataHome()).removeRecursively());
+        ASSERT_TRUE(QDir().mkpath(DataHome() + u"/Trash"_s));
+        WriteBytes(DataHome() + u"/Trash/"_s + part, "");
+
+        EXPECT_FALSE(QtTrash().Move(path)) << part.toStdString();
+
+        EXPECT_EQ(BytesOfFile(path), "H2+O2=H2O/2,1,2\r\n");
+        EXPECT_TRUE(QDir(Here()).isEmpty());
+    }
+}
+
+TEST_F(QtTrashTest, LeavesTheFileWhereTheDataOfTheUserCannotBeWritten)
+{
+    ASSERT_TRUE(QDir().mkpath(DataHome()));
+    for (const QString& open : {folder.path(), folder.filePath(u"équations"_s), Here(), path})
+        ASSERT_EQ(::chmod(qPrintable(open), 0777), 0);
+    ASSERT_EQ(::chmod(qPrintable(DataHome()), 0555), 0);
+    const AsOrdinaryUser pupil;
+    ASSERT_TRUE(pupil.IsOrdinary());
+
+    EXPECT_FALSE(QtTrash().Move(path));
+
+    EXPECT_EQ(BytesOfFile(path), "H2+O2=H2O/2,1,2\r\n");
+    EXPECT_TRUE(QDir(Here()).isEmpty());
+}
+
+TEST_F(QtTrashTest, BringsEveryNameBackAsItWas)
+{
+    for (const QString& name :
+         {u"100% juste.Equ"_s, u"a%20b.Equ"_s, u"été.Equ"_s, u"# ? ; =.Equ"_s, u"sans extension"_s}) {
+        const QString file = folder.filePath(u"équations/"_s + name);
+        WriteBytes(file, "");
+
+        ASSERT_TRUE(QtTrash().Move(file));
+
+        const QByteArray written = BytesOfFile(Note(name)).split('\n').value(1);
+        EXPECT_EQ(QUrl::fromPercentEncoding(written.sliced(5)), file) << written.toStdString();
+        // A space or an accent as it stands would be read differently by other programs.
+        EXPECT_TRUE(std::all_of(written.begin(), written.end(), [](char c) { return c > ' ' && c < 127; }))
+            << written.toStdString();
+    }
+}
+
+TEST_F(QtTrashTest, MovesALinkAndNotWhatItLeadsTo)
+{
+    const QString link = folder.filePath(u"équations/lien.Equ"_s);
+    ASSERT_TRUE(QFile::link(path, link));
+
+    EXPECT_TRUE(QtTrash().Move(link));
+
+    EXPECT_TRUE(QFileInfo(InTrash(u"lien.Equ"_s)).isSymLink());
+    EXPECT_FALSE(QFileInfo(link).isSymLink());
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(QtTrashTest, IsForTheUserAlone)
+{
+    ASSERT_TRUE(QtTrash().Move(path));
+
+    constexpr QFileDevice::Permissions kOthers = QFileDevice::ReadGroup | QFileDevice::WriteGroup
+        | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther;
+    EXPECT_FALSE(QFile::permissions(DataHome() + u"/Trash"_s) & kOthers);
 }
 
 TEST_F(QtTrashTest, CannotMoveWhatIsNotThere)

@@ -2,6 +2,7 @@
 
 #include "base/whole_file.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -62,9 +63,22 @@ void QtSound::Beep()
 
 namespace {
 
+/// The dialog chooses and does nothing else: files and folders can be neither
+/// deleted nor renamed, made or dragged away in it, with or without a password.
+void MakeReadOnly(QFileDialog& dialog)
+{
+    // The desktop's own dialogs know no such promise.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::ReadOnly);
+    const auto views = dialog.findChildren<QAbstractItemView*>();
+    for (QAbstractItemView* const view : views)
+        view->setDragDropMode(QAbstractItemView::NoDragDrop);
+}
+
 std::optional<Dialogs::Choice> RunFileDialog(QFileDialog& dialog, const Dialogs::Request& request)
 {
     dialog.setObjectName(request.name);
+    MakeReadOnly(dialog);
     // Names are what a file is chosen by; sizes and kinds only squeeze them.
     dialog.setViewMode(QFileDialog::List);
     dialog.setNameFilters(request.filters);

@@ -75,9 +75,13 @@ void ReadASetting(benchmark::State& state)
     QTemporaryDir folder;
     SettingsStore store;
     const QString path = folder.filePath(QStringLiteral("ConfEQU_dupont.ini"));
-    for (int i = 0; i < 30; ++i)
-        store.WriteSetting(path, QStringLiteral("Options"), QStringLiteral("Key %1").arg(i),
-                           QStringLiteral("%1").arg(i));
+    for (int i = 0; i < 30; ++i) {
+        if (!store.WriteSetting(path, QStringLiteral("Options"), QStringLiteral("Key %1").arg(i),
+                                QStringLiteral("%1").arg(i))) {
+            state.SkipWithError("the settings cannot be written");
+            return;
+        }
+    }
     const QString section = QStringLiteral("Options");
     const QString key = QStringLiteral("Key 17");
     for ([[maybe_unused]] auto _ : state)

@@ -58,12 +58,10 @@ Failure WriteFailure(const QString& path, const QString& reason)
     return {QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2").arg(ShownPath(path), reason)};
 }
 
-Failure LockFailure(const QString& path)
+Failure LockFailure(const QString& path, const FileLock& lock)
 {
-    return {QStringLiteral(
-                "Le fichier %1 n'a pas pu être complété\u00A0:\nun autre programme l'écrit en ce moment, "
-                "ou son dossier ne peut pas être écrit.")
-                .arg(ShownPath(path))};
+    return {
+        QStringLiteral("Le fichier %1 n'a pas pu être complété :\n%2").arg(ShownPath(path), lock.Reason())};
 }
 
 /// Writes all bytes at the file's end or says why not; a file that took only a
@@ -172,7 +170,7 @@ Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QLis
 {
     const FileLock lock(path, kLockWaitMs);
     if (!lock.IsHeld())
-        return LockFailure(path);
+        return LockFailure(path, lock);
     auto file = OpenForAppending(path, IfMissing::Make, Sharing::Account);
     if (!file)
         return WriteFailure(path, file.Reason());
@@ -189,7 +187,7 @@ Outcome<qsizetype> EquationAppender::AppendEquation(const QString& path, const Q
 {
     const FileLock lock(path, kLockWaitMs);
     if (!lock.IsHeld())
-        return LockFailure(path);
+        return LockFailure(path, lock);
     auto file = OpenForAppending(path, IfMissing::Refuse, Sharing::Account);
     if (!file)
         return WriteFailure(path, file.Reason());

@@ -22,12 +22,16 @@ public:
 
     bool IsHeld() const { return m_file.IsOpen(); }
 
+    /// Why it is not held, in French words; empty when it is.
+    QString Reason() const;
+
 private:
     enum class Try { Held, Busy, Impossible };
     Try TryOnce();
 
     QString m_path;
     OpenFile m_file; ///< open while it is held
+    QString m_hindrance; ///< what made it impossible, in French words; empty when nothing did
     std::int32_t m_holder = 0; ///< the process that had it at the last try, 0 unknown
 };
 

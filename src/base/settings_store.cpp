@@ -3,11 +3,11 @@
 #include "base/file_access.h"
 #include "base/file_lock.h"
 #include "base/file_stamp.h"
+#include "base/shown_path.h"
 #include "base/whole_file.h"
 
 #include <QDateTime>
 #include <QFileInfo>
-#include <optional>
 #include <utility>
 
 namespace stoikal {
@@ -26,14 +26,14 @@ bool IsSettled(const FileStamp& stamp)
         || QDateTime::currentMSecsSinceEpoch() - stamp.changedNs / kMillisecond > kLongestStepMs;
 }
 
-/// The bytes of a file; none for a file that is not there, nothing for one that
-/// is there and cannot be read.
-std::optional<QByteArray> ReadWhole(const QString& path)
+/// The bytes of a file; none for a file that is not there. Fails for one that is
+/// there and cannot be read.
+Outcome<QByteArray> ReadWhole(const QString& path)
 {
-    const auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
-    if (!bytes)
-        return bytes.IsMissing() ? std::optional(QByteArray()) : std::nullopt;
-    return *bytes;
+    auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
+    if (!bytes && bytes.IsMissing())
+        return QByteArray();
+    return bytes;
 }
 
 } // namespace
@@ -74,7 +74,8 @@ const ProfileText& SettingsStore::Current(const QString& file) const
         return copy.text;
     copy.isSettled = IsSettled(stamp);
     copy.stamp = stamp;
-    return copy.Of(ReadWhole(file).value_or(QByteArray()));
+    const Outcome<QByteArray> bytes = ReadWhole(file);
+    return copy.Of(bytes ? *bytes : QByteArray());
 }
 
 QString SettingsStore::ReadSetting(const QString& file, const QString& section, const QString& key) const
@@ -82,46 +83,65 @@ QString SettingsStore::ReadSetting(const QString& file, const QString& section, 
     return Current(file).Read(section, key);
 }
 
-bool SettingsStore::Change(const QString& file, const std::function<void(ProfileText&)>& change)
+Outcome<QString> SettingsStore::Change(const QString& file, const std::function<void(ProfileText&)>& change)
 {
-    if (file.isEmpty() || !MakeFolders(QFileInfo(file).absolutePath()))
-        return false;
+    if (file.isEmpty())
+        return Failure{QStringLiteral("le fichier n'est pas connu")};
+    if (!MakeFolders(QFileInfo(file).absolutePath()))
+        return Failure{QStringLiteral("son dossier ne peut pas être créé")};
     const FileLock lock(file, kLockWaitMs);
     if (!lock.IsHeld())
-        return false;
-    const std::optional<QByteArray> old = ReadWhole(file);
+        return Failure{lock.Reason()};
+    const Outcome<QByteArray> old = ReadWhole(file);
     // What cannot be read would be lost with its replacement.
     if (!old)
-        return false;
+        return Failure{old.Reason()};
     Copy& copy = CopyOf(file);
     ProfileText text = copy.Of(*old);
     // The copy no longer stands for the reading that its stamp tells of.
     copy.isSettled = false;
     change(text);
     const QByteArray bytes = text.ToBytes();
-    // One above the limit could not be read again.
-    if (AboveLimit(bytes, kSettingsLimit) || !ReplaceFile(file, bytes, Sharing::Account))
-        return false;
+    // One that is larger could not be read again.
+    if (AboveLimit(bytes, kSettingsLimit))
+        return Failure{QStringLiteral("il deviendrait trop grand pour être relu")};
+    auto written = ReplaceFile(file, bytes, Sharing::Account);
+    if (!written)
+        return written;
     copy.bytes = bytes;
     copy.text = std::move(text);
-    return true;
+    return written;
 }
 
-void SettingsStore::WriteSetting(const QString& file, const QString& section, const QString& key,
-                                 const QString& value)
+Outcome<QString> SettingsStore::WriteSetting(const QString& file, const QString& section, const QString& key,
+                                             const QString& value)
 {
-    // A write that fails is silent here: a reading then gives the old value.
-    (void)Change(file, [&](ProfileText& text) { text.Write(section, key, value); });
+    return Change(file, [&](ProfileText& text) { text.Write(section, key, value); });
 }
 
-void SettingsStore::WriteSection(const QString& file, const QString& section, const QStringList& lines)
+Outcome<QString> SettingsStore::WriteSection(const QString& file, const QString& section,
+                                             const QStringList& lines)
 {
-    (void)Change(file, [&](ProfileText& text) { text.WriteSection(section, lines); });
+    return Change(file, [&](ProfileText& text) { text.WriteSection(section, lines); });
 }
 
-void SettingsStore::DeleteSection(const QString& file, const QString& section)
+Outcome<QString> SettingsStore::DeleteSection(const QString& file, const QString& section)
 {
-    (void)Change(file, [&](ProfileText& text) { text.DeleteSection(section); });
+    return Change(file, [&](ProfileText& text) { text.DeleteSection(section); });
+}
+
+Outcome<QString> Settings::Write(const QList<SettingValue>& values)
+{
+    auto written = m_store.Change(m_file, [&values](ProfileText& text) {
+        for (const SettingValue& value : values)
+            text.Write(value.section, value.key, value.value);
+    });
+    if (written)
+        return written;
+    return Failure{QStringLiteral("Le fichier des réglages n'a pas pu être écrit\u00A0:\n%1\n(%2)\n\n"
+                                  "Vérifiez que ce fichier et son dossier peuvent être modifiés et que le "
+                                  "disque n'est pas plein, puis recommencez.")
+                       .arg(ShownPath(m_file), written.Reason())};
 }
 
 } // namespace stoikal

@@ -202,7 +202,12 @@ bool WorkFile::Begin(const WorkDesk& desk)
 bool WorkFile::BeginWith(const WorkDesk& desk, const std::vector<WorkEquation>& equations)
 {
     const QByteArray bytes = BytesOf(desk, equations);
-    return m_store.Change(m_path, [&bytes](ProfileText& file) { file = ProfileText(bytes); });
+    return Change([&bytes](ProfileText& file) { file = ProfileText(bytes); });
+}
+
+bool WorkFile::Change(const std::function<void(ProfileText&)>& change)
+{
+    return m_store.Change(m_path, change).Succeeded();
 }
 
 WorkEquation WorkFile::Equation(int number) const
@@ -233,7 +238,7 @@ std::vector<int> WorkFile::FailedEquations(int count) const
 
 bool WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& desk)
 {
-    return m_store.Change(m_path, [&](ProfileText& file) {
+    return Change([&](ProfileText& file) {
         WriteEquation(file, number, equation);
         WriteDesk(file, desk);
     });
@@ -241,7 +246,7 @@ bool WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& d
 
 bool WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
 {
-    return m_store.Change(m_path, [&](ProfileText& file) {
+    return Change([&](ProfileText& file) {
         std::vector<ProfileText::Renaming> moves;
         for (int from = number; from <= last; ++from)
             moves.push_back({SectionOf(from), SectionOf(from + 1)});
@@ -253,7 +258,7 @@ bool WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
 
 bool WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
 {
-    return m_store.Change(m_path, [&](ProfileText& file) {
+    return Change([&](ProfileText& file) {
         std::vector<ProfileText::Renaming> moves;
         for (int from = number + 1; from <= last; ++from)
             moves.push_back({SectionOf(from), SectionOf(from - 1)});
@@ -266,7 +271,7 @@ bool WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
 
 void WorkFile::Finish()
 {
-    const bool written = m_store.Change(m_path, [](ProfileText& file) {
+    const bool written = Change([](ProfileText& file) {
         WriteText(file, DeskSection(), QStringLiteral("EnCours"), FlagText(false));
     });
     if (!written)

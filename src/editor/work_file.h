@@ -6,6 +6,7 @@
 #include "editor/work_equation.h"
 
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -75,6 +76,8 @@ public:
     void Remove();
 
 private:
+    bool Change(const std::function<void(ProfileText&)>& change);
+
     SettingsStore& m_store;
     QString m_path;
 };

@@ -20,6 +20,11 @@ QString Key(Side side)
                                    : QStringLiteral("BackGround Color Produits");
 }
 
+SettingValue StoredColour(Side side, std::uint32_t colour)
+{
+    return {Section(), Key(side), QString::number(colour)};
+}
+
 } // namespace
 
 std::uint32_t DefaultSideColour(Side side)
@@ -27,9 +32,15 @@ std::uint32_t DefaultSideColour(Side side)
     return side == Side::Reactants ? 0xC0FFC0 : 0xFFFF80;
 }
 
-void SetSideColour(Settings& settings, Side side, std::uint32_t colour)
+Outcome<QString> SetSideColour(Settings& settings, Side side, std::uint32_t colour)
 {
-    settings.Write(Section(), Key(side), QString::number(colour));
+    return settings.Write({StoredColour(side, colour)});
+}
+
+Outcome<QString> SetDefaultSideColours(Settings& settings)
+{
+    return settings.Write({StoredColour(Side::Reactants, DefaultSideColour(Side::Reactants)),
+                           StoredColour(Side::Products, DefaultSideColour(Side::Products))});
 }
 
 std::uint32_t SideColour(const Settings& settings, Side side)

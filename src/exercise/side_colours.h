@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/outcome.h"
+
 #include <cstdint>
 
 namespace stoikal {
@@ -12,8 +14,12 @@ enum class Side { Reactants, Products };
 /// the low byte: pale green for reactants, pale blue for products.
 std::uint32_t DefaultSideColour(Side side);
 
-/// Keeps the colour of a side in the settings, as a plain decimal number.
-void SetSideColour(Settings& settings, Side side, std::uint32_t colour);
+/// Stores the colour of a side in the settings, as a plain decimal number. Fails
+/// with French sentences to be shown.
+Outcome<QString> SetSideColour(Settings& settings, Side side, std::uint32_t colour);
+
+/// Gives both sides back their own colours, or neither.
+Outcome<QString> SetDefaultSideColours(Settings& settings);
 
 /// The background colour of a side, as a 24-bit number with red in the low
 /// byte: the user's, else pale green for reactants and pale blue for products.

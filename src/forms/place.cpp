@@ -75,8 +75,8 @@ void CentreOver(QWidget& window, const Screen& screen, const QWidget& other)
 void KeepPlace(const QWidget& window, const Screen& screen, Settings& settings, const QString& section)
 {
     const QPoint place = PlaceOf(window, screen);
-    settings.Write(section, QStringLiteral("Left"), QString::number(place.x()));
-    settings.Write(section, QStringLiteral("Top"), QString::number(place.y()));
+    settings.Remember(section, QStringLiteral("Left"), QString::number(place.x()));
+    settings.Remember(section, QStringLiteral("Top"), QString::number(place.y()));
 }
 
 QSize RememberedSize(const QWidget& window, const Settings& settings, const QString& section, QSize fallback)
@@ -93,8 +93,8 @@ QSize RememberedSize(const QWidget& window, const Settings& settings, const QStr
 void KeepPlaceAndSize(const QWidget& window, const Screen& screen, Settings& settings, const QString& section)
 {
     KeepPlace(window, screen, settings, section);
-    settings.Write(section, QStringLiteral("Width"), QString::number(FromPixels(window.width())));
-    settings.Write(section, QStringLiteral("Height"), QString::number(FromPixels(window.height())));
+    settings.Remember(section, QStringLiteral("Width"), QString::number(FromPixels(window.width())));
+    settings.Remember(section, QStringLiteral("Height"), QString::number(FromPixels(window.height())));
 }
 
 } // namespace stoikal

@@ -3,6 +3,7 @@
 #include "base/file_access.h"
 #include "base/file_lock.h"
 #include "base/session_state.h"
+#include "base/settings_store.h"
 #include "base/shown_path.h"
 #include "base/whole_file.h"
 #include "forms/messages.h"
@@ -16,6 +17,16 @@ namespace stoikal {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+QString NetworkSection()
+{
+    return u"Réseau"_s;
+}
+
+QString DepositKey()
+{
+    return u"Dossier Dépôt"_s;
+}
 
 /// What the user is asked for when the desktop does not tell a folder.
 struct Landmark {
@@ -74,6 +85,16 @@ QString DepositFolder(const SessionState& session)
 {
     const QString name = session.DossierDepot.trimmed();
     return name.isEmpty() ? session.DossierResultats : WithSeparator(session.DossierResultats) + name;
+}
+
+QString DepositName(const Settings& settings)
+{
+    return settings.Read(NetworkSection(), DepositKey());
+}
+
+Outcome<QString> StoreDepositName(Settings& settings, const QString& name)
+{
+    return settings.Write(NetworkSection(), DepositKey(), name);
 }
 
 void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent)

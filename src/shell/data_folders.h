@@ -9,6 +9,7 @@ class QWidget;
 namespace stoikal {
 
 class Messages;
+class Settings;
 struct Platform;
 struct SessionState;
 
@@ -41,6 +42,13 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
 /// the one password; without a separator at its end. Its name is trimmed: one of
 /// blanks means the share itself.
 QString DepositFolder(const SessionState& session);
+
+/// The name of that folder as the user's settings have it, empty when it was
+/// never asked for.
+QString DepositName(const Settings& settings);
+
+/// Stores that name. Fails with French sentences to be shown.
+Outcome<QString> StoreDepositName(Settings& settings, const QString& name);
 
 /// A folder's path with the separator at its end.
 QString WithSeparator(const QString& folder);

@@ -54,8 +54,8 @@ void FileSession::Mnu_Open_Click(int index)
     Q_EMIT OpenConsidered();
     if (m_session.state.NomEleve.isEmpty() && !Identify())
         return;
-    m_session.settings.Write(Options(), FilesByDefault(),
-                             index == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+    m_session.settings.Remember(Options(), FilesByDefault(),
+                                index == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
     OpenEquationFile();
 }
 
@@ -92,12 +92,18 @@ bool FileSession::ChooseFile()
     SessionState& state = m_session.state;
     QString byDefault = m_session.settings.Read(Options(), FilesByDefault());
     if (!IsFilterSetting(byDefault)) {
-        m_session.settings.Write(Options(), FilesByDefault(), QStringLiteral("EQU"));
+        m_session.settings.Remember(Options(), FilesByDefault(), QStringLiteral("EQU"));
         frmEtude window(&m_mainWindow);
         connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
-        m_session.settings.Write(Options(), FilesByDefault(),
-                                 window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+        const auto written
+            = m_session.settings.Write(Options(), FilesByDefault(),
+                                       window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+        if (!written)
+            m_session.messages.Critical(
+                &m_mainWindow, QStringLiteral("Stoikal"),
+                QStringLiteral("Votre choix n'a pas été enregistré\u00A0: il sera redemandé.\n\n%1")
+                    .arg(written.Reason()));
         byDefault = m_session.settings.Read(Options(), FilesByDefault());
     }
     const auto choice = m_session.desktop.dialogs.OpenFile(
@@ -112,8 +118,8 @@ bool FileSession::ChooseFile()
         return false;
     state.CheminFichier = choice->path;
     state.TitreFichier = QFileInfo(choice->path).fileName();
-    m_session.settings.Write(Options(), FilesByDefault(),
-                             choice->filter == 1 ? QStringLiteral("AVT") : QStringLiteral("EQU"));
+    m_session.settings.Remember(Options(), FilesByDefault(),
+                                choice->filter == 1 ? QStringLiteral("AVT") : QStringLiteral("EQU"));
     return true;
 }
 

@@ -29,7 +29,7 @@ void HomeDesk::Mnu_Pref_Click()
         UnloadPreferences();
         return;
     }
-    m_pref = new frmPref(m_session.settings, m_session.desktop.dialogs, &m_mainWindow);
+    m_pref = new frmPref({m_session.settings, m_session.desktop.dialogs, m_session.messages}, &m_mainWindow);
     connect(m_pref, &frmPref::ColoursChanged, &m_desk, &ExerciseDesk::RefreshColours);
     connect(m_pref, &frmPref::ArrangementChanged, &m_desk, &ExerciseDesk::ShowArrangement);
     connect(m_pref, &Form::CloseAsked, this, &HomeDesk::UnloadPreferences);
@@ -54,7 +54,7 @@ void HomeDesk::UnloadPreferences()
 
 void HomeDesk::Mnu_Tip_Click()
 {
-    frmTip window(m_session.settings, m_session.desktop.randomness,
+    frmTip window({m_session.settings, m_session.desktop.randomness, m_session.messages},
                   m_session.state.DossierDocuments + OwnFolder() + QStringLiteral("/TipOfDayEqChm.txt"),
                   &m_mainWindow);
     connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kTip); });

@@ -31,7 +31,8 @@ Failure CannotRead(const QString& path, const QString& reason)
 Failure CannotWrite(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le nouveau mot de passe n'a pas pu être enregistré :\n%1\n(%2)\n\n"
-                           "L'ancien mot de passe reste valable.")
+                           "L'ancien mot de passe reste valable. Vérifiez que ce fichier et son dossier "
+                           "peuvent être modifiés et que le disque n'est pas plein, puis recommencez.")
                 .arg(ShownPath(path), reason)};
 }
 
@@ -53,7 +54,11 @@ Outcome<QString> PasswordStore::Write(const QString& password)
 {
     if (m_state.ModeReseau)
         return WriteCommonFile(password);
-    m_settings.Write(Section(), Key(), password);
+    const auto written = m_settings.Write(Section(), Key(), password);
+    if (!written)
+        return Failure{QStringLiteral("Le nouveau mot de passe n'a pas été enregistré\u00A0: l'ancien reste "
+                                      "valable.\n\n%1")
+                           .arg(written.Reason())};
     return password;
 }
 

@@ -27,8 +27,8 @@ public:
     /// be read; nothing may then be opened, least of all with an empty text.
     Outcome<QString> Read() const;
 
-    /// Sets the password and returns it. The common file is replaced whole or not
-    /// at all, and a failure is told; a failed write of the settings is silent.
+    /// Sets the password and returns it. Its file is replaced whole or not at all;
+    /// fails with French sentences to be shown, the old password then holds.
     Outcome<QString> Write(const QString& password);
 
     /// Makes the common file, empty, when it is missing, and returns its path.

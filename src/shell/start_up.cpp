@@ -162,15 +162,12 @@ void StartUp::FindJournal()
 QString StartUp::NetworkJournal()
 {
     SessionState& state = m_session.state;
-    const QString section = QStringLiteral("Réseau");
-    const QString key = QStringLiteral("Dossier Dépôt");
-    state.DossierDepot = m_session.settings.Read(section, key);
+    state.DossierDepot = DepositName(m_session.settings);
     while (state.DossierDepot.isEmpty()) {
-        frmDepot window(m_session.messages, nullptr);
+        frmDepot window(m_session.settings, m_session.messages, nullptr);
         connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         state.DossierDepot = window.FolderName();
-        m_session.settings.Write(section, key, state.DossierDepot);
     }
     QString user = m_session.desktop.user.LoginName();
     if (user.isEmpty())
@@ -258,7 +255,7 @@ void StartUp::ShowTip()
     const QString key = QStringLiteral("Show Tips at Startup");
     const QString value = m_session.settings.Read(Options(), key);
     const bool shows = value.isEmpty() || value == QLatin1String("1");
-    m_session.settings.Write(Options(), key, shows ? QStringLiteral("1") : QStringLiteral("0"));
+    m_session.settings.Remember(Options(), key, shows ? QStringLiteral("1") : QStringLiteral("0"));
     if (shows)
         Q_EMIT TipAsked();
 }
@@ -267,7 +264,7 @@ void StartUp::PresetBubbles()
 {
     const QString key = QStringLiteral("Show info-bulles at Startup");
     if (m_session.settings.Read(Options(), key).isEmpty())
-        m_session.settings.Write(Options(), key, QStringLiteral("1"));
+        m_session.settings.Remember(Options(), key, QStringLiteral("1"));
 }
 
 } // namespace stoikal

@@ -331,8 +331,8 @@ TEST_F(AppendingLines, TellsThatAnotherProgramWritesTheFile)
 
     ASSERT_FALSE(written);
     EXPECT_EQ(written.Reason(),
-              u"Le fichier %1 n'a pas pu être complété\u00A0:\nun autre programme l'écrit en ce moment, "
-              "ou son dossier ne peut pas être écrit."_s.arg(Path(u"serie.Equ"_s)));
+              u"Le fichier %1 n'a pas pu être complété :\nun autre programme l'écrit en ce moment"_s.arg(
+                  Path(u"serie.Equ"_s)));
     EXPECT_EQ(Bytes(u"serie.Equ"_s), "A=B/1,1\r\n");
 }
 

@@ -483,7 +483,7 @@ TEST_F(FrmExpert, AsksForTheFileInTheFolderOfEquations)
     dialogs.answers = {std::nullopt, std::nullopt};
 
     Click(Save());
-    settings.Write(u"Options"_s, u"Files by default"_s, u"AVT"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"Files by default"_s, u"AVT"_s));
     Click(Save());
 
     ASSERT_EQ(dialogs.asked.size(), 2U);

@@ -434,7 +434,7 @@ TEST_F(FrmSearch, AsksForTheOutputInTheFolderOfEquations)
     dialogs.answers = {std::nullopt, std::nullopt};
 
     SearchFor({u"H2"_s});
-    settings.Write(u"Options"_s, u"Files by default"_s, u"AVT"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"Files by default"_s, u"AVT"_s));
     SearchFor({u"H2"_s});
 
     ASSERT_EQ(dialogs.asked.size(), 2U);

@@ -88,7 +88,7 @@ TEST(SettingsStore, FirstWriteMakesFileAndSection)
 {
     SettingsFolder place;
 
-    place.store.WriteSetting(place.path, u"Réseau"_s, u"Dossier Dépôt"_s, u"/srv/dépôt"_s);
+    EXPECT_TRUE(place.store.WriteSetting(place.path, u"Réseau"_s, u"Dossier Dépôt"_s, u"/srv/dépôt"_s));
 
     EXPECT_EQ(place.Bytes(), QByteArray("[R\xE9seau]\r\nDossier D\xE9p\xF4t=/srv/d\xE9p\xF4t\r\n"));
     EXPECT_EQ(place.Read(u"Réseau"_s, u"Dossier Dépôt"_s), u"/srv/dépôt"_s);
@@ -101,7 +101,7 @@ TEST(SettingsStore, FirstWriteMakesTheFolder)
     SettingsFolder place;
     const QString path = place.folder.filePath(u"Tovik_MARLEN/Stoikal/ConfEQU_é.ini"_s);
 
-    place.store.WriteSetting(path, u"Options"_s, u"PassWord"_s, u"x"_s);
+    EXPECT_TRUE(place.store.WriteSetting(path, u"Options"_s, u"PassWord"_s, u"x"_s));
 
     EXPECT_TRUE(QFile::exists(path));
     EXPECT_EQ(place.store.ReadSetting(path, u"Options"_s, u"PassWord"_s), u"x"_s);
@@ -116,7 +116,7 @@ TEST(SettingsStore, WriteLeavesEveryOtherLineByteForByte)
                             "es]\r\nPression=1013\r\n");
     ASSERT_TRUE(place.Put(before + "passWORD = old\r\n" + behind));
 
-    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_TRUE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
 
     EXPECT_EQ(place.Bytes(), before + "PassWord=new\r\n" + behind);
     EXPECT_EQ(place.Read(u"charge window"_s, u"left"_s), u" 7 "_s);
@@ -127,8 +127,8 @@ TEST(SettingsStore, FilesDoNotMix)
     SettingsFolder place;
     const QString other = place.folder.filePath(u"ConfEQU_martin.ini"_s);
 
-    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"a"_s);
-    place.store.WriteSetting(other, u"Options"_s, u"PassWord"_s, u"b"_s);
+    EXPECT_TRUE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"a"_s));
+    EXPECT_TRUE(place.store.WriteSetting(other, u"Options"_s, u"PassWord"_s, u"b"_s));
 
     EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"a"_s);
     EXPECT_EQ(place.store.ReadSetting(other, u"Options"_s, u"PassWord"_s), u"b"_s);
@@ -139,8 +139,8 @@ TEST(SettingsStore, WritesAndDeletesAWholeSection)
     SettingsFolder place;
     ASSERT_TRUE(place.Put("[1]\r\nold=1\r\n[2]\r\nk=2\r\n"));
 
-    place.store.WriteSection(place.path, u"1"_s, {u"Molecule0=H2"_s, u"Molecule1=O2"_s});
-    place.store.DeleteSection(place.path, u"2"_s);
+    EXPECT_TRUE(place.store.WriteSection(place.path, u"1"_s, {u"Molecule0=H2"_s, u"Molecule1=O2"_s}));
+    EXPECT_TRUE(place.store.DeleteSection(place.path, u"2"_s));
 
     EXPECT_EQ(place.Bytes(), QByteArray("[1]\r\nMolecule0=H2\r\nMolecule1=O2\r\n"));
     EXPECT_EQ(place.Read(u"1"_s, u"Molecule1"_s), u"O2"_s);
@@ -190,8 +190,8 @@ TEST(SettingsStore, TwoStoresThatWriteInTurnLoseNothing)
 
     for (int i = 0; i < 10; ++i) {
         // Each knows the file as it was before the other's write.
-        place.store.WriteSetting(place.path, u"A"_s, u"a%1"_s.arg(i), u"%1"_s.arg(i));
-        other.WriteSetting(place.path, u"B"_s, u"b%1"_s.arg(i), u"%1"_s.arg(i));
+        EXPECT_TRUE(place.store.WriteSetting(place.path, u"A"_s, u"a%1"_s.arg(i), u"%1"_s.arg(i)));
+        EXPECT_TRUE(other.WriteSetting(place.path, u"B"_s, u"b%1"_s.arg(i), u"%1"_s.arg(i)));
     }
 
     for (int i = 0; i < 10; ++i) {
@@ -203,16 +203,16 @@ TEST(SettingsStore, TwoStoresThatWriteInTurnLoseNothing)
     }
 }
 
-TEST(SettingsStore, FailedWriteIsSilentAndTheOldValueStays)
+TEST(SettingsStore, FailedWriteIsReportedAndTheOldValueStays)
 {
     SettingsFolder place;
     ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
     // A folder inside a file can be made by nobody.
     const QString impossible = place.path + u"/inside/a.ini"_s;
 
-    place.store.WriteSetting(impossible, u"Options"_s, u"PassWord"_s, u"new"_s);
-    place.store.WriteSection(impossible, u"Options"_s, {u"PassWord=new"_s});
-    place.store.DeleteSection(impossible, u"Options"_s);
+    EXPECT_FALSE(place.store.WriteSetting(impossible, u"Options"_s, u"PassWord"_s, u"new"_s));
+    EXPECT_FALSE(place.store.WriteSection(impossible, u"Options"_s, {u"PassWord=new"_s}));
+    EXPECT_FALSE(place.store.DeleteSection(impossible, u"Options"_s));
 
     EXPECT_TRUE(place.store.ReadSetting(impossible, u"Options"_s, u"PassWord"_s).isEmpty());
     EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=old\r\n"));
@@ -224,7 +224,7 @@ TEST(SettingsStore, FolderInPlaceOfTheFileIsAFailedWrite)
     SettingsFolder place;
     ASSERT_TRUE(QDir().mkdir(place.path));
 
-    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_FALSE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
 
     EXPECT_TRUE(place.Read(u"Options"_s, u"PassWord"_s).isEmpty());
     EXPECT_EQ(place.Entries(), QStringList({u"ConfEQU_dupont.ini"_s}));
@@ -236,7 +236,7 @@ TEST(SettingsStore, FileWithoutANameIsAFailedWrite)
     const QString before = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(place.folder.path()));
 
-    place.store.WriteSetting(QString(), u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_FALSE(place.store.WriteSetting(QString(), u"Options"_s, u"PassWord"_s, u"new"_s));
 
     EXPECT_TRUE(QDir::setCurrent(before));
     EXPECT_TRUE(place.Entries().isEmpty());
@@ -251,7 +251,7 @@ TEST(SettingsStore, ReadOnlyFolderIsAFailedWrite)
     {
         const AsOrdinaryUser user;
         ASSERT_TRUE(user.IsOrdinary());
-        place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+        EXPECT_FALSE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
         EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
     }
     ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0755), 0);
@@ -270,7 +270,7 @@ TEST(SettingsStore, FileThatCannotBeReadIsNotReplaced)
     {
         const AsOrdinaryUser user;
         ASSERT_TRUE(user.IsOrdinary());
-        place.store.WriteSetting(place.path, u"Options"_s, u"Other"_s, u"new"_s);
+        EXPECT_FALSE(place.store.WriteSetting(place.path, u"Options"_s, u"Other"_s, u"new"_s));
     }
     ASSERT_EQ(::chmod(qPrintable(place.path), 0644), 0);
 
@@ -286,7 +286,7 @@ TEST(SettingsStore, FullDiskLeavesTheOldFile)
         ASSERT_TRUE(place.Put(bytes));
 
         LimitFileSize(4096);
-        place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+        EXPECT_FALSE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
         LimitFileSize(RLIM_INFINITY);
 
         EXPECT_EQ(place.Bytes(), bytes);
@@ -303,14 +303,14 @@ TEST(SettingsStore, LockOfAnotherProgramIsGivenUpAfterASecond)
     QElapsedTimer elapsed;
     elapsed.start();
 
-    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_FALSE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
 
     EXPECT_GE(elapsed.elapsed(), 1000);
     EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=old\r\n"));
     EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
 
     other.reset();
-    place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+    EXPECT_TRUE(place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s));
     EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"new"_s);
 }
 
@@ -348,7 +348,7 @@ TEST(Settings, BelongToTheFileOfTheSession)
     Settings settings(place.store, file);
 
     file = place.path; // Known only once the folders are found.
-    settings.Write(u"Options"_s, u"PassWord"_s, u"secret"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"PassWord"_s, u"secret"_s));
 
     EXPECT_EQ(settings.Read(u"OPTIONS"_s, u"password"_s), u"secret"_s);
     EXPECT_EQ(place.Bytes(), QByteArray("[Options]\r\nPassWord=secret\r\n"));
@@ -378,7 +378,7 @@ TEST(SettingsStore, ManyChangesAreOneWrite)
     SettingsFolder place;
     ASSERT_TRUE(place.Put("[1]\r\na=one\r\n"));
 
-    const bool changed = place.store.Change(place.path, [](ProfileText& text) {
+    const auto changed = place.store.Change(place.path, [](ProfileText& text) {
         text.Write(u"1"_s, u"b"_s, u"two"_s);
         text.RenameSections({{u"1"_s, u"2"_s}});
     });
@@ -395,13 +395,86 @@ TEST(SettingsStore, ChangesThatCannotBeWrittenAreReportedAndNoneIsMade)
     ASSERT_TRUE(place.Put(bytes));
 
     LimitFileSize(4096);
-    const bool changed
+    const auto changed
         = place.store.Change(place.path, [](ProfileText& text) { text.Write(u"Options"_s, u"a"_s, u"1"_s); });
     LimitFileSize(RLIM_INFINITY);
 
     EXPECT_FALSE(changed);
     EXPECT_EQ(place.Bytes(), bytes);
     EXPECT_TRUE(place.Read(u"Options"_s, u"a"_s).isEmpty());
+}
+
+TEST(SettingsStore, FailedWriteSaysWhy)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\n"));
+    const auto reason = [&place](const QString& path) {
+        return place.store.WriteSetting(path, u"Options"_s, u"PassWord"_s, u"new"_s).Reason();
+    };
+
+    EXPECT_EQ(reason(place.path + u"/inside/a.ini"_s), u"son dossier ne peut pas être créé"_s);
+    EXPECT_EQ(reason(place.folder.path()), u"c'est un dossier"_s);
+    const FileLock other(place.path, 0);
+    EXPECT_EQ(reason(place.path), u"un autre programme l'écrit en ce moment"_s);
+}
+
+TEST(SettingsStore, WriteWithoutTheRightSaysSo)
+{
+    SettingsFolder place;
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0555), 0);
+    const AsOrdinaryUser user;
+    ASSERT_TRUE(user.IsOrdinary());
+
+    const auto written = place.store.WriteSetting(place.path, u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.Reason(), u"l'accès est refusé"_s);
+}
+
+TEST(Settings, WriteThatFailsSaysWhatWhyAndWhatToDo)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(QDir().mkdir(place.path));
+    Settings settings(place.store, place.path);
+
+    const auto written = settings.Write(u"Options"_s, u"PassWord"_s, u"new"_s);
+
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.Reason(),
+              u"Le fichier des réglages n'a pas pu être écrit\u00A0:\n%1\n(c'est un dossier)\n\n"
+              "Vérifiez que ce fichier et son dossier peuvent être modifiés et que le disque n'est pas "
+              "plein, puis recommencez."_s.arg(place.path));
+}
+
+TEST(Settings, ValuesWrittenTogetherAreAllStoredOrNone)
+{
+    SettingsFolder place;
+    Settings settings(place.store, place.path);
+    ASSERT_TRUE(settings.Write({{u"A"_s, u"a"_s, u"1"_s}, {u"B"_s, u"b"_s, u"2"_s}}));
+    EXPECT_EQ(settings.Read(u"A"_s, u"a"_s), u"1"_s);
+    EXPECT_EQ(settings.Read(u"B"_s, u"b"_s), u"2"_s);
+
+    LimitFileSize(20);
+    const auto written = settings.Write({{u"A"_s, u"a"_s, u"3"_s}, {u"C"_s, u"c"_s, u"4"_s}});
+    LimitFileSize(RLIM_INFINITY);
+
+    EXPECT_FALSE(written);
+    EXPECT_EQ(settings.Read(u"A"_s, u"a"_s), u"1"_s);
+    EXPECT_EQ(settings.Read(u"C"_s, u"c"_s), QString());
+}
+
+TEST(Settings, WhatTheProgramRemembersIsStoredAndItsFailureSilent)
+{
+    SettingsFolder place;
+    Settings settings(place.store, place.path);
+    settings.Remember(u"Charge Window"_s, u"Left"_s, u"150"_s);
+    EXPECT_EQ(settings.Read(u"Charge Window"_s, u"Left"_s), u"150"_s);
+
+    LimitFileSize(0);
+    settings.Remember(u"Charge Window"_s, u"Left"_s, u"300"_s);
+    LimitFileSize(RLIM_INFINITY);
+
+    EXPECT_EQ(settings.Read(u"Charge Window"_s, u"Left"_s), u"150"_s);
 }
 
 } // namespace stoikal

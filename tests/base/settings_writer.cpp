@@ -25,6 +25,5 @@ int main(int argc, char** argv)
     std::getline(std::cin, line);
 
     stoikal::SettingsStore store;
-    store.WriteSetting(arguments[1], arguments[2], arguments[3], arguments[4]);
-    return 0;
+    return store.WriteSetting(arguments[1], arguments[2], arguments[3], arguments[4]) ? 0 : 1;
 }

@@ -4,6 +4,7 @@
 #include "base/settings_store.h"
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_size_limit.h"
 #include "support/window_driver.h"
 
 #include <QLabel>
@@ -76,7 +77,7 @@ protected:
     }
     void Store(const QString& key, const QString& value, const QString& section = u"Données"_s)
     {
-        settings.Write(section, key, value);
+        EXPECT_TRUE(settings.Write(section, key, value));
     }
     void StorePlace(const QString& left, const QString& top)
     {
@@ -499,6 +500,28 @@ TEST_F(FrmMassMol, AsksForHelpByF1AndTellsOfTheMouse)
 
     EXPECT_EQ(asked.size(), 1);
     EXPECT_GE(moved.size(), 1);
+}
+
+TEST_F(FrmMassMol, ReportsAMolarVolumeThatCannotBeStored)
+{
+    Open();
+    Enter(1, u"20"_s);
+    const QString before = Stored(u"Volume molaire"_s);
+    changes->clear();
+
+    LimitFileSize(0);
+    Click(Calcul());
+    LimitFileSize(RLIM_INFINITY);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(
+        messages.shown[0].text.startsWith(u"Le volume molaire calculé n'est pas pris en compte.\n\n"_s))
+        << messages.shown[0].text.toStdString();
+    EXPECT_EQ(Stored(u"Volume molaire"_s), before);
+    EXPECT_EQ(changes->count(), 0);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(Calcul().isEnabled());
 }
 
 } // namespace stoikal

@@ -163,7 +163,7 @@ TEST_F(WorkFileTest, InsertingMovesEveryKey)
 TEST_F(WorkFileTest, InsertingBehindTheLastClearsWhatStandsThere)
 {
     Enter({u"H2"_s});
-    store.WriteSetting(path, u"2"_s, u"Comment"_s, u"left over"_s);
+    EXPECT_TRUE(store.WriteSetting(path, u"2"_s, u"Comment"_s, u"left over"_s));
 
     ASSERT_TRUE(work.InsertEquation(2, 1, WithCount(2)));
 
@@ -207,8 +207,8 @@ TEST_F(WorkFileTest, DeletingTheLastOrTheOnlyOneLeavesNothingThere)
 TEST_F(WorkFileTest, ForeignSectionsSurviveInsertingAndDeleting)
 {
     Enter({u"H2"_s, u"C"_s});
-    store.WriteSetting(path, u"Notes"_s, u"Auteur"_s, u"Marie"_s);
-    store.WriteSetting(path, u"1bis"_s, u"Molecule1"_s, u"Xx"_s);
+    EXPECT_TRUE(store.WriteSetting(path, u"Notes"_s, u"Auteur"_s, u"Marie"_s));
+    EXPECT_TRUE(store.WriteSetting(path, u"1bis"_s, u"Molecule1"_s, u"Xx"_s));
 
     ASSERT_TRUE(work.InsertEquation(1, 2, WithCount(3)));
     ASSERT_TRUE(work.DeleteEquation(2, 3, WithCount(2)));

@@ -55,8 +55,8 @@ TEST_F(FrmNewFileSteps, NewFileBeginsWithTheReadyMadeHeadAndABlankEquation)
 
 TEST_F(FrmNewFileSteps, WorkOfBeforeIsGoneFromTheWorkFile)
 {
-    store.WriteSetting(WorkPath(), u"1"_s, u"Molecule1"_s, u"Xx"_s);
-    store.WriteSetting(WorkPath(), u"7"_s, u"Molecule1"_s, u"Xx"_s);
+    EXPECT_TRUE(store.WriteSetting(WorkPath(), u"1"_s, u"Molecule1"_s, u"Xx"_s));
+    EXPECT_TRUE(store.WriteSetting(WorkPath(), u"7"_s, u"Molecule1"_s, u"Xx"_s));
 
     OpenNew();
 

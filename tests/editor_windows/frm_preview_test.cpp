@@ -78,7 +78,7 @@ TEST_F(FrmPreview, CauseOfTheFailureStandsInSight)
     MoveTo(20);
     Click(Button("chkPreview"));
     Click(Button("chkPreview"));
-    settings.Write(u"Preview Window"_s, u"Height"_s, u"2250"_s);
+    EXPECT_TRUE(settings.Write(u"Preview Window"_s, u"Height"_s, u"2250"_s));
     Click(Button("chkPreview"));
 
     MoveTo(21);
@@ -196,10 +196,10 @@ TEST_F(FrmPreview, PlaceAndSizeAreKeptInTwips)
 
 TEST_F(FrmPreview, IsBroughtBackIntoTheScreen)
 {
-    settings.Write(u"Preview Window"_s, u"Left"_s, u"90000"_s);
-    settings.Write(u"Preview Window"_s, u"Top"_s, u"-900"_s);
-    settings.Write(u"Preview Window"_s, u"Width"_s, u"6000"_s);
-    settings.Write(u"Preview Window"_s, u"Height"_s, u"4500"_s);
+    EXPECT_TRUE(settings.Write(u"Preview Window"_s, u"Left"_s, u"90000"_s));
+    EXPECT_TRUE(settings.Write(u"Preview Window"_s, u"Top"_s, u"-900"_s));
+    EXPECT_TRUE(settings.Write(u"Preview Window"_s, u"Width"_s, u"6000"_s));
+    EXPECT_TRUE(settings.Write(u"Preview Window"_s, u"Height"_s, u"4500"_s));
     OpenNew();
 
     Click(Button("chkPreview"));

@@ -58,7 +58,10 @@ protected:
         QCoreApplication::sendEvent(&Surface(), &move);
     }
 
-    void WriteOption(const QString& key, const QString& value) { settings.Write(u"Options"_s, key, value); }
+    void WriteOption(const QString& key, const QString& value)
+    {
+        EXPECT_TRUE(settings.Write(u"Options"_s, key, value));
+    }
 
     QTemporaryDir folder;
     QString file = folder.filePath(u"ConfEQU_dupont.ini"_s);

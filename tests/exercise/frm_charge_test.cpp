@@ -41,7 +41,10 @@ protected:
         return Control<QFrame>(*window, name).grab().toImage().pixelColor(4, 4);
     }
     QString Stored(const QString& key) { return settings.Read(u"Charge Window"_s, key); }
-    void Store(const QString& key, const QString& value) { settings.Write(u"Charge Window"_s, key, value); }
+    void Store(const QString& key, const QString& value)
+    {
+        EXPECT_TRUE(settings.Write(u"Charge Window"_s, key, value));
+    }
 
     QTemporaryDir folder;
     QString file = folder.filePath(u"ConfEQU_dupont.ini"_s);
@@ -92,12 +95,12 @@ TEST_F(FrmCharge, StandsOnTheColoursOfTheSides)
 
 TEST_F(FrmCharge, TakesTheColoursOfTheSettings)
 {
-    settings.Write(u"Options"_s, u"BackGround Color Reactifs"_s, u"255"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"BackGround Color Reactifs"_s, u"255"_s));
     Make();
     window->OpenBeside(exercise);
     EXPECT_EQ(ShapeColour("shpColor(0)"), QColor(255, 0, 0));
 
-    settings.Write(u"Options"_s, u"BackGround Color Produits"_s, u"16711680"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"BackGround Color Produits"_s, u"16711680"_s));
     window->RefreshColours();
     EXPECT_EQ(ShapeColour("shpColor(1)"), QColor(0, 0, 255));
 }

@@ -18,7 +18,10 @@ struct Bench {
     SettingsStore store;
     Settings settings{store, file};
 
-    void Write(const QString& key, const QString& value) { settings.Write(u"Options"_s, key, value); }
+    void Write(const QString& key, const QString& value)
+    {
+        EXPECT_TRUE(settings.Write(u"Options"_s, key, value));
+    }
 };
 
 const QString kReactants = u"BackGround Color Reactifs"_s;
@@ -65,8 +68,8 @@ TEST(SideColours, AreWrittenAsPlainDecimalNumbers)
 {
     Bench bench;
 
-    SetSideColour(bench.settings, Side::Reactants, 0xC0FFC0);
-    SetSideColour(bench.settings, Side::Products, 0x0000FF);
+    EXPECT_TRUE(SetSideColour(bench.settings, Side::Reactants, 0xC0FFC0));
+    EXPECT_TRUE(SetSideColour(bench.settings, Side::Products, 0x0000FF));
 
     EXPECT_EQ(bench.settings.Read(u"Options"_s, u"BackGround Color Reactifs"_s), u"12648384"_s);
     EXPECT_EQ(bench.settings.Read(u"Options"_s, u"BackGround Color Produits"_s), u"255"_s);

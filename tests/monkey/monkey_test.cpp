@@ -231,7 +231,8 @@ private:
         };
         monkey.Begin(*shell, std::min(m_actions, monkey.Done() + kSessionActions));
         shell->Start();
-        shell->State().settings.Write(u"Options"_s, u"PassWord"_s, QLatin1String(Monkey::kPassword));
+        EXPECT_TRUE(
+            shell->State().settings.Write(u"Options"_s, u"PassWord"_s, QLatin1String(Monkey::kPassword)));
         if (!m_hasEnded)
             QApplication::exec();
         monkey.End();

@@ -122,7 +122,7 @@ protected:
 
     void SetMolarVolume(const QString& text)
     {
-        settings.Write(QStringLiteral("Données"), QStringLiteral("Volume molaire"), text);
+        EXPECT_TRUE(settings.Write(QStringLiteral("Données"), QStringLiteral("Volume molaire"), text));
     }
 
     SettingsStore store;

@@ -59,8 +59,8 @@ protected:
 
     void StorePlace(const QString& section, const QString& left, const QString& top)
     {
-        shell->State().settings.Write(section, u"Left"_s, left);
-        shell->State().settings.Write(section, u"Top"_s, top);
+        EXPECT_TRUE(shell->State().settings.Write(section, u"Left"_s, left));
+        EXPECT_TRUE(shell->State().settings.Write(section, u"Top"_s, top));
     }
 
     /// The mouse moves over a window while the calculator is gone.

@@ -1,7 +1,9 @@
 #include "shell/windows/frm_pref.h"
 
 #include "base/settings_store.h"
+#include "support/fake_messages.h"
 #include "support/fake_platform.h"
+#include "support/file_size_limit.h"
 #include "support/window_driver.h"
 
 #include <QCheckBox>
@@ -24,7 +26,7 @@ class FrmPref : public testing::Test
 protected:
     frmPref& Open()
     {
-        window = std::make_unique<frmPref>(settings, dialogs, nullptr);
+        window = std::make_unique<frmPref>(frmPref::Services{settings, dialogs, messages}, nullptr);
         colours = std::make_unique<QSignalSpy>(window.get(), &frmPref::ColoursChanged);
         arrangements = std::make_unique<QSignalSpy>(window.get(), &frmPref::ArrangementChanged);
         window->show();
@@ -32,7 +34,10 @@ protected:
         return *window;
     }
 
-    void Write(const QString& key, const QString& value) { settings.Write(u"Options"_s, key, value); }
+    void Write(const QString& key, const QString& value)
+    {
+        EXPECT_TRUE(settings.Write(u"Options"_s, key, value));
+    }
     QString Setting(const QString& key) { return settings.Read(u"Options"_s, key); }
     QRadioButton& Option(const char* name) { return Control<QRadioButton>(*window, name); }
     QCheckBox& Box(const char* name) { return Control<QCheckBox>(*window, name); }
@@ -45,11 +50,29 @@ protected:
     }
     void Palette() { Click(Control<QPushButton>(*window, "cmdPalette")); }
 
+    /// The person's step with a disk that takes nothing; it is told once.
+    void WithFullDisk(const std::function<void()>& step)
+    {
+        LimitFileSize(0);
+        step();
+        LimitFileSize(RLIM_INFINITY);
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+        EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
+        const QString text = messages.shown[0].text;
+        EXPECT_TRUE(text.startsWith(u"Votre préférence n'a pas été enregistrée.\n\n"_s))
+            << text.toStdString();
+        EXPECT_TRUE(text.contains(ini)) << text.toStdString();
+        EXPECT_TRUE(text.endsWith(u"puis recommencez."_s)) << text.toStdString();
+        EXPECT_TRUE(window->isVisible());
+    }
+
     QTemporaryDir folder;
     QString ini = folder.filePath(u"ConfEQU_dupont.ini"_s);
     SettingsStore store;
     Settings settings{store, ini};
     FakeDialogs dialogs;
+    FakeMessages messages;
     std::unique_ptr<frmPref> window;
     std::unique_ptr<QSignalSpy> colours;
     std::unique_ptr<QSignalSpy> arrangements;
@@ -201,6 +224,55 @@ TEST_F(FrmPref, SwitchesAreWrittenAtOnce)
 
     EXPECT_EQ(Setting(kTips), u"0"_s);
     EXPECT_EQ(Setting(kBubbles), u"1"_s);
+}
+
+TEST_F(FrmPref, ColourThatCannotBeStoredIsReportedAndNotTaken)
+{
+    Write(kReactants, u"255"_s);
+    Open();
+    dialogs.colourAnswers = {QColor(1, 2, 3)};
+
+    WithFullDisk([this] { Palette(); });
+
+    EXPECT_EQ(Setting(kReactants), u"255"_s);
+    EXPECT_EQ(Sample("shpColor(0)"), QColor(255, 0, 0));
+    EXPECT_EQ(colours->count(), 0);
+}
+
+TEST_F(FrmPref, DefaultsThatCannotBeStoredAreReportedOnceAndNotTaken)
+{
+    Write(kReactants, u"255"_s);
+    Open();
+
+    WithFullDisk([this] { Click(Control<QPushButton>(*window, "cmdColor_Defaut")); });
+
+    EXPECT_EQ(Sample("shpColor(0)"), QColor(255, 0, 0));
+    EXPECT_EQ(colours->count(), 0);
+}
+
+TEST_F(FrmPref, ArrangementThatCannotBeStoredIsReportedAndGoesBack)
+{
+    Open();
+
+    WithFullDisk([this] { Click(Option("optAffichage(1)")); });
+
+    EXPECT_TRUE(Option("optAffichage(0)").isChecked());
+    EXPECT_FALSE(Option("optAffichage(1)").isChecked());
+    EXPECT_EQ(arrangements->count(), 0);
+}
+
+TEST_F(FrmPref, SwitchThatCannotBeStoredIsReportedAndGoesBack)
+{
+    for (const auto& [key, name] : {std::pair(kTips, "chkLoadTipsAtStartup"), {kBubbles, "chkInfoBulles"}}) {
+        Write(key, u"1"_s);
+        Open();
+        messages.shown.clear();
+
+        WithFullDisk([this, name = name] { Click(Box(name)); });
+
+        EXPECT_TRUE(Box(name).isChecked()) << name;
+        EXPECT_EQ(Setting(key), u"1"_s) << name;
+    }
 }
 
 TEST_F(FrmPref, AsksForItsHelpPage)

@@ -160,7 +160,7 @@ TEST_F(NetworkClass, PasswordsFileCanBeNeitherShownNorEmptied)
 
 TEST_F(NetworkClass, PasswordIsThatOfTheDepositAndNotOfTheUser)
 {
-    shell->State().settings.Write(u"Options"_s, u"PassWord"_s, u"mien"_s);
+    EXPECT_TRUE(shell->State().settings.Write(u"Options"_s, u"PassWord"_s, u"mien"_s));
     EnterThePassword(u"mien"_s);
     script.On("frmMotPasse", [](QWidget& window) { Click(Control<QPushButton>(window, "cmdCancel")); });
 

@@ -1,7 +1,9 @@
 #include "shell_fixture.h"
 
 #include "base/fatal_fault.h"
+#include "base/settings_store.h"
 #include "shell/windows/frm_depot.h"
+#include "support/file_size_limit.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -42,9 +44,26 @@ protected:
 class FrmDepot : public testing::Test
 {
 protected:
+    QTemporaryDir folder;
+    QString ini = folder.filePath(u"ConfEQU_dupont.ini"_s);
+    SettingsStore store;
+    Settings settings{store, ini};
     FakeMessages messages;
-    frmDepot window{messages, nullptr};
+    frmDepot window{settings, messages, nullptr};
     QLineEdit& txtDepot = Control<QLineEdit>(window, "txtDepot");
+
+    /// A person enters a name, and the disk takes nothing.
+    void EnterOnAFullDisk(const QString& name)
+    {
+        window.show();
+        window.activateWindow();
+        Settle();
+        txtDepot.clear();
+        Type(txtDepot, name);
+        LimitFileSize(0);
+        Click(Control<QPushButton>(window, "cmdOK"));
+        LimitFileSize(RLIM_INFINITY);
+    }
 };
 
 } // namespace
@@ -243,6 +262,36 @@ TEST_F(FrmDepot, RefusesAnEmptyName)
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(txtDepot.hasFocus());
+}
+
+TEST_F(FrmDepot, StaysWhenTheNameCannotBeStored)
+{
+    messages.answers = {QMessageBox::Yes};
+
+    EnterOnAFullDisk(u"Classe3"_s);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    const QString text = messages.shown[0].text;
+    EXPECT_TRUE(text.startsWith(u"Le nom du dossier n'a pas été enregistré.\n\n"_s)) << text.toStdString();
+    EXPECT_TRUE(text.contains(ini)) << text.toStdString();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.FolderName(), u"Classe3"_s);
+
+    Click(Control<QPushButton>(window, "cmdOK"));
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(settings.Read(u"Réseau"_s, u"Dossier Dépôt"_s), u"Classe3"_s);
+}
+
+TEST_F(FrmDepot, NameThatCannotBeStoredServesThisOnceOnNo)
+{
+    messages.answers = {QMessageBox::No};
+
+    EnterOnAFullDisk(u"Classe3"_s);
+
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.FolderName(), u"Classe3"_s);
+    EXPECT_EQ(settings.Read(u"Réseau"_s, u"Dossier Dépôt"_s), QString());
 }
 
 } // namespace stoikal

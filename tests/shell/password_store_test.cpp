@@ -3,6 +3,7 @@
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 
@@ -102,7 +103,7 @@ TEST_F(PasswordStoreTest, IsTheFirstLineOfTheCommonFileOnAShare)
 TEST_F(PasswordStoreTest, EmptyCommonFileIsTheEmptyPassword)
 {
     OnAShare();
-    settings.Write(u"Options"_s, u"PassWord"_s, u"autre"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"PassWord"_s, u"autre"_s));
     Put("");
 
     EXPECT_EQ(Password(), QString());
@@ -179,6 +180,22 @@ TEST_F(PasswordStoreTest, ChangeThatFailsLeavesTheOldPassword)
         written.Reason().startsWith(u"Le nouveau mot de passe n'a pas pu être enregistré :\n"_s + Common()))
         << written.Reason().toStdString();
     EXPECT_TRUE(QDir(Common()).exists());
+}
+
+TEST_F(PasswordStoreTest, ChangeThatTheSettingsCannotTakeLeavesTheOldPassword)
+{
+    ASSERT_TRUE(passwords.Write(u"vieux"_s));
+
+    LimitFileSize(0);
+    const auto written = passwords.Write(u"neuf"_s);
+    LimitFileSize(RLIM_INFINITY);
+
+    ASSERT_FALSE(written);
+    EXPECT_TRUE(written.Reason().startsWith(
+        u"Le nouveau mot de passe n'a pas été enregistré\u00A0: l'ancien reste valable.\n\n"_s))
+        << written.Reason().toStdString();
+    EXPECT_TRUE(written.Reason().contains(state.IniUtilisateur)) << written.Reason().toStdString();
+    EXPECT_EQ(Password(), u"vieux"_s);
 }
 
 TEST_F(PasswordStoreTest, CommonFileIsMadeEmptyAndLeftAsItStands)

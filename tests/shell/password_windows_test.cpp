@@ -5,6 +5,7 @@
 #include "base/settings_store.h"
 #include "shell/password_store.h"
 #include "support/fake_messages.h"
+#include "support/file_size_limit.h"
 #include "support/window_driver.h"
 
 #include <QLabel>
@@ -316,6 +317,23 @@ TEST_F(FrmPassWord, TellsThatThePasswordCannotBeRead)
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
     EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(FrmPassWord, StaysWhenThePasswordCannotBeStored)
+{
+    Type(Old(), u"Sesame"_s);
+    Type(New(), u"ouvre"_s);
+
+    LimitFileSize(0);
+    PressOk();
+    LimitFileSize(RLIM_INFINITY);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(u"Le nouveau mot de passe n'a pas "_s))
+        << messages.shown[0].text.toStdString();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(Password(), u"Sesame"_s);
 }
 
 TEST_F(FrmPassWord, ChangesNothingWhenItIsCancelled)

@@ -345,7 +345,8 @@ TEST_F(ProgressOfAFile, TellsAMolarVolumeThatNothingCanBeComputedWith)
     OpenSeries({u"C<s>+O2<g>=CO2<g>/1,1,1#Q0,V44.8"_s});
     AnswerMasses({u"12"_s, u"32"_s, {}, u"44"_s});
     // 44.8 L of a gas of 10^100 L/mol are as good as nothing.
-    shell->State().settings.Write(u"Données"_s, u"Volume molaire"_s, u"1"_s + QString(100, u'0'));
+    EXPECT_TRUE(
+        shell->State().settings.Write(u"Données"_s, u"Volume molaire"_s, u"1"_s + QString(100, u'0')));
 
     Q_EMIT shell->Desk().GasDataChanged();
 

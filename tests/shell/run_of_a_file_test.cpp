@@ -162,7 +162,7 @@ TEST_F(OpeningAFile, RemembersTheFilterLeftActive)
 
 TEST_F(OpeningAFile, AsksForTheKindOfFileWhenTheSettingTellsNeither)
 {
-    shell->State().settings.Write(u"Options"_s, u"Files by default"_s, u"XYZ"_s);
+    EXPECT_TRUE(shell->State().settings.Write(u"Options"_s, u"Files by default"_s, u"XYZ"_s));
     desktop.dialogs.answers = {std::nullopt};
     script.On("frmEtude", [this](QWidget& window) {
         EXPECT_EQ(Setting("Options", "Files by default"), u"EQU"_s);
@@ -190,6 +190,10 @@ TEST_F(OpeningWithoutSettings, AsksForTheKindOfFileOnceAndTakesTheFirstFilter)
 
     ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
     EXPECT_EQ(desktop.dialogs.asked[0].filter, 0);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(
+        u"Votre choix n'a pas été enregistré\u00A0: il sera redemandé.\n\n"_s))
+        << messages.shown[0].text.toStdString();
 }
 
 TEST_F(OpeningAFile, CancelledLeavesTheStopwatchAtRest)

@@ -26,7 +26,8 @@ protected:
 
     void SetPassword(const QString& password)
     {
-        shell->State().settings.Write(QStringLiteral("Options"), QStringLiteral("PassWord"), password);
+        EXPECT_TRUE(
+            shell->State().settings.Write(QStringLiteral("Options"), QStringLiteral("PassWord"), password));
     }
 
     /// What is done when the password is asked for.

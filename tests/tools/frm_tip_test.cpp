@@ -1,8 +1,10 @@
 #include "tools/windows/frm_tip.h"
 
 #include "base/settings_store.h"
+#include "support/fake_messages.h"
 #include "support/fake_platform.h"
 #include "support/file_bytes.h"
+#include "support/file_size_limit.h"
 #include "support/window_driver.h"
 
 #include <QLabel>
@@ -31,7 +33,7 @@ protected:
 
     frmTip& OpenWithoutFile()
     {
-        window = std::make_unique<frmTip>(settings, randomness, path, nullptr);
+        window = std::make_unique<frmTip>(frmTip::Services{settings, randomness, messages}, path, nullptr);
         window->show();
         Settle();
         return *window;
@@ -47,6 +49,7 @@ protected:
     SettingsStore store;
     Settings settings{store, ini};
     FakeRandomness randomness;
+    FakeMessages messages;
     std::unique_ptr<frmTip> window;
 };
 
@@ -116,7 +119,7 @@ TEST_F(FrmTip, TakesTheSwitchFromItsSetting)
 {
     for (const auto& [value, isOn] :
          {std::pair(u"1"_s, true), {u"0"_s, false}, {u"2"_s, true}, {QString(), false}, {u"oui"_s, false}}) {
-        settings.Write(u"Options"_s, u"Show Tips at Startup"_s, value);
+        EXPECT_TRUE(settings.Write(u"Options"_s, u"Show Tips at Startup"_s, value));
         Open("a\n");
         EXPECT_EQ(AtStart().isChecked(), isOn) << value.toStdString();
         EXPECT_EQ(Setting(), value);
@@ -125,13 +128,30 @@ TEST_F(FrmTip, TakesTheSwitchFromItsSetting)
 
 TEST_F(FrmTip, WritesTheSwitchAtOnce)
 {
-    settings.Write(u"Options"_s, u"Show Tips at Startup"_s, u"1"_s);
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"Show Tips at Startup"_s, u"1"_s));
     Open("a\n");
 
     Click(AtStart());
     EXPECT_EQ(Setting(), u"0"_s);
     Click(AtStart());
     EXPECT_EQ(Setting(), u"1"_s);
+}
+
+TEST_F(FrmTip, SwitchThatCannotBeStoredIsReportedAndGoesBack)
+{
+    EXPECT_TRUE(settings.Write(u"Options"_s, u"Show Tips at Startup"_s, u"1"_s));
+    Open("a\n");
+
+    LimitFileSize(0);
+    Click(AtStart());
+    LimitFileSize(RLIM_INFINITY);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(u"Votre préférence n'a pas été enregistrée.\n\n"_s));
+    EXPECT_TRUE(AtStart().isChecked());
+    EXPECT_EQ(Setting(), u"1"_s);
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(FrmTip, ShowsMarkUpAsItIs)

@@ -18,8 +18,8 @@ Dialogs::Request EquationFileRequest(const Settings& settings, const QString& fo
 
 void RememberFilter(Settings& settings, int filter)
 {
-    settings.Write(QStringLiteral("Options"), QStringLiteral("Files by default"),
-                   filter == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+    settings.Remember(QStringLiteral("Options"), QStringLiteral("Files by default"),
+                      filter == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
 }
 
 } // namespace stoikal

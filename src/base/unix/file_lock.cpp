@@ -1,6 +1,7 @@
 #include "base/file_lock.h"
 
 #include "base/file_access.h"
+#include "base/system_reason.h"
 
 #include <QDeadlineTimer>
 #include <QThread>
@@ -47,11 +48,14 @@ FileLock::FileLock(const QString& path, int waitMs)
 FileLock::Try FileLock::TryOnce()
 {
     auto opened = OpenForLocking(m_path);
+    m_hindrance = opened ? QString() : opened.Reason();
     if (!opened)
         return Try::Impossible;
     OpenFile& file = *opened;
     if (::flock(file.Descriptor(), LOCK_EX | LOCK_NB) != 0) {
         const bool isBusy = errno == EWOULDBLOCK || errno == EINTR;
+        if (!isBusy)
+            m_hindrance = FrenchReason(errno);
         if (::pread(file.Descriptor(), &m_holder, sizeof m_holder, 0) != sizeof m_holder)
             m_holder = 0;
         return isBusy ? Try::Busy : Try::Impossible;
@@ -66,6 +70,13 @@ FileLock::Try FileLock::TryOnce()
     (void)!::pwrite(file.Descriptor(), &self, sizeof self, 0);
     m_file = std::move(file);
     return Try::Held;
+}
+
+QString FileLock::Reason() const
+{
+    if (IsHeld())
+        return {};
+    return m_hindrance.isEmpty() ? QStringLiteral("un autre programme l'écrit en ce moment") : m_hindrance;
 }
 
 FileLock::~FileLock()

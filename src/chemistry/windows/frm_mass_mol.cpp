@@ -219,22 +219,30 @@ bool frmMassMol::ComputeAndShow()
         m_doors.messages.OperationFault(this, fault.OperationText());
         return false;
     }
-    WriteGasData();
+    // The molar volume in force is the stored one.
+    const auto written = m_doors.settings.Write(GasSettings());
+    if (!written) {
+        m_doors.messages.Critical(this, QStringLiteral("Stoikal"),
+                                  QStringLiteral("Le volume molaire calculé n'est pas pris en compte.\n\n%1")
+                                      .arg(written.Reason()));
+        return false;
+    }
     Q_EMIT GasDataChanged();
     return true;
 }
 
-void frmMassMol::WriteGasData()
+QList<SettingValue> frmMassMol::GasSettings() const
 {
-    if (!m_inForce)
-        return;
-    for (size_t value = 0; value < 3; ++value)
-        m_doors.settings.Write(DataSection(), Keys().at(value), PlainNumber(m_inForce->at(value)));
+    QList<SettingValue> values;
+    for (size_t value = 0; m_inForce && value < 3; ++value)
+        values << SettingValue{DataSection(), Keys().at(value), PlainNumber(m_inForce->at(value))};
+    return values;
 }
 
 void frmMassMol::KeepData()
 {
-    WriteGasData();
+    if (m_inForce)
+        m_doors.settings.Remember(GasSettings());
     KeepPlace(*this, m_doors.screen, m_doors.settings, PlaceSection());
 }
 

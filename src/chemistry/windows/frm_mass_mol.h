@@ -3,6 +3,7 @@
 #include "chemistry/gas_data.h"
 #include "forms/form.h"
 
+#include <QList>
 #include <QPoint>
 #include <QStringList>
 #include <optional>
@@ -18,6 +19,7 @@ namespace stoikal {
 class Messages;
 class Screen;
 class Settings;
+struct SettingValue;
 
 /// The molar masses of the atoms of an equation, and the gas law that fixes the
 /// molar volume: of pressure, temperature and volume the two ticked are given.
@@ -63,7 +65,7 @@ private:
     void cmdCalcul_Click();
     bool ComputeAndShow();
     void ShowWhatCanBeDone();
-    void WriteGasData();
+    QList<SettingValue> GasSettings() const;
     void Place();
 
     Doors m_doors;

@@ -122,8 +122,8 @@ void frmCharge::OpenBeside(const QWidget& exercise)
 void frmCharge::RememberPlace()
 {
     const QPoint place = PlaceOf(*this, m_screen);
-    m_settings.Write(QLatin1String(kSection), QStringLiteral("Left"), QString::number(place.x()));
-    m_settings.Write(QLatin1String(kSection), QStringLiteral("Top"), QString::number(place.y()));
+    m_settings.Remember(QLatin1String(kSection), QStringLiteral("Left"), QString::number(place.x()));
+    m_settings.Remember(QLatin1String(kSection), QStringLiteral("Top"), QString::number(place.y()));
 }
 
 void frmCharge::moveEvent(QMoveEvent* event)

@@ -358,7 +358,7 @@ void frmHelp::ShowState()
 void frmHelp::ChangeZoom(int percent)
 {
     m_page->SetZoom(percent);
-    m_doors.settings.Write(Section(), u"Zoom"_s, QString::number(m_page->Zoom()));
+    m_doors.settings.Remember(Section(), u"Zoom"_s, QString::number(m_page->Zoom()));
     ShowState();
 }
 
@@ -369,7 +369,7 @@ void frmHelp::ConvertSizeInPixels()
     const auto convert = [this](const QString& key, int smallest) {
         const double kept = ReadFileNumber(m_doors.settings.Read(Section(), key));
         if (kept > 0 && kept < FromPixels(smallest))
-            m_doors.settings.Write(Section(), key, QString::number(FromPixels(static_cast<int>(kept))));
+            m_doors.settings.Remember(Section(), key, QString::number(FromPixels(static_cast<int>(kept))));
     };
     convert(u"Width"_s, minimumWidth());
     convert(u"Height"_s, minimumHeight());

@@ -1,6 +1,7 @@
 #include "shell/windows/frm_depot.h"
 
 #include "forms/messages.h"
+#include "shell/data_folders.h"
 #include "shell/product.h"
 
 #include <QGridLayout>
@@ -10,8 +11,9 @@
 
 namespace stoikal {
 
-frmDepot::frmDepot(Messages& messages, QWidget* parent)
+frmDepot::frmDepot(Settings& settings, Messages& messages, QWidget* parent)
     : ModalForm(QStringLiteral("frmDepot"), product::Title() + QStringLiteral(" - Réseau"), parent)
+    , m_settings(settings)
     , m_messages(messages)
     , txtDepot(Named(new QLineEdit(QStringLiteral("Dépôt"), this), QStringLiteral("txtDepot"),
                      QStringLiteral("Nom du dossier")))
@@ -52,6 +54,33 @@ void frmDepot::cmdOK_Click()
     if (txtDepot->text().isEmpty()) {
         m_messages.Critical(this, QStringLiteral("Stoikal - Erreur"),
                             QStringLiteral("Veuillez saisir un nom valide"));
+        txtDepot->setFocus();
+        return;
+    }
+    StoreName();
+}
+
+void frmDepot::TitleBarClosed()
+{
+    // An empty name is asked for again by who opened the window.
+    if (txtDepot->text().isEmpty())
+        done(Rejected);
+    else
+        StoreName();
+}
+
+void frmDepot::StoreName()
+{
+    const auto written = StoreDepositName(m_settings, txtDepot->text());
+    if (!written
+        && m_messages.Ask(
+            this, QStringLiteral("Stoikal - Erreur"),
+            QStringLiteral("Le nom du dossier n'a pas été enregistré.\n\n%1\n\n"
+                           "Voulez-vous recommencer\u00A0?\n"
+                           "Si vous répondez «\u00A0Non\u00A0», ce nom sert pour cette fois et la "
+                           "question sera posée de nouveau au prochain démarrage.")
+                .arg(written.Reason()),
+            QMessageBox::Critical)) {
         txtDepot->setFocus();
         return;
     }

@@ -3,6 +3,7 @@
 #include "base/number_text.h"
 #include "base/settings_store.h"
 #include "forms/colours.h"
+#include "forms/messages.h"
 #include "platform/doors.h"
 
 #include <QCheckBox>
@@ -59,10 +60,9 @@ bool IsOn(const QString& value)
 
 } // namespace
 
-frmPref::frmPref(Settings& settings, Dialogs& dialogs, QWidget* parent)
+frmPref::frmPref(const Services& services, QWidget* parent)
     : Form(QStringLiteral("frmPref"), QStringLiteral("Préférences"), Kind::Tool, parent)
-    , m_settings(settings)
-    , m_dialogs(dialogs)
+    , m_services(services)
 {
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(12, 12, 12, 12);
@@ -176,17 +176,17 @@ void frmPref::ShowSettings()
     m_isLoading = true;
     ShowColours();
     // Any other index than 0 puts one window above the other.
-    const bool isStacked = ReadFileNumber(m_settings.Read(Options(), Arrangement())) != 0;
+    const bool isStacked = ReadFileNumber(m_services.settings.Read(Options(), Arrangement())) != 0;
     optAffichage[isStacked ? 1 : 0]->setChecked(true);
-    chkLoadTipsAtStartup->setChecked(IsOn(m_settings.Read(Options(), ShowTips())));
-    chkInfoBulles->setChecked(IsOn(m_settings.Read(Options(), ShowBubbles())));
+    chkLoadTipsAtStartup->setChecked(IsOn(m_services.settings.Read(Options(), ShowTips())));
+    chkInfoBulles->setChecked(IsOn(m_services.settings.Read(Options(), ShowBubbles())));
     m_isLoading = false;
 }
 
 void frmPref::ShowColours()
 {
     for (int side = 0; side < 2; ++side) {
-        const QColor colour = FromBgr(SideColour(m_settings, kSides[side]));
+        const QColor colour = FromBgr(SideColour(m_services.settings, kSides[side]));
         QPalette palette = shpColor[side]->palette();
         palette.setColor(QPalette::Window, colour);
         palette.setColor(QPalette::WindowText, colour.darker());
@@ -198,18 +198,22 @@ void frmPref::ShowColours()
 void frmPref::cmdPalette_Click()
 {
     const Side side = optColor[1]->isChecked() ? Side::Products : Side::Reactants;
-    const auto chosen = m_dialogs.ChooseColour(this, FromBgr(SideColour(m_settings, side)), Greys());
+    const auto chosen
+        = m_services.dialogs.ChooseColour(this, FromBgr(SideColour(m_services.settings, side)), Greys());
     if (!chosen)
         return;
-    SetSideColour(m_settings, side, ToBgr(*chosen));
-    ShowColours();
-    Q_EMIT ColoursChanged();
+    if (IsStored(SetSideColour(m_services.settings, side, ToBgr(*chosen))))
+        ShowNewColours();
 }
 
 void frmPref::cmdColor_Defaut_Click()
 {
-    for (const Side side : kSides)
-        SetSideColour(m_settings, side, DefaultSideColour(side));
+    if (IsStored(SetDefaultSideColours(m_services.settings)))
+        ShowNewColours();
+}
+
+void frmPref::ShowNewColours()
+{
     ShowColours();
     Q_EMIT ColoursChanged();
 }
@@ -218,14 +222,27 @@ void frmPref::optAffichage_Click(int index)
 {
     if (m_isLoading)
         return;
-    m_settings.Write(Options(), Arrangement(), QString::number(index));
-    Q_EMIT ArrangementChanged();
+    if (IsStored(m_services.settings.Write(Options(), Arrangement(), QString::number(index))))
+        Q_EMIT ArrangementChanged();
 }
 
 void frmPref::WriteSwitch(const QString& key, bool isOn)
 {
     if (!m_isLoading)
-        m_settings.Write(Options(), key, isOn ? QStringLiteral("1") : QStringLiteral("0"));
+        (void)IsStored(
+            m_services.settings.Write(Options(), key, isOn ? QStringLiteral("1") : QStringLiteral("0")));
+}
+
+/// What could not be stored is reported, and no control says otherwise afterwards.
+bool frmPref::IsStored(const Outcome<QString>& written)
+{
+    if (written)
+        return true;
+    ShowSettings();
+    m_services.messages.Critical(
+        this, QStringLiteral("Stoikal"),
+        QStringLiteral("Votre préférence n'a pas été enregistrée.\n\n%1").arg(written.Reason()));
+    return false;
 }
 
 } // namespace stoikal

@@ -11,17 +11,25 @@ class QRadioButton;
 namespace stoikal {
 
 class Dialogs;
+class Messages;
 class Settings;
 
 /// The preferences: the colours of the two sides, how the atom windows stand, two
 /// switches of the start. Each change is written at once and told by a signal;
-/// there is nothing to confirm.
+/// there is nothing to confirm. One that could not be written is reported and is
+/// none: the controls go back to what is stored.
 class frmPref final : public Form
 {
     Q_OBJECT
 
 public:
-    frmPref(Settings& settings, Dialogs& dialogs, QWidget* parent);
+    struct Services {
+        Settings& settings;
+        Dialogs& dialogs;
+        Messages& messages;
+    };
+
+    frmPref(const Services& services, QWidget* parent);
 
     /// Shows the settings as they stand, without writing any.
     void ShowSettings();
@@ -36,14 +44,15 @@ private:
     QGroupBox* BuildStart();
     void Connect();
     void ShowColours();
+    void ShowNewColours();
     void SetTabOrders();
     void cmdPalette_Click();
     void cmdColor_Defaut_Click();
     void optAffichage_Click(int index);
     void WriteSwitch(const QString& key, bool isOn);
+    bool IsStored(const Outcome<QString>& written);
 
-    Settings& m_settings;
-    Dialogs& m_dialogs;
+    Services m_services;
     bool m_isLoading = false; ///< the controls take what the settings say, and nothing else happens
 
     QRadioButton* optColor[2];

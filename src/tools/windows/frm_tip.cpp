@@ -4,6 +4,7 @@
 #include "base/settings_store.h"
 #include "forms/button_row.h"
 #include "forms/colours.h"
+#include "forms/messages.h"
 #include "forms/style.h"
 #include "platform/doors.h"
 
@@ -33,17 +34,16 @@ QString ShowTips()
 
 } // namespace
 
-frmTip::frmTip(Settings& settings, Randomness& randomness, const QString& tipsFile, QWidget* parent)
+frmTip::frmTip(const Services& services, const QString& tipsFile, QWidget* parent)
     : ModalForm(QStringLiteral("frmTip"), QStringLiteral("Astuce du jour"), parent)
-    , m_settings(settings)
-    , m_randomness(randomness)
+    , m_services(services)
     , lblTipText(new QLabel)
     , chkLoadTipsAtStartup(Named(new QCheckBox(QStringLiteral("&Afficher les astuces au démarrage"), this),
                                  QStringLiteral("chkLoadTipsAtStartup"),
                                  QStringLiteral("Afficher les astuces au démarrage")))
 {
     Named(lblTipText, QStringLiteral("lblTipText"));
-    chkLoadTipsAtStartup->setChecked(ReadFileNumber(m_settings.Read(Options(), ShowTips())) != 0);
+    ShowSwitch();
     connect(chkLoadTipsAtStartup, &QCheckBox::toggled, this, &frmTip::chkLoadTipsAtStartup_Click);
     Build();
     const auto loaded = m_tips.LoadTips(tipsFile);
@@ -122,13 +122,27 @@ void frmTip::DisplayCurrentTip()
 
 void frmTip::cmdNextTip_Click()
 {
-    m_tips.Choose(m_randomness.Uniform());
+    m_tips.Choose(m_services.randomness.Uniform());
     DisplayCurrentTip();
 }
 
 void frmTip::chkLoadTipsAtStartup_Click(bool isChecked)
 {
-    m_settings.Write(Options(), ShowTips(), isChecked ? QStringLiteral("1") : QStringLiteral("0"));
+    const auto written = m_services.settings.Write(Options(), ShowTips(),
+                                                   isChecked ? QStringLiteral("1") : QStringLiteral("0"));
+    if (written)
+        return;
+    ShowSwitch();
+    m_services.messages.Critical(
+        this, QStringLiteral("Stoikal"),
+        QStringLiteral("Votre préférence n'a pas été enregistrée.\n\n%1").arg(written.Reason()));
+}
+
+/// The switch stands as it is stored; showing it stores nothing.
+void frmTip::ShowSwitch()
+{
+    const QSignalBlocker quiet(chkLoadTipsAtStartup);
+    chkLoadTipsAtStartup->setChecked(ReadFileNumber(m_services.settings.Read(Options(), ShowTips())) != 0);
 }
 
 } // namespace stoikal

@@ -8,6 +8,7 @@ class QLabel;
 
 namespace stoikal {
 
+class Messages;
 class Randomness;
 class Settings;
 
@@ -18,8 +19,14 @@ class frmTip final : public ModalForm
     Q_OBJECT
 
 public:
+    struct Services {
+        Settings& settings;
+        Randomness& randomness;
+        Messages& messages;
+    };
+
     /// `tipsFile` is the full name of the file with one tip a line.
-    frmTip(Settings& settings, Randomness& randomness, const QString& tipsFile, QWidget* parent);
+    frmTip(const Services& services, const QString& tipsFile, QWidget* parent);
 
 protected:
     void EscapePressed() override { done(Rejected); }
@@ -29,9 +36,9 @@ private:
     void DisplayCurrentTip();
     void cmdNextTip_Click();
     void chkLoadTipsAtStartup_Click(bool isChecked);
+    void ShowSwitch();
 
-    Settings& m_settings;
-    Randomness& m_randomness;
+    Services m_services;
     TipList m_tips;
 
     QLabel* lblTipText;

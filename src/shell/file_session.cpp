@@ -1,6 +1,7 @@
 #include "shell/file_session.h"
 
 #include "base/fatal_fault.h"
+#include "base/password_file.h"
 #include "equation_files/equation_file.h"
 #include "exercise/journal_lines.h"
 #include "exercise/mark.h"
@@ -11,6 +12,7 @@
 #include "shell/exercise_desk.h"
 #include "shell/help_topics.h"
 #include "shell/menu_tree.h"
+#include "shell/password_store.h"
 #include "shell/product.h"
 #include "shell/session.h"
 #include "shell/windows/frm_name.h"
@@ -35,6 +37,14 @@ QString FilesByDefault()
 bool IsFilterSetting(const QString& value)
 {
     return value == QLatin1String("EQU") || value == QLatin1String("AVT");
+}
+
+QString EmptyFileText(const QString& title)
+{
+    return QStringLiteral("Le fichier sélectionné ne contient aucune équation.\n"
+                          "Dans le menu Fichier, cliquez sur Modifier un fichier d'équations existant ...\n"
+                          "Sélectionnez le fichier %1 et rajoutez une série d'équations.")
+        .arg(title);
 }
 
 } // namespace
@@ -143,6 +153,10 @@ bool FileSession::ReadChosenFile()
 {
     SessionState& state = m_session.state;
     state.NumEquation = 0;
+    if (IsPasswordFile(state.CheminFichier, CommonPasswordFile(state))) {
+        RefuseFile(PasswordFileRefusal());
+        return false;
+    }
     auto file = EquationFile::Open(state.CheminFichier);
     if (!file)
         throw FatalFault(file.Reason(), state.CheminFichier, 0, {});
@@ -150,7 +164,7 @@ bool FileSession::ReadChosenFile()
     state.FichierAvancement = pass.hasProgressData;
     state.SerieExercices = false;
     if (pass.equationCount == 0) {
-        RefuseEmptyFile();
+        RefuseFile(EmptyFileText(state.TitreFichier));
         return false;
     }
     if (state.FichierAvancement) {
@@ -166,18 +180,11 @@ bool FileSession::ReadChosenFile()
     return true;
 }
 
-void FileSession::RefuseEmptyFile()
+void FileSession::RefuseFile(const QString& reason)
 {
-    SessionState& state = m_session.state;
-    const QString title = state.TitreFichier;
-    state.CheminFichier.clear();
-    state.TitreFichier.clear();
-    m_session.messages.Critical(
-        &m_mainWindow, QStringLiteral("Stoikal"),
-        QStringLiteral("Le fichier sélectionné ne contient aucune équation.\n"
-                       "Dans le menu Fichier, cliquez sur Modifier un fichier d'équations existant ...\n"
-                       "Sélectionnez le fichier %1 et rajoutez une série d'équations.")
-            .arg(title));
+    m_session.state.CheminFichier.clear();
+    m_session.state.TitreFichier.clear();
+    m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), reason);
 }
 
 void FileSession::StartRun(int equationCount)

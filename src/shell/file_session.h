@@ -56,7 +56,7 @@ private:
     bool Identify();
     bool ChooseFile();
     bool ReadChosenFile();
-    void RefuseEmptyFile();
+    void RefuseFile(const QString& reason);
     void StartRun(int equationCount);
     void EndOfFile();
     void LeaveRun();

@@ -1,6 +1,7 @@
 #include "shell/password_store.h"
 
 #include "base/file_access.h"
+#include "base/password_file.h"
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
@@ -38,11 +39,13 @@ Failure CannotWrite(const QString& path, const QString& reason)
 
 } // namespace
 
-QString PasswordStore::CommonFile() const
+QString CommonPasswordFile(const SessionState& state)
 {
+    if (!state.ModeReseau)
+        return {};
     // The folder is the one found at start: a share that has gone since must not
     // make the program fall back on another, less guarded place.
-    return DepositFolder(m_state) + QStringLiteral("/MotDePasse.txt");
+    return DepositFolder(state) + QLatin1Char('/') + PasswordFileName();
 }
 
 Outcome<QString> PasswordStore::Read() const
@@ -64,9 +67,9 @@ Outcome<QString> PasswordStore::Write(const QString& password)
 
 Outcome<QString> PasswordStore::ReadCommonFile() const
 {
-    const auto bytes = ReadWholeFile(CommonFile(), kPasswordLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(CommonPasswordFile(m_state), kPasswordLimit, Links::Refused);
     if (!bytes)
-        return CannotRead(CommonFile(), bytes.Reason());
+        return CannotRead(CommonPasswordFile(m_state), bytes.Reason());
     const QByteArray text = NormaliseTextBytes(*bytes);
     LineWalker lines(text);
     return lines.AtEnd() ? QString() : DecodeLine(lines.Next());
@@ -74,15 +77,15 @@ Outcome<QString> PasswordStore::ReadCommonFile() const
 
 Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
-    const auto written = ReplaceFile(CommonFile(), EncodeLine(password) + "\r\n", Sharing::Folder);
+    const auto written = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::Folder);
     if (!written)
-        return CannotWrite(CommonFile(), written.Reason());
+        return CannotWrite(CommonPasswordFile(m_state), written.Reason());
     return password;
 }
 
 Outcome<QString> PasswordStore::MakeCommonFile() const
 {
-    const QString path = CommonFile();
+    const QString path = CommonPasswordFile(m_state);
     const auto made = OpenForAppending(path, IfMissing::Make, Sharing::Folder);
     // A teacher may let the pupils' accounts read his file and not write it.
     if (made || OpenForReading(path, Links::Refused))

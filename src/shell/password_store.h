@@ -9,6 +9,10 @@ namespace stoikal {
 class Settings;
 struct SessionState;
 
+/// The path of the file with the one password of all who run the program from a
+/// network folder; empty for a program of one machine.
+QString CommonPasswordFile(const SessionState& state);
+
 /// Where the teacher's password stands: in the settings of the user, or, when
 /// the program runs from a network folder, as the first line of one file of the
 /// deposit folder, so that one password serves all. It is kept as it was typed;
@@ -34,9 +38,6 @@ public:
     /// Makes the common file, empty, when it is missing, and returns its path.
     /// One that can only be read is as good. Fails with the system's reason.
     Outcome<QString> MakeCommonFile() const;
-
-    /// The path of the common file; only for a program on a network folder.
-    QString CommonFile() const;
 
 private:
     Outcome<QString> ReadCommonFile() const;

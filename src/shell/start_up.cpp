@@ -183,7 +183,7 @@ QString StartUp::NetworkJournal()
                 "«\u00A0Réseau\u00A0») du "
                 "fichier %2")
                 .arg(made.Reason(), ShownPath(state.IniUtilisateur)),
-            password.CommonFile(), 0, {});
+            CommonPasswordFile(state), 0, {});
     }
     return DepositFolder(state) + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
 }

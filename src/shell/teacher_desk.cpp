@@ -157,22 +157,7 @@ std::optional<QString> TeacherDesk::ChooseResults(const QString& title)
                                                             {}});
     if (!choice)
         return std::nullopt;
-    if (IsPasswordFile(choice->path)) {
-        m_session.messages.Critical(&m_others.mainWindow, Title(),
-                                    QStringLiteral("Ce fichier ne contient pas de réponses d'élèves.\n"
-                                                   "Choisissez un fichier dont le nom commence par EQU_."));
-        return std::nullopt;
-    }
     return choice->path;
-}
-
-bool TeacherDesk::IsPasswordFile(const QString& path) const
-{
-    const QFileInfo chosen(path);
-    const QFileInfo password(m_store.CommonFile());
-    // By another name, a link leads to the same file.
-    return chosen.fileName().compare(password.fileName(), Qt::CaseInsensitive) == 0
-        || (chosen.exists() && chosen.canonicalFilePath() == password.canonicalFilePath());
 }
 
 void TeacherDesk::ReopenJournal()

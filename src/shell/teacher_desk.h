@@ -79,7 +79,6 @@ private:
     void ShowSolution();
 
     std::optional<QString> ChooseResults(const QString& title);
-    bool IsPasswordFile(const QString& path) const;
     void ReopenJournal();
     QString EquationFolder() const;
 

@@ -1,6 +1,9 @@
 #include "teacher_fixture.h"
 
+#include "balancing/windows/frm_search.h"
+
 #include <QFileInfo>
+#include <unistd.h>
 
 namespace stoikal {
 
@@ -145,10 +148,12 @@ TEST_F(NetworkClass, PasswordsFileCanBeNeitherShownNorEmptied)
     WriteTextFile(Deposit("motdepasse.TXT"), {u"x"_s});
     for (const char* const name : {"MotDePasse.txt", "motdepasse.TXT", "EQU_lien.txt"}) {
         AnswerDialog(Deposit(name));
+        desktop.dialogs.answers.push_back(std::nullopt);
         ChooseAsTeacher("Mnu_Answer");
         EXPECT_EQ(FindWindow("frmTexte"), nullptr) << name;
 
         AnswerDialog(Deposit(name));
+        desktop.dialogs.answers.push_back(std::nullopt);
         messages.answers = {QMessageBox::Yes};
         ChooseAsTeacher("Mnu_Clean");
         EXPECT_EQ(messages.shown.back().icon, QMessageBox::Critical) << name;
@@ -156,6 +161,55 @@ TEST_F(NetworkClass, PasswordsFileCanBeNeitherShownNorEmptied)
 
     EXPECT_EQ(TextOfFile(Deposit("MotDePasse.txt")), u"Sesame\r\n"_s);
     EXPECT_TRUE(shell->State().journal.IsOpen());
+}
+
+TEST_F(NetworkClass, PasswordsFileIsNoExercise)
+{
+    // By its own name, in another spelling and folder, by a link, by a second name.
+    State().NomEleve = u"DUPONT"_s;
+    WriteTextFile(EquationFolder() + u"/MOTDEPASSE.txt"_s, {u"Sesame"_s});
+    ASSERT_TRUE(QFile::link(Deposit("MotDePasse.txt"), EquationFolder() + u"/lien.Equ"_s));
+    ASSERT_EQ(::link(qPrintable(Deposit("MotDePasse.txt")), qPrintable(EquationFolder() + u"/double.Equ"_s)),
+              0);
+    const QStringList paths{Deposit("MotDePasse.txt"), EquationFolder() + u"/MOTDEPASSE.txt"_s,
+                            EquationFolder() + u"/lien.Equ"_s, EquationFolder() + u"/double.Equ"_s};
+    for (const QString& path : paths) {
+        messages.shown.clear();
+        desktop.dialogs.asked.clear();
+        AnswerDialog(path, 1);
+        desktop.dialogs.answers.push_back(std::nullopt);
+
+        Choose("Mnu_Open(0)");
+        Settle();
+
+        ASSERT_EQ(messages.shown.size(), 1U) << path.toStdString();
+        EXPECT_EQ(messages.shown[0].text,
+                  u"Ce fichier est réservé à l'enseignant et ne peut pas être choisi.\n\n"
+                  "Choisissez un autre fichier."_s);
+        // The dialog comes back where it was left.
+        ASSERT_EQ(desktop.dialogs.asked.size(), 2U);
+        EXPECT_EQ(desktop.dialogs.asked[1].folder, QFileInfo(path).absolutePath());
+        EXPECT_EQ(desktop.dialogs.asked[1].filter, 1);
+        EXPECT_FALSE(shell->State().run.IsOpen());
+    }
+}
+
+TEST_F(NetworkClass, PasswordsFileIsNotOpenedByAnyOtherWay)
+{
+    State().NomEleve = u"DUPONT"_s;
+    EnterThePassword();
+    Choose("Mnu_Search");
+    Settle();
+    auto* const search = FindWindow("frmSearch");
+    ASSERT_NE(search, nullptr);
+    messages.answers = {QMessageBox::Yes};
+
+    Q_EMIT qobject_cast<frmSearch*>(search)->FileGathered(Deposit("MotDePasse.txt"));
+
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_FALSE(messages.shown[1].text.contains(u"Sesame"_s));
+    EXPECT_FALSE(shell->State().run.IsOpen());
+    EXPECT_EQ(State().CheminFichier, QString());
 }
 
 TEST_F(NetworkClass, PasswordIsThatOfTheDepositAndNotOfTheUser)

@@ -96,7 +96,7 @@ TEST_F(PasswordStoreTest, IsTheFirstLineOfTheCommonFileOnAShare)
     ASSERT_TRUE(settings.Read(u"Options"_s, u"PassWord"_s).isEmpty());
     Put("s\xE9same\r\nune note\r\n");
 
-    EXPECT_EQ(passwords.CommonFile(), Common());
+    EXPECT_EQ(CommonPasswordFile(state), Common());
     EXPECT_EQ(Password(), u"sésame"_s);
 }
 
@@ -182,6 +182,11 @@ TEST_F(PasswordStoreTest, ChangeThatFailsLeavesTheOldPassword)
     EXPECT_TRUE(QDir(Common()).exists());
 }
 
+TEST_F(PasswordStoreTest, HasNoCommonFileOnAMachineOfItsOwn)
+{
+    EXPECT_EQ(CommonPasswordFile(state), QString());
+}
+
 TEST_F(PasswordStoreTest, ChangeThatTheSettingsCannotTakeLeavesTheOldPassword)
 {
     ASSERT_TRUE(passwords.Write(u"vieux"_s));
@@ -239,7 +244,7 @@ TEST_F(PasswordStoreTest, DepositWithANameOfBlanksIsTheShareItself)
     OnAShare();
     state.DossierDepot = u"   "_s;
 
-    EXPECT_EQ(passwords.CommonFile(), folder.filePath(u"MotDePasse.txt"_s));
+    EXPECT_EQ(CommonPasswordFile(state), folder.filePath(u"MotDePasse.txt"_s));
 }
 
 TEST_F(PasswordStoreTest, LinkInPlaceOfTheFileIsNotFollowed)

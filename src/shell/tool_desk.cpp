@@ -11,6 +11,7 @@
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
 #include "shell/help_topics.h"
+#include "shell/password_store.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
 #include "simulation/windows/frm_simul_anim.h"
@@ -82,7 +83,7 @@ void ToolDesk::ShowSearchingTool(QPointer<Window>& window, const char* entry, in
 {
     const Platform& desktop = m_session.desktop;
     window = new Window({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
-                         m_session.state.DossierDocuments + OwnFolder()},
+                         m_session.state.DossierDocuments + OwnFolder(), CommonPasswordFile(m_session.state)},
                         nullptr);
     connect(window, &Window::Unloaded, this, [this, &window, entry] { Unload(window, entry); });
     connect(window, &Form::CloseAsked, window, &Window::Close);

@@ -1,6 +1,7 @@
 #include "balancing/windows/frm_search.h"
 
 #include "searching_form_fixture.h"
+#include "support/file_size_limit.h"
 
 #include <QDir>
 #include <QFile>
@@ -387,7 +388,7 @@ TEST_F(FrmSearch, StopsASearchBeforeItGoes)
     EXPECT_EQ(unloads, 1);
     EXPECT_FALSE(ListText().contains(u"b.Equ"_s));
     EXPECT_TRUE(gathered.isEmpty());
-    EXPECT_FALSE(QFile::exists(output));
+    EXPECT_EQ(BytesOfFile(output), "H2+N2=NH3/3,1,2\r\n");
 }
 
 TEST_F(FrmSearch, StaysAliveWithinALongFile)
@@ -405,7 +406,7 @@ TEST_F(FrmSearch, StaysAliveWithinALongFile)
     EXPECT_FALSE(ListText().endsWith(End()));
 }
 
-TEST_F(FrmSearch, WritesNothingOfASearchGivenUp)
+TEST_F(FrmSearch, KeepsWhatASearchGivenUpHadFound)
 {
     Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
     const QString output = folder.filePath(u"sortie.Equ"_s);
@@ -417,7 +418,22 @@ TEST_F(FrmSearch, WritesNothingOfASearchGivenUp)
     EXPECT_EQ(unloads, 0);
     EXPECT_FALSE(ListText().contains(End()));
     EXPECT_TRUE(gathered.isEmpty());
-    EXPECT_FALSE(QFile::exists(output));
+    EXPECT_EQ(BytesOfFile(output), "H2+N2=NH3/3,1,2\r\n");
+}
+
+TEST_F(FrmSearch, HasItsFindingsInTheFileWheneverTheProgramMayEnd)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"b.Equ"_s, "H2+O2=H2O/2,1,2\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+    Open();
+    QByteArray then;
+    QTimer::singleShot(0, &window, [&] { then = BytesOfFile(output); });
+
+    Gather({u"H2"_s}, output);
+
+    EXPECT_EQ(then, "H2+N2=NH3/3,1,2\r\n");
+    EXPECT_EQ(BytesOfFile(output), "H2+N2=NH3/3,1,2\r\nH2+O2=H2O/2,1,2\r\n");
 }
 
 TEST_F(FrmSearch, GoesAtOnceWithoutASearch)
@@ -469,17 +485,28 @@ TEST_F(FrmSearch, AsksForNoOutputUnlessItGathers)
     EXPECT_TRUE(gathered.isEmpty());
 }
 
-TEST_F(FrmSearch, GathersTheFindingsInANewFileByteForByte)
+TEST_F(FrmSearch, GathersTheFindingsInANewFileCharacterForCharacter)
 {
     Write(u"a.Equ"_s, " H2 + N2=NH3/3,1,2 \xE9\nC+O2=CO2/1,1,1\nH2+O2=H2O/2,1,2 \xC3\xA9");
     const QString output = Path(u"sortie.Equ"_s);
 
     Gather({u"H2"_s}, output);
 
-    EXPECT_EQ(BytesOfFile(output), " H2 + N2=NH3/3,1,2 \xE9\r\nH2+O2=H2O/2,1,2 \xC3\xA9\r\n");
+    EXPECT_EQ(BytesOfFile(output), " H2 + N2=NH3/3,1,2 \xE9\r\nH2+O2=H2O/2,1,2 \xE9\r\n");
     EXPECT_EQ(gathered, QStringList{output});
     EXPECT_TRUE(ListText().endsWith(End()));
+    EXPECT_FALSE(ListText().contains(u"sortie.Equ"_s));
     EXPECT_EQ(Files(), QStringList({u"a.Equ"_s, u"sortie.Equ"_s}));
+}
+
+TEST_F(FrmSearch, DoesNotFindAgainWhatItGatheredInALaterFile)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"z.Equ"_s, "H2+O2=H2O/2,1,2");
+
+    Gather({u"H2"_s}, Path(u"z.Equ"_s));
+
+    EXPECT_EQ(BytesOfFile(Path(u"z.Equ"_s)), "H2+O2=H2O/2,1,2\r\nH2+N2=NH3/3,1,2\r\nH2+O2=H2O/2,1,2\r\n");
 }
 
 TEST_F(FrmSearch, AddsTheFindingsToAnExistingFileThatItReadBefore)
@@ -521,7 +548,7 @@ TEST_F(FrmSearch, RemembersTheFilterLeftActive)
     EXPECT_EQ(settings.Read(u"Options"_s, u"Files by default"_s), u"EQU"_s);
 }
 
-TEST_F(FrmSearch, TellsAnOutputThatCannotBeWritten)
+TEST_F(FrmSearch, TellsAnOutputThatCannotBeWrittenBeforeItSearches)
 {
     Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
     const QString output = Path(u"Dossier.Equ"_s);
@@ -533,18 +560,85 @@ TEST_F(FrmSearch, TellsAnOutputThatCannotBeWritten)
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
     EXPECT_TRUE(messages.shown[0].text.contains(output));
     EXPECT_TRUE(gathered.isEmpty());
-    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s) + End());
+    EXPECT_EQ(ListText(), QString());
 }
 
-TEST_F(FrmSearch, WritesNothingOfASearchThatEndedByAFault)
+TEST_F(FrmSearch, TellsOnceThatItsOutputTakesNoMore)
 {
-    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nrien\r\n");
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    Write(u"b.Equ"_s, "H2+O2=H2O/2,1,2\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+
+    LimitFileSize(0);
+    Gather({u"H2"_s}, output);
+    LimitFileSize(RLIM_INFINITY);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(output)) << messages.shown[0].text.toStdString();
+    EXPECT_TRUE(gathered.isEmpty());
+    EXPECT_FALSE(ListText().contains(u"b.Equ"_s));
+}
+
+TEST_F(FrmSearch, EndsSilentlyAtALineWithoutEqualsWhenItGathers)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nrien\r\nH2+O2=H2O/2,1,2\r\n");
+    Write(u"b.Equ"_s, "H2+Cl2=HCl/1,1,2\r\n");
     const QString output = folder.filePath(u"sortie.Equ"_s);
 
     Gather({u"H2"_s}, output);
 
-    ExpectFault(u"a.Equ"_s, u"Ligne 2\u00A0: rien"_s);
-    EXPECT_FALSE(QFile::exists(output));
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(ListText(), Head(u"a.Equ"_s) + Finding(u"H2+N2=NH3/3,1,2"_s));
+    EXPECT_EQ(BytesOfFile(output), "H2+N2=NH3/3,1,2\r\n");
+    EXPECT_TRUE(gathered.isEmpty());
+
+    // The window goes on.
+    QFile::remove(Path(u"a.Equ"_s));
+    dialogs.answers.push_back(Dialogs::Choice{output, 0});
+    Click(SearchButton());
+    EXPECT_EQ(gathered, QStringList{output});
+}
+
+TEST_F(FrmSearch, KeepsWhatItFoundBeforeASeventhFormula)
+{
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\nA+B+C+D+E+F+G=H/1\r\n");
+    const QString output = folder.filePath(u"sortie.Equ"_s);
+    QByteArray behind;
+    messages.whileOpen = [&](const Message&) { behind = BytesOfFile(output); };
+
+    Gather({u"H2"_s}, output);
+
+    ExpectFault(u"a.Equ"_s, u"Ligne 2\u00A0: A+B+C+D+E+F+G=H/1"_s);
+    EXPECT_EQ(behind, "H2+N2=NH3/3,1,2\r\n");
+    EXPECT_TRUE(gathered.isEmpty());
+}
+
+TEST_F(FrmSearch, ShowsNothingOfAPasswordThatALinkLeadsTo)
+{
+    WriteBytes(passwordFile, "Sesame\r\n");
+    ASSERT_TRUE(QFile::link(passwordFile, Path(u"a.Equ"_s)));
+    Write(u"b.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+
+    SearchFor({u"H2"_s});
+
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(ListText(),
+              Head(u"a.Equ"_s) + u"(illisible : ce fichier est réservé à l'enseignant)"_s + Head(u"b.Equ"_s)
+                  + Finding(u"H2+N2=NH3/3,1,2"_s) + End());
+}
+
+TEST_F(FrmSearch, GathersNothingInTheFileOfThePassword)
+{
+    WriteBytes(passwordFile, "Sesame\r\n");
+    Write(u"a.Equ"_s, "H2+N2=NH3/3,1,2\r\n");
+    ASSERT_TRUE(QFile::link(passwordFile, Path(u"lien.Equ"_s)));
+
+    // The name gets its extension only after it was chosen.
+    Gather({u"H2"_s}, Path(u"lien"_s));
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_FALSE(messages.shown[0].text.contains(u"Sesame"_s));
+    EXPECT_EQ(BytesOfFile(passwordFile), "Sesame\r\n");
     EXPECT_TRUE(gathered.isEmpty());
 }
 

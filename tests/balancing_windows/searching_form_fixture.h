@@ -61,13 +61,14 @@ protected:
 
     QTemporaryDir folder;
     QString equations = folder.filePath(QStringLiteral("equations"));
+    QString passwordFile = folder.filePath(QStringLiteral("MotDePasse.txt"));
     QString settingsFile = folder.filePath(QStringLiteral("ConfEQU.ini"));
     SettingsStore store;
     Settings settings{store, settingsFile};
     RunningClock clock;
     FakeDialogs dialogs;
     FakeMessages messages;
-    Window window{{clock, dialogs, messages, settings, equations}, nullptr};
+    Window window{{clock, dialogs, messages, settings, equations, passwordFile}, nullptr};
     int unloads = 0;
 };
 

@@ -608,7 +608,7 @@ TEST_F(Tools, AskNothingAboutAFileWhenTheProgramEndsDuringTheSearch)
 
     EXPECT_EQ(ends, 1);
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_FALSE(QFile::exists(EquationFolder() + u"/Hydrogène.Equ"_s));
+    EXPECT_EQ(TextOfFile(EquationFolder() + u"/Hydrogène.Equ"_s), u"H2+O2=H2O/2,1,2\r\n"_s);
 }
 
 } // namespace stoikal

@@ -4,6 +4,7 @@
 #include "balancing/windows/molecule_boxes.h"
 #include "balancing/windows/save_request.h"
 #include "base/fatal_fault.h"
+#include "base/password_file.h"
 #include "base/text_lines.h"
 #include "equation_files/equation_file.h"
 #include "forms/messages.h"
@@ -24,6 +25,15 @@ namespace {
 constexpr int kLinesBetween = 256;
 /// More findings than these characters hold take long to be shown at once.
 constexpr qsizetype kMostUnshown = 60000;
+
+/// An empty line or a comment.
+bool IsPassedOver(QByteArrayView line)
+{
+    qsizetype first = 0;
+    while (first < line.size() && line[first] == ' ')
+        ++first;
+    return line.isEmpty() || (first < line.size() && line[first] == '\'');
+}
 
 } // namespace
 
@@ -100,30 +110,30 @@ void frmSearch::SearchEquations()
 {
     if (IsSearching())
         return;
-    Gathering gathering;
-    if (chkSave->isChecked() && !ChooseOutput(gathering))
+    const auto output = chkSave->isChecked() ? ChooseOutput() : QString();
+    if (!output)
+        return;
+    const auto files = EquationFilesOf(Desktop().equationFolder);
+    ShowFiles(files);
+    if (!files) {
+        Report(files.Reason());
+        return;
+    }
+    // Listed first: a file that comes only now is none of those searched.
+    if (!OpenOutput(*output))
         return;
     BeginSearch();
     setCursor(Qt::WaitCursor);
-    const auto files = EquationFilesOf(Desktop().equationFolder);
-    ShowFiles(files);
-    const bool isComplete = SearchFiles(files, gathering);
+    const bool isComplete = SearchFiles(*files);
+    WriteFindings();
     unsetCursor();
-    if (!EndSearch())
+    if (!EndSearch() || !isComplete || !m_findings)
         return;
-    // Of a search that did not come to its end nothing is written.
-    if (!isComplete || gathering.path.isEmpty())
-        return;
-    const auto written = EquationAppender::AppendLines(gathering.path, gathering.lines);
-    if (!written) {
-        Desktop().messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
-        return;
-    }
     ShowFiles(EquationFilesOf(Desktop().equationFolder));
-    Q_EMIT FileGathered(gathering.path);
+    Q_EMIT FileGathered(m_findings->Path());
 }
 
-bool frmSearch::ChooseOutput(Gathering& gathering)
+std::optional<QString> frmSearch::ChooseOutput()
 {
     Dialogs::Request request
         = EquationFileRequest(Desktop().settings, Desktop().equationFolder, QStringLiteral("cdgSave"),
@@ -131,32 +141,63 @@ bool frmSearch::ChooseOutput(Gathering& gathering)
     request.fileName = QStringLiteral("Nom_du_Fichier.EQU");
     const auto choice = Desktop().dialogs.AppendToFile(this, request);
     if (!choice)
-        return false;
+        return std::nullopt;
     RememberFilter(Desktop().settings, choice->filter);
-    gathering.path = choice->path;
-    if (QFileInfo(gathering.path).suffix().isEmpty())
-        gathering.path += choice->filter == 1 ? QStringLiteral(".Avt") : QStringLiteral(".Equ");
+    if (!QFileInfo(choice->path).suffix().isEmpty())
+        return choice->path;
+    return choice->path + (choice->filter == 1 ? QStringLiteral(".Avt") : QStringLiteral(".Equ"));
+}
+
+/// An empty path gathers nothing.
+bool frmSearch::OpenOutput(const QString& path)
+{
+    m_findings.reset();
+    if (path.isEmpty())
+        return true;
+    const auto opened = FindingsFile::Open(path, Desktop().passwordFile);
+    if (!opened) {
+        Report(opened.Reason());
+        return false;
+    }
+    m_findings = *opened;
     return true;
 }
 
-bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gathering)
+/// A file that takes no more ends the search: it would go on for nothing.
+void frmSearch::WriteFindings()
+{
+    if (!m_findings)
+        return;
+    const auto written = m_findings->WriteOut();
+    if (written)
+        return;
+    m_findings.reset();
+    StopSearch();
+    Report(written.Reason());
+}
+
+void frmSearch::Report(const QString& reason)
+{
+    Desktop().messages.Critical(this, QStringLiteral("Stoikal"), reason);
+}
+
+bool frmSearch::SearchFiles(const QStringList& files)
 {
     m_turns.Restart();
-    if (!files) {
-        Desktop().messages.Critical(this, QStringLiteral("Stoikal"), files.Reason());
-        return false;
-    }
     EquationPattern pattern(m_boxes->Texts());
     try {
-        for (const QString& name : *files) {
-            SearchFile(name, pattern, gathering);
+        for (const QString& name : files) {
+            const bool goesOn = SearchFile(name, pattern);
             TakeTurn();
-            if (IsStopped())
+            if (!goesOn || IsStopped()) {
+                ShowList();
                 return false;
+            }
         }
     } catch (const FatalFault& fault) {
         // The search is over; what was found so far stays.
         ShowList();
+        WriteFindings();
         Desktop().messages.OperationFault(this, fault.OperationText());
         return false;
     }
@@ -165,40 +206,53 @@ bool frmSearch::SearchFiles(const Outcome<QStringList>& files, Gathering& gather
     return true;
 }
 
-void frmSearch::SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering)
+Outcome<QByteArray> frmSearch::ReadFile(const QString& path) const
+{
+    if (IsPasswordFile(path, Desktop().passwordFile))
+        return Failure{QStringLiteral("ce fichier est réservé à l'enseignant")};
+    // Read whole before it is matched: the file may be the one written to.
+    auto bytes = ReadEquationBytes(path);
+    if (!bytes)
+        return bytes;
+    if (m_findings && m_findings->IsAt(path))
+        bytes->truncate(m_findings->SizeBefore());
+    return NormaliseTextBytes(*bytes);
+}
+
+bool frmSearch::SearchFile(const QString& name, EquationPattern& pattern)
 {
     AddToList(QStringLiteral("\nDans le fichier %1 : ").arg(OnOneLine(name)));
     const QString path = Desktop().equationFolder + QLatin1Char('/') + name;
-    // Read whole before it is matched: the file may be the one written to.
-    const auto read = ReadEquationBytes(path);
-    if (!read) {
-        AddToList(QStringLiteral("(illisible : %1)").arg(read.Reason()));
-        return;
+    const auto bytes = ReadFile(path);
+    if (!bytes) {
+        AddToList(QStringLiteral("(illisible : %1)").arg(bytes.Reason()));
+        return true;
     }
-    const QByteArray bytes = NormaliseTextBytes(*read);
-    LineWalker walker(bytes);
+    LineWalker walker(*bytes);
     int number = 0;
     while (!walker.AtEnd()) {
         const QByteArrayView line = walker.Next();
         if (++number % kLinesBetween == 0 || m_unshown.size() > kMostUnshown) {
             TakeTurn();
             if (IsStopped())
-                return;
+                return false;
         }
-        qsizetype first = 0;
-        while (first < line.size() && line[first] == ' ')
-            ++first;
-        if (line.isEmpty() || (first < line.size() && line[first] == '\''))
+        if (IsPassedOver(line))
             continue;
+        // A search that gathers ends at such a line without a word.
+        if (m_findings && !line.contains('='))
+            return false;
         try {
             if (!pattern.Matches(line))
                 continue;
         } catch (const FatalFault& fault) {
             throw fault.At(path, number, DecodeLine(line));
         }
-        gathering.lines << line.toByteArray();
+        if (m_findings)
+            m_findings->Add(line);
         AddToList(QLatin1Char('\n') + QString(20, QLatin1Char(' ')) + DecodeLine(line));
     }
+    return true;
 }
 
 void frmSearch::AddToList(const QString& text)
@@ -217,6 +271,8 @@ void frmSearch::TakeTurn()
     if (!m_turns.IsDue() && m_unshown.size() <= kMostUnshown)
         return;
     ShowList();
+    // The turn may bring the end of the program.
+    WriteFindings();
     m_turns.Take();
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "balancing/findings_file.h"
 #include "balancing/windows/event_turns.h"
 #include "balancing/windows/searching_form.h"
 #include "base/outcome.h"
 
 #include <QByteArray>
-#include <QList>
 #include <QStringList>
+#include <optional>
 
 class QCheckBox;
 class QListWidget;
@@ -38,17 +39,16 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    struct Gathering {
-        QString path; ///< empty: nothing is gathered
-        QList<QByteArray> lines;
-    };
-
     void Build();
     void SearchEquations();
-    bool ChooseOutput(Gathering& gathering);
-    /// False when the search ended early: by a fault, or given up.
-    bool SearchFiles(const Outcome<QStringList>& files, Gathering& gathering);
-    void SearchFile(const QString& name, EquationPattern& pattern, Gathering& gathering);
+    std::optional<QString> ChooseOutput();
+    bool OpenOutput(const QString& path);
+    void WriteFindings();
+    void Report(const QString& reason);
+    /// False when the search ended early: at a wrong line, or given up.
+    bool SearchFiles(const QStringList& files);
+    bool SearchFile(const QString& name, EquationPattern& pattern);
+    Outcome<QByteArray> ReadFile(const QString& path) const;
     void AddToList(const QString& text);
     void ShowList();
     void TakeTurn();
@@ -56,6 +56,7 @@ private:
     EventTurns m_turns;
     QStringList m_listed; ///< the files that the list shows
     QString m_unshown; ///< findings that are not in the box yet
+    std::optional<FindingsFile> m_findings; ///< of a search that gathers
 
     MoleculeBoxes* m_boxes;
     QPushButton* cmdSearch;

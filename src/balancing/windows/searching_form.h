@@ -24,6 +24,7 @@ public:
         Messages& messages;
         Settings& settings;
         QString equationFolder;
+        QString passwordFile; ///< the class's; empty where there is none
     };
 
     /// Gives up a search that is going on.

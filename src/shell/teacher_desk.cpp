@@ -160,9 +160,13 @@ std::optional<QString> TeacherDesk::ChooseResults(const QString& title)
     return choice->path;
 }
 
-void TeacherDesk::ReopenJournal()
+Outcome<QString> TeacherDesk::ReopenJournal()
 {
-    const auto opened = m_session.journal.Open(m_session.state.FichierResultat);
+    return m_session.journal.Open(m_session.state.FichierResultat);
+}
+
+void TeacherDesk::ReportJournal(const Outcome<QString>& opened)
+{
     if (opened)
         return;
     m_session.messages.Critical(
@@ -180,20 +184,28 @@ void TeacherDesk::ShowAnswers()
     // What still waits in memory is to be seen, too.
     m_session.journal.Close();
     const bool isThere = QFileInfo::exists(*path);
-    ReopenJournal();
+    ReportJournal(ReopenJournal());
     if (!isThere) {
-        m_session.messages.Critical(&m_others.mainWindow, Title(),
-                                    QStringLiteral("Erreur sur le nom du fichier."));
+        ReportMissingText();
         return;
     }
     ShowText(*path, QStringLiteral("Réponses des élèves - %1").arg(QFileInfo(*path).fileName()),
              TextWindow::Use::Read);
 }
 
+void TeacherDesk::ReportMissingText()
+{
+    m_session.messages.Critical(&m_others.mainWindow, Title(),
+                                QStringLiteral("Erreur sur le nom du fichier."));
+}
+
 void TeacherDesk::AddTip()
 {
-    ShowText(EquationFolder() + QStringLiteral("/TipOfDayEqChm.txt"),
-             QStringLiteral("Astuces du jour, une par ligne"), TextWindow::Use::Edit);
+    const QString path = EquationFolder() + QStringLiteral("/TipOfDayEqChm.txt");
+    if (QFileInfo::exists(path))
+        ShowText(path, QStringLiteral("Astuces du jour, une par ligne"), TextWindow::Use::Edit);
+    else
+        ReportMissingText();
 }
 
 void TeacherDesk::CleanAnswers()
@@ -205,18 +217,15 @@ void TeacherDesk::CleanAnswers()
     const auto path = ChooseResults(QStringLiteral("Vider un fichier de réponses"));
     if (!path)
         return;
+    messages.Information(&m_others.mainWindow, Title(),
+                         QStringLiteral("Fichier %1 vidé.").arg(QFileInfo(*path).fileName()));
     m_session.journal.Close();
+    // What fails now ends quietly, and loses nothing: lines that find no file wait
+    // for the next one, which reports what is wrong.
     const bool isGone = RemoveFile(*path);
-    ReopenJournal();
-    const QString name = QFileInfo(*path).fileName();
-    if (!isGone) {
-        messages.Critical(&m_others.mainWindow, Title(),
-                          QStringLiteral("Le fichier %1 n'a pas pu être vidé.").arg(name));
-        return;
-    }
-    if (TextWindow* const window = OpenText(*path))
+    (void)ReopenJournal();
+    if (TextWindow* const window = isGone ? OpenText(*path) : nullptr)
         window->Load();
-    messages.Information(&m_others.mainWindow, Title(), QStringLiteral("Fichier %1 vidé.").arg(name));
 }
 
 void TeacherDesk::ShowSolution()

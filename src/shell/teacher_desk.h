@@ -79,7 +79,9 @@ private:
     void ShowSolution();
 
     std::optional<QString> ChooseResults(const QString& title);
-    void ReopenJournal();
+    Outcome<QString> ReopenJournal();
+    void ReportJournal(const Outcome<QString>& opened);
+    void ReportMissingText();
     QString EquationFolder() const;
 
     void ShowText(const QString& path, const QString& caption, TextWindow::Use use);

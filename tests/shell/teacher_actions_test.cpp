@@ -1,6 +1,9 @@
 #include "teacher_fixture.h"
 
+#include "support/ordinary_user.h"
+
 #include <QListWidget>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -136,10 +139,13 @@ TEST_F(Results, AreEmptiedAfterAQuestion)
     WriteLine(u"ancien"_s);
     State().NomEleve = u"DUPONT"_s;
     messages.answers = {QMessageBox::Yes};
+    QString whileTold; // The message comes first, then the deletion.
+    messages.whileOpen = [&](const Message&) { whileTold = TextOfFile(Journal()); };
 
     ChooseAsTeacher("Mnu_Clean");
 
     ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(whileTold, u"ancien\r\n"_s);
     EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
     EXPECT_EQ(messages.shown[0].text, u"Voulez-vous vraiment vider le fichier ?"_s);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Question);
@@ -173,7 +179,27 @@ TEST_F(Results, EmptiedByAnotherProgramLoseNoLineOfThisOne)
     EXPECT_EQ(TextOfFile(Journal()), u"nouveau\r\n"_s);
 }
 
-TEST_F(Results, ThatCannotBeEmptiedAreTold)
+TEST_F(Results, ThatCannotBeEmptiedEndQuietlyAndStayWhole)
+{
+    WriteLine(u"ancien"_s);
+    const QByteArray place = QFile::encodeName(EquationFolder());
+    ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(place.constData(), 0555), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(Journal()).constData(), 0666), 0);
+    {
+        const AsOrdinaryUser teacher;
+        ASSERT_TRUE(teacher.IsOrdinary());
+        messages.answers = {QMessageBox::Yes};
+        ChooseAsTeacher("Mnu_Clean");
+        WriteLine(u"nouveau"_s);
+    }
+    ASSERT_EQ(::chmod(place.constData(), 0755), 0);
+
+    ASSERT_EQ(messages.shown.size(), 2U); // The question and the message.
+    EXPECT_EQ(TextOfFile(Journal()), u"ancien\r\nnouveau\r\n"_s);
+}
+
+TEST_F(Results, WhoseJournalCannotBeReopenedLoseNoLine)
 {
     // A folder with something in it has taken the file's place.
     ASSERT_TRUE(QFile::remove(Journal()));
@@ -182,11 +208,11 @@ TEST_F(Results, ThatCannotBeEmptiedAreTold)
 
     ChooseAsTeacher("Mnu_Clean");
 
-    ASSERT_EQ(messages.shown.size(), 3U);
-    const QString told = messages.shown[1].text;
-    const QString start = u"Le fichier des résultats ne peut pas être rouvert :\n"_s;
-    EXPECT_TRUE(told.startsWith(start + Journal() + u" : c'est un dossier\n"_s)) << told.toStdString();
-    EXPECT_EQ(messages.shown[2].text, u"Le fichier Resultat.txt n'a pas pu être vidé."_s);
+    EXPECT_EQ(messages.shown.size(), 2U); // The question and the message.
+    EXPECT_FALSE(shell->State().journal.WriteLines({u"en attente"_s}));
+    ASSERT_TRUE(QDir(Journal()).removeRecursively());
+    WriteLine(u"suite"_s);
+    EXPECT_EQ(TextOfFile(Journal()), u"en attente\r\nsuite\r\n"_s);
 }
 
 TEST_F(Results, EmptiedVanishFromTheirOpenWindow)
@@ -212,18 +238,23 @@ TEST_F(Tips, AreOpenedForWritingAndSaved)
     EXPECT_EQ(TextOfFile(TipsPath()), u"Première astuce\r\nDeuxième\r\n"_s);
 }
 
-TEST_F(Tips, OpenEmptyWhereThereIsNoFile)
+TEST_F(Tips, AreNotOpenedWithoutTheirFile)
 {
     ASSERT_FALSE(QFile::exists(TipsPath()));
 
     ChooseAsTeacher("Mnu_MoreTip");
 
-    EXPECT_EQ(ShownText(), QString());
-    EXPECT_TRUE(messages.shown.empty());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
+    EXPECT_EQ(messages.shown[0].text, u"Erreur sur le nom du fichier."_s);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(FindWindow("frmTexte"), nullptr);
+    EXPECT_FALSE(QFile::exists(TipsPath()));
 }
 
 TEST_F(Tips, StayOpenBesideARunWithTheirUnsavedText)
 {
+    WriteTextFile(TipsPath(), {});
     ChooseAsTeacher("Mnu_MoreTip");
     Type(Control<QPlainTextEdit>(Text(), "txtTexte"), u"à finir"_s);
 
@@ -234,6 +265,7 @@ TEST_F(Tips, StayOpenBesideARunWithTheirUnsavedText)
 
 TEST_F(Tips, UnsavedAskBeforeTheirWindowGoes)
 {
+    WriteTextFile(TipsPath(), {});
     ChooseAsTeacher("Mnu_MoreTip");
     Type(Control<QPlainTextEdit>(Text(), "txtTexte"), u"x"_s);
     messages.answers = {QMessageBox::No, QMessageBox::Yes};
@@ -245,11 +277,12 @@ TEST_F(Tips, UnsavedAskBeforeTheirWindowGoes)
     Text().close();
     Settle();
     EXPECT_EQ(FindWindow("frmTexte"), nullptr);
-    EXPECT_FALSE(QFile::exists(TipsPath()));
+    EXPECT_EQ(TextOfFile(TipsPath()), QString());
 }
 
 TEST_F(Tips, UnsavedAreOfferedToBeSavedAtTheEnd)
 {
+    WriteTextFile(TipsPath(), {});
     ChooseAsTeacher("Mnu_MoreTip");
     Type(Control<QPlainTextEdit>(Text(), "txtTexte"), u"x"_s);
     messages.answers = {QMessageBox::Yes};

@@ -77,7 +77,8 @@ Outcome<QString> PasswordStore::ReadCommonFile() const
 
 Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
-    const auto written = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::Folder);
+    const auto written
+        = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::Folder);
     if (!written)
         return CannotWrite(CommonPasswordFile(m_state), written.Reason());
     return password;

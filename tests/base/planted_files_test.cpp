@@ -21,9 +21,9 @@ protected:
     {
         SettingsStore store;
         EXPECT_EQ(store.ReadSetting(settings, u"Options"_s, u"PassWord"_s), QString());
-        EXPECT_EQ(store.Change(settings,
-                               [](ProfileText& text) { text.Write(u"Options"_s, u"PassWord"_s, u"x"_s); }),
-                  isWritten);
+        const auto written = store.Change(
+            settings, [](ProfileText& text) { text.Write(u"Options"_s, u"PassWord"_s, u"x"_s); });
+        EXPECT_EQ(written.Succeeded(), isWritten);
     }
 
     void ExpectPrivateFileAsItWas() const

@@ -336,10 +336,10 @@ TEST_F(FrmHelp, KeepsItsPlaceAndSizeInTwips)
 
 TEST_F(FrmHelp, SizeLeftInPixelsByAnEarlierProgramIsReadAsPixels)
 {
-    settings.Write(u"Help Window"_s, u"Left"_s, u"600"_s);
-    settings.Write(u"Help Window"_s, u"Top"_s, u"750"_s);
-    settings.Write(u"Help Window"_s, u"Width"_s, u"700"_s);
-    settings.Write(u"Help Window"_s, u"Height"_s, u"500"_s);
+    ASSERT_TRUE(settings.Write({{u"Help Window"_s, u"Left"_s, u"600"_s},
+                                {u"Help Window"_s, u"Top"_s, u"750"_s},
+                                {u"Help Window"_s, u"Width"_s, u"700"_s},
+                                {u"Help Window"_s, u"Height"_s, u"500"_s}}));
 
     Open();
 

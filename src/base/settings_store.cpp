@@ -103,8 +103,8 @@ Outcome<QString> SettingsStore::Change(const QString& file, const std::function<
     change(text);
     const QByteArray bytes = text.ToBytes();
     // One that is larger could not be read again.
-    if (AboveLimit(bytes, kSettingsLimit))
-        return Failure{QStringLiteral("il deviendrait trop grand pour être relu")};
+    if (const auto above = AboveLimit(bytes, kSettingsLimit))
+        return *above;
     auto written = ReplaceFile(file, bytes, Sharing::Account);
     if (!written)
         return written;

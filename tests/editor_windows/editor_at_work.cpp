@@ -76,7 +76,8 @@ int Resume(const QString& folder, const QString& workFile)
 int WriteOn(const QString& folder)
 {
     for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1)) {
-        if (!WriteEquationFile(folder, u"Serie.Equ"_s, QByteArray(200000, letter)).Succeeded())
+        if (!WriteEquationFile(folder, u"Serie.Equ"_s, (QByteArray(1998, letter) + "\r\n").repeated(100))
+                 .Succeeded())
             return 1;
         std::cout << "ready" << std::endl;
     }

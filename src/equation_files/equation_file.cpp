@@ -1,6 +1,7 @@
 #include "equation_files/equation_file.h"
 
 #include "base/file_access.h"
+#include "base/password_file.h"
 #include "base/shown_path.h"
 #include "base/whole_file.h"
 
@@ -97,7 +98,7 @@ Outcome<QByteArray> ReadEquationBytes(const QString& path)
     const auto file = OpenForReading(path, Links::Followed);
     if (!file)
         return file.Why();
-    if (file->Name().compare(u"MotDePasse.txt"_s, Qt::CaseInsensitive) == 0)
+    if (file->Name().compare(PasswordFileName(), Qt::CaseInsensitive) == 0)
         return Failure{u"ce n'est pas un fichier d'équations"_s};
     return ReadWholeFile(*file, kExerciseLimit);
 }

@@ -1,6 +1,7 @@
 #include "platform/qt_platform.h"
 
 #include "base/file_access.h"
+#include "base/file_stamp.h"
 #include "platform/trash_folder.h"
 
 #include <QDir>
@@ -13,16 +14,6 @@
 
 namespace stoikal {
 namespace {
-
-/// The volume that a path itself lies on, not what a link leads to.
-std::optional<dev_t> VolumeOf(const QString& path)
-{
-    struct stat status {
-    };
-    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
-        return std::nullopt;
-    return status.st_dev;
-}
 
 /// A volume's common trash is safe when nobody can take the folders of others away.
 bool IsSafeCommonTrash(const QString& path)
@@ -59,10 +50,11 @@ bool QtTrash::Move(const QString& path)
     const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (!QDir::isAbsolutePath(home) || !MakeFolders(home))
         return false;
-    const auto volume = VolumeOf(path);
-    if (!volume)
+    // Of a link, its own volume counts and not that of what it leads to.
+    const FileStamp file = StampOf(path);
+    if (!file.exists)
         return false;
-    const bool isAtHome = volume == VolumeOf(QFileInfo(home).canonicalFilePath());
+    const bool isAtHome = file.device == StampOf(QFileInfo(home).canonicalFilePath()).device;
     const QList<TrashFolder> folders
         = isAtHome ? QList{TrashFolder::OfUser(home + QStringLiteral("/Trash"))} : TrashOfVolume(path);
     for (const TrashFolder& folder : folders) {

@@ -27,6 +27,8 @@ output=$(python3 scripts/check_arrows.py)
 report "arrows" "$output" $?
 output=$(python3 scripts/check_pictures.py)
 report "pictures" "$output" $?
+output=$(python3 tests/mutants/planting_test.py 2>&1)
+report "planting of faults" "$output" $?
 absent "numbers are read and shown in one place" '\b(std::stod|std::stof|strtod|std::to_string|printf)\b|%L1' 'src/*.cpp' 'src/*.h'
 absent "message boxes in one place" '#include <QMessageBox>' 'src/*.cpp' 'src/*.h' ':!src/forms/messages.h' ':!src/forms/messages.cpp'
 absent "no silent toolkit assertions" '\b(QVERIFY2?|QCOMPARE|QTRY_[A-Z]+)\(' 'tests/*.cpp' 'tests/*.h'

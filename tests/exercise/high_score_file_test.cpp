@@ -7,13 +7,13 @@
 #include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
+#include "support/reachable_folder.h"
 #include "support/waiting_program.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ struct ScoreFolder {
     {
     }
 
-    QTemporaryDir folder;
+    ReachableFolder folder;
     QString name;
     QString path = name + u"/HighScore.txt"_s;
     QString temporaryPath = name + u"/HighScore_Temp.txt"_s;
@@ -53,6 +53,8 @@ struct ScoreFolder {
 
     void ExpectPathErrorAsOrdinaryUser()
     {
+        if (!folder.IsReachable())
+            GTEST_SKIP() << ReachableFolder::WhyNot();
         const AsOrdinaryUser user;
         ASSERT_TRUE(user.IsOrdinary());
         ExpectPathError();
@@ -341,6 +343,8 @@ TEST(HighScoreFile, LockOfAnotherProgramIsWaitedForTwoSecondsAtMost)
 TEST(HighScoreFile, NewFileOfASharedFolderIsOpenToItsAccounts)
 {
     ScoreFolder place;
+    if (!place.folder.IsReachable())
+        GTEST_SKIP() << ReachableFolder::WhyNot();
     ASSERT_TRUE(place.Allow(place.folder.path(), 0777));
 
     ASSERT_TRUE(place.file.Record(u"a.equ"_s, {u"N"_s, 20, 1}, u','));

@@ -6,10 +6,10 @@
 #include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
+#include "support/reachable_folder.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -46,7 +46,7 @@ protected:
         return read ? *read : u'!' + read.Reason();
     }
 
-    QTemporaryDir folder;
+    ReachableFolder folder;
     SessionState state;
     SettingsStore store;
     Settings settings{store, state.IniUtilisateur};
@@ -273,6 +273,8 @@ TEST_F(PasswordStoreTest, WhatIsNoFileIsNoEmptyPasswordAndIsNotWaitedFor)
 
 TEST_F(PasswordStoreTest, CommonFileThatAPupilMayOnlyReadIsThere)
 {
+    if (!folder.IsReachable())
+        GTEST_SKIP() << ReachableFolder::WhyNot();
     OnAShare();
     Put("sesame\r\n");
     ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
@@ -286,6 +288,8 @@ TEST_F(PasswordStoreTest, CommonFileThatAPupilMayOnlyReadIsThere)
 
 TEST_F(PasswordStoreTest, CommonFileThatAPupilMayNotReadIsAFailure)
 {
+    if (!folder.IsReachable())
+        GTEST_SKIP() << ReachableFolder::WhyNot();
     OnAShare();
     Put("sesame\r\n");
     ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);

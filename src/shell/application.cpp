@@ -16,12 +16,12 @@ Application::Application(int& argc, char** argv)
 
 bool Application::notify(QObject* receiver, QEvent* event)
 {
-    // While the last box is open, nothing but painting and its own keys goes on.
-    if (m_isEnding)
-        return QApplication::notify(receiver, event);
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {
+        // While the last box is open, it stays the last one: the program ends behind it.
+        if (m_isEnding)
+            return false;
         ReportCurrentException();
     }
 }

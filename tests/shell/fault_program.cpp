@@ -1,7 +1,7 @@
 // A whole program that meets a fault, for tests of what a fault does: it ends
 // the process, so a test can only look on from outside.
 //
-// Arguments: a folder, a case ("open", "vanish", "nested", "internal", "start",
+// Arguments: a folder, a case ("open", "vanish", "nested", "internal", "twice", "start",
 // "network") and, for a run, the coefficients of the first answer ("2,1,,2"). The folder
 // holds documents/Tovik_MARLEN/Stoikal/Serie1.Equ. On the standard output it
 // tells, as one line of JSON, what stands on the screen at each message box.
@@ -121,15 +121,25 @@ void Play(Shell& shell, const QString& name, const QString& coefficients)
         Say({{u"ranOn"_s, true}});
         return;
     }
-    if (name == u"internal"_s)
+    if (name == u"twice"_s)
+        QTimer::singleShot(0, [] { throw std::out_of_range("nothing at 8"); });
+    if (name == u"internal"_s || name == u"twice"_s)
         throw std::out_of_range("nothing at 7");
     shell.Files().Mnu_Open_Click(0);
     if (!coefficients.isEmpty())
         AnswerFirstEquation(shell, coefficients);
 }
 
+/// What a process does when it ends the usual way, taking itself down: after a fault
+/// nothing of it may run any more.
+void WatchForTheUsualEnd()
+{
+    std::atexit([] { Say({{u"ranOn"_s, true}}); });
+}
+
 int Run(int argc, char** argv)
 {
+    WatchForTheUsualEnd();
     Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QStringList arguments = QApplication::arguments();

@@ -234,6 +234,14 @@ TEST_F(ProgramWithAFault, RunsNothingOnBehindANestedLoop)
     EXPECT_FALSE(Shows(u"question"_s));
 }
 
+TEST_F(ProgramWithAFault, IsToldOnceWhateverElseFailsWhileItsBoxIsOpen)
+{
+    Run({u"H2+O2=H2O/2,1,2"_s}, u"twice"_s);
+
+    ExpectOneBoxAndTheEnd();
+    EXPECT_TRUE(Text().contains(u"erreur interne (nothing at 7)."_s)) << Text().toStdString();
+}
+
 TEST_F(ProgramWithAFault, EndsAtStartWhenTheJournalCannotBeOpened)
 {
     QDir().mkpath(journal);

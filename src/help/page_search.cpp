@@ -25,19 +25,6 @@ bool IsWithinLine(const QString& tag)
     return kTags.contains(tag.startsWith(u'/') ? tag.sliced(1) : tag);
 }
 
-/// The words around a place, cut between words.
-QString Excerpt(const QString& text, qsizetype place)
-{
-    qsizetype from = std::max<qsizetype>(0, place - kExcerptBefore);
-    if (from > 0)
-        from = std::min(place, text.indexOf(u' ', from) + 1);
-    qsizetype to = std::min(text.size(), from + kExcerptLength);
-    if (to < text.size())
-        to = std::max(place, text.lastIndexOf(u' ', to));
-    return (from > 0 ? u"… "_s : QString()) + text.sliced(from, to - from)
-        + (to < text.size() ? u" …"_s : QString());
-}
-
 } // namespace
 
 QString PageTitle(const QString& html)
@@ -76,6 +63,21 @@ QString PlainPageText(const QString& html)
     }
     // The no-break spaces of the typography count as blanks too.
     return text.simplified();
+}
+
+QString PageExcerpt(const QString& text, qsizetype place)
+{
+    qsizetype from = std::max<qsizetype>(0, place - kExcerptBefore);
+    if (from > 0) {
+        const qsizetype blank = text.indexOf(u' ', from);
+        from = blank < 0 || blank >= place ? place : blank + 1;
+    }
+    qsizetype to = std::min(text.size(), from + kExcerptLength);
+    // A word too long to stand there whole is cut all the same.
+    if (const qsizetype blank = text.lastIndexOf(u' ', to); to < text.size() && blank > place)
+        to = blank;
+    return (from > 0 ? u"… "_s : QString()) + text.sliced(from, to - from)
+        + (to < text.size() ? u" …"_s : QString());
 }
 
 void PageSearch::Clear()
@@ -132,7 +134,7 @@ std::vector<PageSearch::Hit> PageSearch::Find(const HelpFile& file, const QStrin
     std::vector<Hit> hits;
     hits.reserve(ranked.size());
     for (const Ranked& rank : ranked)
-        hits.push_back({rank.page->path, rank.page->title, Excerpt(rank.page->text, rank.first)});
+        hits.push_back({rank.page->path, rank.page->title, PageExcerpt(rank.page->text, rank.first)});
     return hits;
 }
 

@@ -13,6 +13,10 @@ QString PageTitle(const QString& html);
 /// What a page says, without its tags, one blank between two words.
 QString PlainPageText(const QString& html);
 
+/// The words around a place of a text, cut between words: from 40 characters before
+/// the place at most, 140 characters at most, with "…" where it is cut.
+QString PageExcerpt(const QString& text, qsizetype place);
+
 /// Finds the pages of a help file that hold some words. The texts are read once,
 /// by the first search.
 class PageSearch

@@ -31,6 +31,49 @@ std::map<QString, QByteArray> FilesByPeer(const QString& path)
     return files;
 }
 
+void PutNumber(QByteArray& bytes, qsizetype place, quint64 number, int size)
+{
+    for (int i = 0; i < size; ++i)
+        bytes[place + i] = static_cast<char>(number >> (8 * i));
+}
+
+/// A number in groups of 7 bits, the high group first.
+QByteArray PackedNumber(quint64 number)
+{
+    QByteArray bytes(1, static_cast<char>(number & 0x7FU));
+    while ((number >>= 7U) != 0)
+        bytes.prepend(static_cast<char>((number & 0x7FU) | 0x80U));
+    return bytes;
+}
+
+/// A help file of one page that is not packed: blanks of memory, as many as wished.
+void WriteArchiveOfOnePage(const QString& path, const QByteArray& name, qint64 length)
+{
+    constexpr int kFileHead = 0x60;
+    constexpr int kListHead = 0x54;
+    constexpr int kBlock = 0x1000;
+    constexpr int kData = kFileHead + kListHead + kBlock;
+    QByteArray bytes(kData, '\0');
+    bytes.replace(0, 4, "ITSF");
+    PutNumber(bytes, 4, 3, 4);
+    PutNumber(bytes, 0x48, kFileHead, 8);
+    PutNumber(bytes, 0x50, kListHead + kBlock, 8);
+    PutNumber(bytes, 0x58, kData, 8);
+    bytes.replace(kFileHead, 4, "ITSP");
+    PutNumber(bytes, kFileHead + 8, kListHead, 4);
+    PutNumber(bytes, kFileHead + 0x10, kBlock, 4);
+    PutNumber(bytes, kFileHead + 0x2C, 1, 4);
+    const QByteArray entry = PackedNumber(static_cast<quint64>(name.size())) + name + PackedNumber(0)
+        + PackedNumber(0) + PackedNumber(static_cast<quint64>(length));
+    constexpr int kEntries = 0x14;
+    bytes.replace(kFileHead + kListHead, 4, "PMGL");
+    PutNumber(bytes, kFileHead + kListHead + 4, static_cast<quint64>(kBlock - kEntries - entry.size()), 4);
+    bytes.replace(kFileHead + kListHead + kEntries, entry.size(), entry);
+    WriteBytes(path, bytes);
+    if (!QFile::resize(path, kData + length))
+        throw std::runtime_error("no room for " + path.toStdString());
+}
+
 } // namespace
 
 TEST(HelpArchive, UnpacksEveryFileAsThePeerDoes)
@@ -67,6 +110,27 @@ TEST(HelpArchive, TellsWhichPageIsMissing)
 
     ASSERT_FALSE(page);
     EXPECT_EQ(page.Reason(), u"La page /nulle_part.html n'existe pas dans ce fichier d'aide."_s);
+}
+
+TEST(HelpArchive, ShowsAPageOf16MegabytesAndNoneAbove)
+{
+    constexpr qint64 kLimit = 16 * 1024 * 1024;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"Aide.chm"_s);
+    WriteArchiveOfOnePage(path, "/page.html", kLimit);
+    const auto largest = HelpArchive::Open(path);
+    ASSERT_TRUE(largest);
+    const auto shown = (*largest)->Read(u"/page.html"_s);
+    ASSERT_TRUE(shown) << shown.Reason().toStdString();
+    EXPECT_EQ(shown->size(), kLimit);
+
+    WriteArchiveOfOnePage(path, "/page.html", kLimit + 1);
+    const auto tooLarge = HelpArchive::Open(path);
+    ASSERT_TRUE(tooLarge);
+    const auto refused = (*tooLarge)->Read(u"/page.html"_s);
+
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.Reason(), u"La page /page.html est trop grande pour être affichée."_s);
 }
 
 TEST(HelpArchive, TellsThatAFileCannotBeRead)

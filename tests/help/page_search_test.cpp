@@ -43,6 +43,47 @@ TEST(PlainPageText, KeepsFormulasWhole)
               u"L'eau H2O, un corps"_s);
 }
 
+TEST(PageExcerpt, IsTheWholeOfAShortText)
+{
+    EXPECT_EQ(PageExcerpt(u"Le fer est un métal."_s, 3), u"Le fer est un métal."_s);
+    EXPECT_EQ(PageExcerpt({}, 0), QString());
+}
+
+TEST(PageExcerpt, BeginsWithAWholeWordWithinFortyCharactersBeforeThePlace)
+{
+    // "mot " ten times is 40 characters: from the place at 80, 40 is the "m" of a word,
+    // and the next word begins at 44.
+    const QString text = u"mot "_s.repeated(20) + u"fer"_s;
+
+    EXPECT_EQ(PageExcerpt(text, 80), u"… "_s + u"mot "_s.repeated(9) + u"fer"_s);
+    // At 79, a blank, a word may begin behind it: 40, ten words before the place.
+    EXPECT_EQ(PageExcerpt(text, 79), u"… "_s + u"mot "_s.repeated(10) + u"fer"_s);
+    // Nothing is cut where the place is 40 characters from the beginning.
+    EXPECT_EQ(PageExcerpt(text, 40), text);
+}
+
+TEST(PageExcerpt, BeginsWithThePlaceItselfBehindALongWord)
+{
+    EXPECT_EQ(PageExcerpt(u"mot "_s + u"x"_s.repeated(60) + u"fer"_s, 64), u"… fer"_s);
+    EXPECT_EQ(PageExcerpt(u"mot "_s + u"x"_s.repeated(60) + u"-fer au"_s, 65), u"… fer au"_s);
+}
+
+TEST(PageExcerpt, EndsWithAWholeWordWithin140Characters)
+{
+    // 140 characters are 35 times "mot "; the last of them is the blank behind a word.
+    const QString text = u"mot "_s.repeated(60);
+
+    EXPECT_EQ(PageExcerpt(text, 0), u"mot "_s.repeated(34) + u"mot …"_s);
+    EXPECT_EQ(PageExcerpt(u"mot "_s.repeated(35).chopped(1), 0), u"mot "_s.repeated(35).chopped(1));
+    EXPECT_EQ(PageExcerpt(u"x"_s + text, 0), u"x"_s + u"mot "_s.repeated(34) + u"mot …"_s);
+    EXPECT_EQ(PageExcerpt(u"xy"_s + text, 0), u"xy"_s + u"mot "_s.repeated(33) + u"mot …"_s);
+}
+
+TEST(PageExcerpt, CutsAWordThatIsTooLong)
+{
+    EXPECT_EQ(PageExcerpt(u"le "_s + u"x"_s.repeated(200), 3), u"le "_s + u"x"_s.repeated(137) + u" …"_s);
+}
+
 TEST(PageSearch, FindsPagesThatHoldEveryWord)
 {
     const auto file = OpenedHelp(ShippedHelpFiles().at(1));

@@ -1,6 +1,8 @@
 #include "base/file_lock.h"
 
+#include "support/ordinary_user.h"
 #include "support/qt_printers.h"
+#include "support/reachable_folder.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -11,12 +13,30 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How another program that does this ends.
+int ExitCodeOf(const std::function<void()>& work)
+{
+    const pid_t program = ::fork();
+    if (program == 0) {
+        work();
+        ::_exit(0);
+    }
+    int status = 0;
+    return ::waitpid(program, &status, 0) == program && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+} // namespace
 
 TEST(FileLock, StandsBesideTheFileWhileItLives)
 {
@@ -71,6 +91,29 @@ TEST(FileLock, FileLeftByAProgramThatDiedHoldsNobodyOff)
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
     left.close();
 
+    EXPECT_TRUE(FileLock(path, 0).IsHeld());
+}
+
+TEST(FileLock, LeftByAnotherAccountOfASharedFolderHoldsNobodyOff)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only the superuser can be two accounts";
+    const ReachableFolder place;
+    if (!place.IsReachable())
+        GTEST_SKIP() << ReachableFolder::WhyNot();
+    ASSERT_EQ(::chmod(QFile::encodeName(place.path()).constData(), 0777), 0);
+    const QString path = place.filePath(u"shared.txt"_s);
+    const auto dieWithTheLock = [&path] {
+        ::umask(077); // An account that keeps its files to itself.
+        const AsOrdinaryUser first(65534);
+        const FileLock lock(path, 0);
+        ::_exit(first.IsOrdinary() && lock.IsHeld() ? 0 : 1); // It takes nothing away any more.
+    };
+    ASSERT_EQ(ExitCodeOf(dieWithTheLock), 0);
+    ASSERT_TRUE(QFile::exists(path + u".lock"_s));
+
+    const AsOrdinaryUser second(65533);
+    ASSERT_TRUE(second.IsOrdinary());
     EXPECT_TRUE(FileLock(path, 0).IsHeld());
 }
 

@@ -75,4 +75,39 @@ TEST(EndLabels, ALineThatEndsWithinTheNameCountsToo)
     EXPECT_EQ(places.at(0).value(), QRectF(105, 150, 30, 16));
 }
 
+TEST(EndLabels, GiveWayByTheirHeightAtMost)
+{
+    // The one line keeps a name from rising, the other from standing at the end's
+    // height and from sinking by 4, 8 and 12: 154 to 170 still holds 157.
+    const std::vector<QLineF> lines{QLineF(102, 141, 300, 141), QLineF(102, 157, 300, 157)};
+
+    EXPECT_EQ(PlaceEndLabels({At(100, 150)}, lines, kRoom).at(0).value(), QRectF(105, 158, 30, 16));
+
+    // Two pixels lower it would have to sink by 20, more than it is high: left of the end.
+    const std::vector<QLineF> wider{QLineF(102, 141, 300, 141), QLineF(102, 159, 300, 159)};
+    EXPECT_EQ(PlaceEndLabels({At(100, 150)}, wider, kRoom).at(0).value(), QRectF(105, 142, 30, 16));
+    const std::vector<QLineF> three{QLineF(102, 141, 300, 141), QLineF(102, 150, 300, 150),
+                                    QLineF(102, 159, 300, 159)};
+    EXPECT_EQ(PlaceEndLabels({At(100, 150)}, three, kRoom).at(0).value(), QRectF(65, 132, 30, 16));
+}
+
+TEST(EndLabels, StandInFrontOfTheEndBelowItWhereAboveIsTaken)
+{
+    // Behind the end a line passes from top to bottom; in front a short one lies above.
+    const std::vector<QLineF> lines{QLineF(110, 0, 111, 300), QLineF(70, 140, 80, 141)};
+
+    // 2 pixels below the end's height.
+    EXPECT_EQ(PlaceEndLabels({At(100, 150)}, lines, kRoom).at(0).value(), QRectF(65, 152, 30, 16));
+}
+
+TEST(EndLabels, WithoutAPlaceHinderNoOther)
+{
+    const std::vector<QLineF> bars{QLineF(108, 0, 108, 300), QLineF(92, 0, 92, 300)};
+
+    const auto places = PlaceEndLabels({At(100, 150), At(300, 50)}, bars, kRoom);
+
+    EXPECT_FALSE(places.at(0).has_value());
+    EXPECT_EQ(places.at(1).value(), QRectF(305, 42, 30, 16));
+}
+
 } // namespace stoikal

@@ -57,7 +57,8 @@ TEST(IsMolarMassRight, IncludesTheLimit)
     EXPECT_TRUE(IsMolarMassRight(50, 49)); // 1 / 50
     EXPECT_TRUE(IsMolarMassRight(50, 51));
     EXPECT_TRUE(IsMolarMassRight(0.1, 0.102)); // 0.002 / 0.1, a binary rest above 2 %
-    EXPECT_FALSE(IsMolarMassRight(50, 48.9));
+    EXPECT_FALSE(IsMolarMassRight(50, 48.98)); // 1.02 / 50 = 2.04 %
+    EXPECT_FALSE(IsMolarMassRight(50, 51.02));
 }
 
 TEST(IsMolarMassRight, RefusesAnythingForASpeciesWithoutMass)
@@ -93,6 +94,8 @@ TEST(IsAmountRight, IncludesTheLimit)
     EXPECT_TRUE(IsAmountRight(1.05, 1)); // in binary fractions 1.05 - 1 is above 0.05
     EXPECT_TRUE(IsAmountRight(0.525, 0.5));
     EXPECT_TRUE(IsAmountRight(0.95, 1));
+    EXPECT_FALSE(IsAmountRight(1.0501, 1)); // 5.01 %
+    EXPECT_FALSE(IsAmountRight(0.9499, 1));
 }
 
 TEST(IsAmountRight, IsAbsoluteForATrueValueOfZero)
@@ -100,7 +103,7 @@ TEST(IsAmountRight, IsAbsoluteForATrueValueOfZero)
     EXPECT_TRUE(IsAmountRight(0, 0));
     EXPECT_TRUE(IsAmountRight(0.04, 0));
     EXPECT_TRUE(IsAmountRight(0.05, 0));
-    EXPECT_FALSE(IsAmountRight(0.06, 0));
+    EXPECT_FALSE(IsAmountRight(0.0501, 0));
 }
 
 TEST(IsQuantityRight, AllowsFivePercentOfTheTrueValue)
@@ -110,6 +113,13 @@ TEST(IsQuantityRight, AllowsFivePercentOfTheTrueValue)
     EXPECT_TRUE(IsQuantityRight(9.5, 10));
     EXPECT_FALSE(IsQuantityRight(9.4, 10));
     EXPECT_FALSE(IsQuantityRight(0, 10));
+}
+
+TEST(IsQuantityRight, IncludesTheLimit)
+{
+    EXPECT_TRUE(IsQuantityRight(1.05, 1)); // in binary fractions 1.05 - 1 is above 0.05
+    EXPECT_FALSE(IsQuantityRight(1.0501, 1)); // 5.01 %
+    EXPECT_FALSE(IsQuantityRight(0.9499, 1));
 }
 
 TEST(IsQuantityRight, CannotBeToldForATrueValueOfZero)

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
@@ -179,6 +180,24 @@ TEST_F(Preferences, ArrangeTheAtomWindowsAtOnce)
 
     Push("optAffichage(0)");
     EXPECT_EQ(PlaceOfChild("frmReactif").top(), PlaceOfChild("frmProduit").top());
+}
+
+TEST_F(Preferences, ShareTheUsableAreaBetweenTheAtomWindows)
+{
+    OpenFile({kSilver});
+    // What is usable of a screen of 1024 pixels is 1024 * 15 - 50 twips: 1021 pixels; the
+    // height is what the menu leaves.
+    const int height = shell->MainWindow().Area().viewport()->height();
+    ASSERT_GE(shell->MainWindow().Area().viewport()->width(), 1021);
+
+    EXPECT_EQ(PlaceOfChild("frmReactif"), QRect(0, 0, 510, height));
+    EXPECT_EQ(PlaceOfChild("frmProduit"), QRect(510, 0, 510, height));
+
+    Choose("Mnu_Pref");
+    Push("optAffichage(1)");
+    // A gap of 10 twips is a pixel.
+    EXPECT_EQ(PlaceOfChild("frmReactif"), QRect(0, 0, 1020, height / 2 - 1));
+    EXPECT_EQ(PlaceOfChild("frmProduit"), QRect(0, height / 2, 1020, height / 2 - 1));
 }
 
 TEST_F(Preferences, ArrangeWithoutAtomsWhereTheyAreHidden)

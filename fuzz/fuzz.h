@@ -4,7 +4,9 @@
 #include "base/text_lines.h"
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
+#include <QTemporaryDir>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -16,6 +18,21 @@ namespace stoikal::fuzz {
 inline QString LineOf(const std::uint8_t* data, size_t size)
 {
     return DecodeLine(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+}
+
+/// A file that holds the fuzzer's bytes, in a folder that goes with the process. The
+/// fuzzer does its work in one thread: there is one such file at a time.
+inline QString FileOf(const std::uint8_t* data, size_t size, const QString& name)
+{
+    static const QTemporaryDir kFolder;
+    const QString path = kFolder.filePath(name);
+    QFile file(path);
+    const auto bytes = static_cast<qint64>(size);
+    if (!file.open(QIODevice::WriteOnly) || file.write(reinterpret_cast<const char*>(data), bytes) != bytes) {
+        std::cerr << "no room for the fuzzer's file\n";
+        std::abort();
+    }
+    return path;
 }
 
 /// What holds for every input. A breach ends the target, as a crash would.

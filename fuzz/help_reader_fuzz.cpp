@@ -3,20 +3,11 @@
 #include "help/help_file.h"
 #include "help/page_search.h"
 
-#include <QTemporaryDir>
-
 using namespace stoikal;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 {
-    static const QTemporaryDir kFolder;
-    const QString path = kFolder.filePath(QStringLiteral("Aide.chm"));
-    const auto bytes = static_cast<qint64>(size);
-    QFile written(path);
-    fuzz::Require(written.open(QIODevice::WriteOnly)
-                      && written.write(reinterpret_cast<const char*>(data), bytes) == bytes,
-                  "the file can be written");
-    written.close();
+    const QString path = fuzz::FileOf(data, size, QStringLiteral("Aide.chm"));
     const auto archive = HelpArchive::Open(path);
     fuzz::Require(archive || !archive.Reason().isEmpty(), "what cannot be opened says why");
     if (archive) {

@@ -23,13 +23,29 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kLongMs = 200;
 constexpr int kDiaryLength = 40;
+constexpr int kShortestPauseMs = 10;
+constexpr int kLongestPauseMs = 400;
+constexpr int kLongestWaitMs = 20'000;
 
 QString NameOf(const QObject& object)
 {
     const QString kind = QString::fromLatin1(object.metaObject()->className());
     return object.objectName().isEmpty() ? kind : kind + u' ' + object.objectName();
+}
+
+/// The names of an object and of all that it stands in.
+QString PathOf(const QObject& object)
+{
+    return (object.parent() == nullptr ? QString() : PathOf(*object.parent())) + u'/' + NameOf(object);
+}
+
+/// A child window bears the name of what it holds.
+QString NameOfWindow(const QWidget& window)
+{
+    const auto* const child = qobject_cast<const QMdiSubWindow*>(&window);
+    return child != nullptr && child->widget() != nullptr ? child->widget()->objectName()
+                                                          : window.objectName();
 }
 
 bool IsControl(const QWidget& widget)
@@ -57,8 +73,9 @@ bool TakesFocus(QWidget& widget)
 
 } // namespace
 
-Monkey::Monkey(Dice& dice)
+Monkey::Monkey(Dice& dice, double limitMs)
     : m_dice(dice)
+    , m_limitMs(limitMs)
 {
 }
 
@@ -67,7 +84,7 @@ void Monkey::Begin(Shell& shell, int lastAction)
     m_shell = &shell;
     m_last = lastAction;
     ++m_generation;
-    m_sinceTurn.invalidate();
+    m_turnBegan.reset();
     Post();
 }
 
@@ -95,23 +112,26 @@ void Monkey::TakeTurn(int generation)
     ++m_done;
     // Before the action: it may open a modal window, in which the monkey acts on.
     Post();
-    m_sinceTurn.start();
+    m_turnBegan = virtual_time::ProcessorMs();
+    // From a key to the next, or to a look at what the program says.
+    virtual_time::Advance(kShortestPauseMs + m_dice.Below(kLongestPauseMs));
     Act();
 }
 
 void Monkey::NoteDelay()
 {
-    if (!m_sinceTurn.isValid())
+    if (!m_turnBegan)
         return;
-    const double ms = static_cast<double>(m_sinceTurn.nsecsElapsed()) / 1e6;
+    const double ms = virtual_time::ProcessorMs() - *m_turnBegan;
     m_longestMs = std::max(m_longestMs, ms);
-    if (ms > kLongMs)
+    if (ms > m_limitMs)
         m_delays.push_back({ms, m_diary.value(m_diary.size() - 1)});
 }
 
 void Monkey::Note(const QString& action)
 {
     m_diary << u"%1: %2"_s.arg(Done()).arg(action);
+    AddToDigest(m_diary.last());
     if (m_diary.size() > kDiaryLength)
         m_diary.removeFirst();
 }
@@ -236,8 +256,8 @@ QList<QWidget*> Monkey::Windows() const
         }
     }
     // The order of the application's own list hangs on addresses.
-    std::sort(windows.begin(), windows.end(), [](const QWidget* a, const QWidget* b) {
-        return std::pair(a->objectName(), a->windowTitle()) < std::pair(b->objectName(), b->windowTitle());
+    std::stable_sort(windows.begin(), windows.end(), [](const QWidget* a, const QWidget* b) {
+        return std::pair(NameOfWindow(*a), a->windowTitle()) < std::pair(NameOfWindow(*b), b->windowTitle());
     });
     return windows;
 }
@@ -248,9 +268,7 @@ QWidget* Monkey::SomeWindow()
     if (windows.isEmpty())
         return nullptr;
     QWidget* const window = windows.at(m_dice.Below(windows.size()));
-    auto* const child = qobject_cast<QMdiSubWindow*>(window);
-    const QString name = child != nullptr && child->widget() != nullptr ? child->widget()->objectName()
-                                                                        : window->objectName();
+    const QString name = NameOfWindow(*window);
     if (!name.isEmpty() && !m_seen.contains(name))
         m_seen << name;
     return window;
@@ -433,10 +451,14 @@ void Monkey::LetTimePass()
                 timers << timer;
         }
     }
-    if (timers.isEmpty())
+    if (timers.isEmpty() || m_dice.Percent(50)) {
+        const int ms = m_dice.Below(kLongestWaitMs);
+        Note(u"waits %1 ms"_s.arg(ms));
+        virtual_time::Advance(ms);
         return;
-    std::sort(timers.begin(), timers.end(),
-              [](const QTimer* a, const QTimer* b) { return a->objectName() < b->objectName(); });
+    }
+    std::stable_sort(timers.begin(), timers.end(),
+                     [](const QTimer* a, const QTimer* b) { return PathOf(*a) < PathOf(*b); });
     QTimer* const timer = timers.at(m_dice.Below(timers.size()));
     Note(u"waits for %1"_s.arg(timer->objectName()));
     Tick(*timer);

@@ -2,12 +2,13 @@
 
 #include "monkey_desk.h"
 
-#include <QElapsedTimer>
+#include <QCryptographicHash>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
 #include <atomic>
+#include <optional>
 
 class QAction;
 class QLineEdit;
@@ -19,8 +20,9 @@ class Shell;
 /// Sits at the program's windows and does one thing after another that a person
 /// could do: clicks and keys on what is visible, enabled and not covered, menu
 /// entries that can be chosen, windows closed by their cross, time that passes. It
-/// has its turn in every event loop, so it also answers modal windows. It judges
-/// nothing; it keeps how long each action held the program up.
+/// has its turn in every event loop, so it also answers modal windows. Between two
+/// actions a moment passes, by the dice. It judges nothing; it keeps how much processor
+/// time each action took.
 class Monkey final : public QObject
 {
     Q_OBJECT
@@ -33,7 +35,8 @@ public:
         QString action;
     };
 
-    explicit Monkey(Dice& dice);
+    /// An action that takes longer than the limit, in processor time, is a delay.
+    Monkey(Dice& dice, double limitMs);
 
     /// Acts on this shell from now on, until so many actions are done altogether.
     void Begin(Shell& shell, int lastAction);
@@ -41,11 +44,15 @@ public:
     void End();
 
     int Done() const { return m_done; }
-    /// Actions that held the program up for more than 200 ms.
+    /// Actions that took more than the limit.
     const QList<Delay>& Delays() const { return m_delays; }
     double LongestMs() const { return m_longestMs; }
     /// What it did last, the newest at the end; for the one who looks for a fault.
     const QStringList& Diary() const { return m_diary; }
+    /// One number for all actions so far: runs that do the same have the same.
+    QByteArray Digest() const { return m_digest.result().toHex().first(16); }
+    /// Makes a state part of that number.
+    void AddToDigest(const QString& state) { m_digest.addData(state.toUtf8()); }
     /// The names of all windows that it has seen.
     const QStringList& Seen() const { return m_seen; }
 
@@ -86,7 +93,9 @@ private:
     int m_generation = 0;
     std::atomic<int> m_done = 0; ///< a watchdog looks at it from beside
     int m_last = 0;
-    QElapsedTimer m_sinceTurn;
+    double m_limitMs;
+    std::optional<double> m_turnBegan; ///< processor time at the last turn
+    QCryptographicHash m_digest{QCryptographicHash::Sha1};
     double m_longestMs = 0;
     QList<Delay> m_delays;
     QStringList m_diary;

@@ -5,21 +5,51 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <fcntl.h>
+#include <stdexcept>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace stoikal {
 
 using namespace Qt::StringLiterals;
 
-MonkeyDesk::MonkeyDesk(Dice& dice)
-    : m_dice(dice)
+RunFolder::RunFolder()
 {
-    for (const QString& folder : {CommonAppData(), CommonDocuments(), Cache()})
-        QDir().mkpath(folder);
+    const QString place = QStringLiteral(STOIKAL_MONKEY_DIR);
+    QDir().mkpath(place);
+    for (int number = 1; m_lock < 0; ++number) {
+        m_path = place + u"/run%1"_s.arg(number);
+        // The lock goes with the process, however it ends; what it left lies there still.
+        const int lock = ::open(QFile::encodeName(m_path + u".lock"_s).constData(),
+                                O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+        if (lock < 0)
+            throw std::runtime_error("no folder for the run in " + place.toStdString());
+        if (::flock(lock, LOCK_EX | LOCK_NB) == 0)
+            m_lock = lock;
+        else
+            ::close(lock);
+    }
+}
+
+RunFolder::~RunFolder()
+{
+    QDir(m_path).removeRecursively();
+    ::close(m_lock);
+}
+
+MonkeyDesk::MonkeyDesk(Dice& dice, const QString& folder)
+    : m_dice(dice)
+    , m_folder(folder)
+{
+    QDir(folder).removeRecursively();
+    for (const QString& made : {CommonAppData(), CommonDocuments(), Cache()})
+        QDir().mkpath(made);
 }
 
 Platform MonkeyDesk::Doors()
 {
-    return {m_clock, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this};
+    return {*this, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this, *this};
 }
 
 QString MonkeyDesk::EquationFolder() const

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/doors.h"
-#include "platform/qt_platform.h"
+#include "virtual_time.h"
 
-#include <QTemporaryDir>
+#include <QDateTime>
 #include <random>
 
 namespace stoikal {
@@ -28,9 +28,27 @@ private:
     std::mt19937 m_engine;
 };
 
-/// A desktop on which a monkey can do no harm: clocks are real, folders are its
+/// The folder that a run has to itself. It has the same name each time, since paths
+/// stand in texts and texts move windows; a second run at the same time takes the next.
+class RunFolder
+{
+public:
+    RunFolder();
+    ~RunFolder();
+    RunFolder(const RunFolder&) = delete;
+    RunFolder& operator=(const RunFolder&) = delete;
+
+    const QString& Path() const { return m_path; }
+
+private:
+    QString m_path;
+    int m_lock = -1;
+};
+
+/// A desktop on which a monkey can do no harm: time is the monkey's, folders are its
 /// own, and nothing leads out of the program.
-class MonkeyDesk final : private Folders,
+class MonkeyDesk final : private Clock,
+                         private Folders,
                          private UserAccount,
                          private Regional,
                          private Screen,
@@ -44,19 +62,23 @@ class MonkeyDesk final : private Folders,
                          private Trash
 {
 public:
-    explicit MonkeyDesk(Dice& dice);
+    /// The folder is emptied.
+    MonkeyDesk(Dice& dice, const QString& folder);
 
     Platform Doors();
     /// Where the equation files, the journal and the high scores live.
     QString EquationFolder() const;
 
 private:
-    QString CommonAppData() const override { return m_folder.filePath(QStringLiteral("app")); }
-    QString CommonDocuments() const override { return m_folder.filePath(QStringLiteral("documents")); }
+    std::int64_t Counter() const override { return virtual_time::Nanoseconds(); }
+    std::int64_t CountsPerSecond() const override { return 1'000'000'000; }
+    QDateTime Now() const override { return QDateTime::currentDateTime(); }
+    QString CommonAppData() const override { return m_folder + QStringLiteral("/app"); }
+    QString CommonDocuments() const override { return m_folder + QStringLiteral("/documents"); }
     QString Program() const override { return QStringLiteral(STOIKAL_HELP_DIR); }
     QStringList SeedFiles() const override;
     QString NetworkRoot() const override { return {}; }
-    QString Cache() const override { return m_folder.filePath(QStringLiteral("cache")); }
+    QString Cache() const override { return m_folder + QStringLiteral("/cache"); }
     QString LoginName() const override { return QStringLiteral("singe"); }
     QString RealName() const override { return QStringLiteral("Un singe"); }
     QChar DecimalSeparator() const override { return QLatin1Char(','); }
@@ -81,8 +103,7 @@ private:
     bool Move(const QString& path) override;
 
     Dice& m_dice;
-    QTemporaryDir m_folder;
-    QtClock m_clock;
+    QString m_folder;
     bool m_calculatorRuns = false;
 };
 

@@ -46,7 +46,7 @@ QString FrenchReason(const QString& systemReason)
         {EBUSY, QStringLiteral("le fichier est occupé")},
         {EDQUOT, QStringLiteral("la place allouée sur le disque est épuisée")},
         {EEXIST, QStringLiteral("le nom est déjà pris")},
-        {EFBIG, QStringLiteral("le fichier est trop grand")},
+        {EFBIG, QStringLiteral("le fichier a atteint la taille permise")},
         {EHOSTDOWN, QStringLiteral("le serveur ne répond pas")},
         {EHOSTUNREACH, QStringLiteral("le serveur ne répond pas")},
         {EIO, QStringLiteral("le disque ou le partage ne répond pas")},

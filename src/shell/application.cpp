@@ -1,6 +1,7 @@
 #include "shell/application.h"
 
 #include "base/fatal_fault.h"
+#include "base/full_disk.h"
 #include "equation_files/equation_line.h"
 
 #include <QTimer>
@@ -12,6 +13,7 @@ namespace stoikal {
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv)
 {
+    TreatFileSizeLimitAsFullDisk();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event)

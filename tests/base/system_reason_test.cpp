@@ -36,6 +36,11 @@ TEST(SystemReason, ShareThatWentIsToldInFrench)
     EXPECT_EQ(FrenchReason(OfSystem(EROFS)), u"le disque est en lecture seule"_s);
 }
 
+TEST(SystemReason, FileThatMayGrowNoMoreIsToldInFrench)
+{
+    EXPECT_EQ(FrenchReason(EFBIG), u"le fichier a atteint la taille permise"_s);
+}
+
 TEST(SystemReason, ToolkitsOwnWordsAreToldInFrenchToo)
 {
     EXPECT_EQ(FrenchReason(u"Permission denied"_s), u"l'accès est refusé"_s);

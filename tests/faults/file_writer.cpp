@@ -9,6 +9,7 @@
 // "step" writes so for each further line of the input, and tells "done" each time.
 
 #include "balancing/equation_search.h"
+#include "base/full_disk.h"
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "editor/equation_file_io.h"
@@ -167,6 +168,7 @@ const QHash<QString, Change>& Kinds()
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    TreatFileSizeLimitAsFullDisk();
     QStringList arguments = QCoreApplication::arguments().sliced(1);
     const bool isMany = arguments.value(0) == u"many"_s;
     const bool isStep = arguments.value(0) == u"step"_s;

@@ -88,10 +88,10 @@ class Case:
         def set_limit():
             resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit))
 
-        # A file that grows over the limit gets the bytes up to it; Python lets the
-        # signal that goes with it be ignored.
+        # A file that grows over the limit gets the bytes up to it. The signal that goes
+        # with it comes as to any program: that it does not end this one is its own affair.
         return subprocess.run([*before, str(WRITER), self.kind, str(folder), text or self.text], env=ENVIRONMENT,
-                              input=b"\n", capture_output=True, timeout=PATIENCE, check=False, restore_signals=False,
+                              input=b"\n", capture_output=True, timeout=PATIENCE, check=False,
                               preexec_fn=None if limit is None else set_limit)
 
     def calls(self):

@@ -9,7 +9,9 @@
 #include <QJsonObject>
 #include <QLabel>
 #include <QProcess>
+#include <csignal>
 #include <memory>
+#include <sys/resource.h>
 
 namespace stoikal {
 
@@ -32,6 +34,7 @@ protected:
     {
         WriteTextFile(file, lines);
         QProcess program;
+        program.setChildProcessModifier(beforeItStarts);
         program.start(QStringLiteral(STOIKAL_FAULT_PROGRAM), {folder.path(), name, coefficients});
         ASSERT_TRUE(program.waitForFinished(60000));
         status = program.exitStatus();
@@ -69,7 +72,16 @@ protected:
                 u"Jour et Heure :05/03/2016 14:07:12"_s, Hyphens()};
     }
 
+    /// The user has chosen a kind of files before, so that the program need not ask.
+    void StoreKindOfFiles() const
+    {
+        const QString own = folder.filePath(u"appdata/Tovik_MARLEN/Stoikal"_s);
+        QDir().mkpath(own);
+        WriteTextFile(own + u"/ConfEQU_dupont.ini"_s, {u"[Options]"_s, u"Files by default=EQU"_s});
+    }
+
     QTemporaryDir folder;
+    std::function<void()> beforeItStarts; ///< in the process that becomes the program
     const QString equations = folder.filePath(u"documents/Tovik_MARLEN/Stoikal"_s);
     const QString file = equations + u"/Serie1.Equ"_s;
     const QString journal = equations + u"/Resultat.txt"_s;
@@ -268,6 +280,28 @@ TEST_F(ProgramWithAFault, EndsAtStartWithoutTheDepositFolder)
     EXPECT_TRUE(Text().contains(folder.filePath(u"share/Classe3/"_s))) << Text().toStdString();
     EXPECT_TRUE(Text().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s));
     EXPECT_TRUE(Text().contains(own + u"/ConfEQU_dupont.ini"_s));
+}
+
+TEST_F(ProgramWithAFault, IsNotEndedByTheSystemWhereFilesMayNotGrow)
+{
+    StoreKindOfFiles();
+    beforeItStarts = [] {
+        // As a login starts a program, whatever this process does with the signal.
+        std::signal(SIGXFSZ, SIG_DFL);
+        const rlimit none{0, 0};
+        setrlimit(RLIMIT_FSIZE, &none);
+    };
+
+    // The second line is reached only by a program that goes on after the first.
+    Run({u"H2+O2=H2O/2,1,2"_s, u"H2 + O2"_s}, u"open"_s, u"2,1,,2"_s);
+
+    EXPECT_EQ(status, QProcess::NormalExit);
+    ASSERT_EQ(boxes.size(), 2U) << errors.toStdString();
+    EXPECT_TRUE(Text().startsWith(u"Le fichier des résultats ne peut pas être complété"_s))
+        << Text().toStdString();
+    EXPECT_TRUE(Text().contains(journal)) << Text().toStdString();
+    EXPECT_TRUE(boxes[1].value(u"text"_s).toString().contains(u"Ligne 2\u00A0: H2 + O2\n"_s));
+    EXPECT_EQ(TextOfFile(journal), QString());
 }
 
 TEST_F(FullDisk, IsToldOnceAndTheRunGoesOn)

@@ -1,18 +1,20 @@
 #pragma once
 
+#include "base/full_disk.h"
+
 #include <QFile>
 #include <algorithm>
-#include <csignal>
 #include <stdexcept>
 #include <sys/resource.h>
 
 namespace stoikal {
 
 /// From now on files of this process cannot grow past a size: the system cuts
-/// the write that crosses it and refuses the next. RLIM_INFINITY lifts it.
+/// the write that crosses it and refuses the next. RLIM_INFINITY lifts it. A test
+/// program has no Application, which would see to it that the system does not end it.
 inline void LimitFileSize(rlim_t bytes)
 {
-    std::signal(SIGXFSZ, SIG_IGN);
+    TreatFileSizeLimitAsFullDisk();
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
     limit.rlim_cur = std::min(bytes, limit.rlim_max);

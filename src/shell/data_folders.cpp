@@ -150,10 +150,12 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
     if (QFileInfo::exists(folder))
         return folder;
     MakeFolders(QFileInfo(folder).absolutePath());
-    constexpr int kLockWaitMs = 2000;
+    // Another start may be filling it, from a slow disk.
+    constexpr int kLockWaitMs = 5000;
     const FileLock lock(folder, kLockWaitMs);
     if (!lock.IsHeld())
-        return Failure{u"le dossier qui doit le contenir ne peut pas être écrit"_s};
+        return Failure{lock.IsBusy() ? lock.Reason()
+                                     : u"le dossier qui doit le contenir ne peut pas être écrit"_s};
     // Filled under another name: a start that is cut short leaves no folder that
     // would pass for the whole one, and the next start begins again.
     const QString growing = folder + u".nouveau"_s;

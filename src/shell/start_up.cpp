@@ -11,6 +11,7 @@
 #include "shell/password_store.h"
 #include "shell/product.h"
 #include "shell/session.h"
+#include "shell/shared_folders.h"
 #include "shell/version_check.h"
 #include "shell/windows/frm_depot.h"
 #include "shell/windows/frm_splash.h"
@@ -23,6 +24,8 @@
 #include <QPixmap>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace stoikal {
@@ -64,7 +67,9 @@ void StartUp::Run()
     m_steps << QStringLiteral("data folders");
     FindJournal();
     m_steps << QStringLiteral("journal");
+    SweepLeftFiles(state, m_session.desktop.folders.Cache());
     OpenJournal();
+    ReportFoldersWithoutLocks();
     m_steps << QStringLiteral("splash");
     ShowSplash();
     m_steps << QStringLiteral("tip");
@@ -229,6 +234,24 @@ void StartUp::ReportTornJournal()
                        "La suite sera écrite sur une ligne à part. Prévenez votre professeur\u00A0: "
                        "la dernière réponse d'avant la coupure peut manquer.")
             .arg(ShownPath(m_session.journal.Path())));
+}
+
+void StartUp::ReportFoldersWithoutLocks()
+{
+    const QStringList folders = FoldersWithoutLocks(m_session.state);
+    if (folders.isEmpty())
+        return;
+    QStringList shown;
+    std::transform(folders.begin(), folders.end(), std::back_inserter(shown), ShownPath);
+    m_session.messages.Warning(
+        &m_mainWindow, QStringLiteral("Stoikal"),
+        QStringLiteral(
+            "Ce disque ou ce partage ne permet pas de réserver un fichier pendant qu'il est écrit\u00A0:\n"
+            "%1\n\n"
+            "Les réglages et les records y sont enregistrés sans cette protection\u00A0: si deux "
+            "programmes écrivent au même instant, un des deux enregistrements peut se perdre. "
+            "Prévenez la personne qui s'occupe de ce poste.")
+            .arg(shown.join(QLatin1Char('\n'))));
 }
 
 void StartUp::ShowSplash()

@@ -39,6 +39,7 @@ private:
     QString NetworkJournal();
     void OpenJournal();
     void ReportTornJournal();
+    void ReportFoldersWithoutLocks();
     void ShowSplash();
     void ShowTip();
     void PresetBubbles();

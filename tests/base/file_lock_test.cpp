@@ -3,11 +3,13 @@
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 #include "support/reachable_folder.h"
+#include "support/shared_folder.h"
 
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
+#include <atomic>
 #include <chrono>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -157,6 +159,60 @@ TEST(FileLock, QueueThatMovesOnIsWaitedFor)
     others.join();
 
     EXPECT_TRUE(lock.IsHeld());
+}
+
+TEST(FileLock, HoldersThatChangeWithoutEndAreWaitedForFiveSecondsAtMost)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"shared.txt"_s);
+    const int descriptor = ::open(QFile::encodeName(path + u".lock"_s).constData(), O_RDWR | O_CREAT, 0666);
+    ASSERT_EQ(::flock(descriptor, LOCK_EX), 0);
+    std::atomic<bool> goesOn = true;
+    std::thread others([&] {
+        for (std::int32_t holder = 1; goesOn; ++holder) {
+            if (::pwrite(descriptor, &holder, sizeof holder, 0) != ssize_t{sizeof holder})
+                std::abort();
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+        ::close(descriptor);
+    });
+    QElapsedTimer elapsed;
+    elapsed.start();
+
+    const FileLock lock(path, 1000);
+
+    const qint64 waitedMs = elapsed.elapsed();
+    goesOn = false;
+    others.join();
+    EXPECT_FALSE(lock.IsHeld());
+    EXPECT_TRUE(lock.IsBusy());
+    EXPECT_GE(waitedMs, 4990);
+    EXPECT_LT(waitedMs, 5500);
+}
+
+TEST(FileLock, ThatAnotherAccountIsJustMakingIsWaitedFor)
+{
+    if (!HasTwoAccounts())
+        GTEST_SKIP() << "only the superuser can be two accounts";
+    const SharedFolder place;
+    const QString path = place.Path(u"shared.txt"_s);
+    const QByteArray lock = QFile::encodeName(path + u".lock"_s);
+    ::close(::open(lock.constData(), O_RDWR | O_CREAT, 0600));
+    ASSERT_EQ(::chown(lock.constData(), kPlanter, kPlanter), 0);
+    const pid_t maker = ::fork();
+    if (maker == 0) {
+        ::usleep(30'000);
+        ::_exit(::chmod(lock.constData(), 0666));
+    }
+
+    {
+        const AsOrdinaryUser victim(kVictim);
+        EXPECT_TRUE(FileLock(path, 0).IsHeld());
+    }
+
+    int status = 0;
+    ASSERT_EQ(::waitpid(maker, &status, 0), maker);
+    EXPECT_EQ(status, 0);
 }
 
 TEST(FileLock, TwoFilesHaveTwoLocks)

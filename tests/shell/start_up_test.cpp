@@ -1,6 +1,7 @@
 #include "shell_fixture.h"
 
 #include "base/fatal_fault.h"
+#include "base/file_lock.h"
 #include "forms/colours.h"
 
 #include <QFileInfo>
@@ -11,6 +12,9 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTimer>
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -55,6 +59,55 @@ TEST_F(StartOfTheProgram, TakesItsStepsInOrder)
               QStringList({u"update check"_s, u"window size"_s, u"caption"_s, u"background"_s,
                            u"user and settings"_s, u"file types"_s, u"counter"_s, u"menus"_s,
                            u"data folders"_s, u"journal"_s, u"splash"_s, u"tip"_s, u"bubbles"_s}));
+}
+
+TEST_F(StartOfTheProgram, TakesAwayWhatKilledProgramsLeft)
+{
+    const QString own = desktop.folders.appData + u"/Tovik_MARLEN/Stoikal/"_s;
+    const QString documents = EquationFolder() + u'/';
+    const QString cache = desktop.folders.cache + u'/';
+    const QStringList left{own + u"ConfEQU_dupont.ini.lock"_s,  own + u"ConfEQU_dupont.ini.a1b2c3"_s,
+                           documents + u"HighScore.txt.lock"_s, documents + u"HighScore.txt.a1b2c3"_s,
+                           documents + u"Serie1.Equ.a1b2c3"_s,  documents + u"TipOfDayEqChm.txt.a1b2c3"_s,
+                           EquationFolder() + u".lock"_s,       EquationFolder() + u".nouveau/Serie.Equ"_s,
+                           cache + u"FileTemp_2.txt.a1b2c3"_s,  cache + u"FileTemp.txt.editeur.lock"_s,
+                           cache + u"Delete_Me.txt.a1b2c3"_s};
+    for (const QString& path : left) {
+        QDir().mkpath(QFileInfo(path).path());
+        WriteTextFile(path, {u"reste"_s});
+        const timespec time{::time(nullptr) - 10, 0};
+        const std::array<timespec, 2> times{time, time};
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(path).constData(), times.data(), 0), 0);
+    }
+    WriteTextFile(documents + u"HighScore.txt.ancien"_s, {u"copie"_s});
+
+    Start();
+
+    for (const QString& path : left)
+        EXPECT_FALSE(QFileInfo::exists(path)) << path.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(EquationFolder() + u".nouveau"_s));
+    EXPECT_TRUE(QFileInfo::exists(documents + u"HighScore.txt.ancien"_s));
+}
+
+TEST_F(StartOfTheProgram, LeavesTheFolderThatAnotherStartIsFilling)
+{
+    ASSERT_TRUE(QDir().mkpath(EquationFolder()));
+    const QString growing = EquationFolder() + u".nouveau"_s;
+    ASSERT_TRUE(QDir().mkpath(growing));
+    const FileLock other(EquationFolder(), 0);
+    ASSERT_TRUE(other.IsHeld());
+
+    Start();
+
+    EXPECT_TRUE(QFileInfo::exists(growing));
+    EXPECT_TRUE(QFileInfo::exists(EquationFolder() + u".lock"_s));
+}
+
+TEST_F(StartOfTheProgram, SaysNothingOfLocksWhereTheyCanBeHad)
+{
+    Start();
+
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(StartOfTheProgram, HasDoneEachStepBeforeTheNext)

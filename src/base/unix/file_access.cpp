@@ -3,6 +3,7 @@
 #include "base/unix/file_opening.h"
 
 #include <QFile>
+#include <QThread>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
@@ -63,6 +64,17 @@ void SetRights(const Descriptor& made, const Descriptor& folder, Rights rights)
         (void)::fchmod(made.Number(), kEverybody); // The mask took some away.
 }
 
+/// Whether this account may not open a lock only because another made it this moment
+/// and has not opened it to everybody yet.
+bool IsLockJustMade(const PathEnd& end)
+{
+    struct stat status {
+    };
+    return ::fstatat(end.folder.Number(), end.name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
+        && S_ISREG(status.st_mode) && (status.st_mode & kEverybody) != kEverybody
+        && status.st_uid != ::geteuid();
+}
+
 Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMissing, Rights rightsOfNew)
 {
     auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
@@ -70,12 +82,19 @@ Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMis
         return end.Why();
     // Another program may make or take away the file between two looks at it.
     constexpr int kMostTries = 100;
+    constexpr int kTriesOfLock = 20;
+    constexpr unsigned long kPauseMs = 5;
     for (int i = 0; i < kMostTries; ++i) {
         auto file = OpenThere(*end, flags);
         if (file) {
             if (MayBeAnotherFile(*file, end->folder))
                 return Failure{QStringLiteral("ce fichier porte un second nom dans un autre dossier")};
             return Opened(std::move(*file), *end, false);
+        }
+        if (!file.IsMissing() && i < kTriesOfLock && rightsOfNew == Rights::Everybody
+            && IsLockJustMade(*end)) {
+            QThread::msleep(kPauseMs);
+            continue;
         }
         if (!file.IsMissing() || ifMissing == IfMissing::Refuse)
             return file.Why();

@@ -1,7 +1,8 @@
 #include "base/unix/file_opening.h"
+#include "base/unix/lock_kinds.h"
+#include "base/unix/temporary_name.h"
 #include "base/whole_file.h"
 
-#include <QRandomGenerator>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -23,7 +24,7 @@ public:
     {
         constexpr int kMostTries = 100;
         for (int i = 0; i < kMostTries && !m_file.IsOpen(); ++i) {
-            m_name = end.name + '.' + RandomLetters();
+            m_name = end.name + '.' + TemporaryLetters();
             m_file = OpenFile(::openat(end.folder.Number(), m_name.constData(),
                                        O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights),
                               {}, true);
@@ -31,6 +32,9 @@ public:
                 break;
         }
         m_error = errno;
+        // While it grows it is nobody's litter; a file system without locks lets time tell.
+        if (m_file.IsOpen())
+            (void)LockWhole(m_file.Descriptor());
     }
     ~GrowingFile()
     {
@@ -56,15 +60,6 @@ public:
     }
 
 private:
-    static QByteArray RandomLetters()
-    {
-        constexpr int kLetters = 6;
-        QByteArray letters;
-        for (int i = 0; i < kLetters; ++i)
-            letters += static_cast<char>('a' + QRandomGenerator::system()->bounded('z' - 'a' + 1));
-        return letters;
-    }
-
     const PathEnd& m_end;
     QByteArray m_name;
     OpenFile m_file;

@@ -90,6 +90,7 @@ Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, 
     if (m_folder.isEmpty())
         return PathFailure(); // Would mean the current folder.
     const FileLock lock(m_path, kLockWaitMs);
+    m_wasBusy = lock.IsBusy();
     if (!lock.IsHeld() || !RemoveFile(m_temporaryPath))
         return PathFailure();
     const std::optional<QByteArray> bytes = ReadWhole(m_path);

@@ -20,10 +20,14 @@ public:
     /// Ranks a result in the section of an equation file (its title, with the
     /// extension), writes the file and returns the section as it now stands.
     /// The separator is the decimal sign of the numbers written. Waits two
-    /// seconds at most for the other programs. On any error of the files
+    /// seconds for another program, five at most for several. On any error of the files
     /// nothing is changed, and the reason is the French text to show.
     Outcome<std::vector<HighScore>> Record(const QString& fileTitle, const NewResult& result,
                                            QChar separator);
+
+    /// Whether the last record was refused only because other programs wrote the file
+    /// all the time: it may go well at once.
+    bool WasBusy() const { return m_wasBusy; }
 
     /// The full path of HighScore.txt.
     const QString& Path() const { return m_path; }
@@ -34,6 +38,7 @@ private:
     QString m_folder;
     QString m_path;
     QString m_temporaryPath; ///< never written: a name under which a crash may have left a file
+    bool m_wasBusy = false;
 };
 
 } // namespace stoikal

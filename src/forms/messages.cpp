@@ -57,6 +57,12 @@ bool Messages::AskPresetNo(QWidget* parent, const QString& title, const QString&
         == QMessageBox::Yes;
 }
 
+bool Messages::AskRetry(QWidget* parent, const QString& title, const QString& text)
+{
+    return Show(parent, {title, text, QMessageBox::Critical, QMessageBox::Retry | QMessageBox::Cancel})
+        == QMessageBox::Retry;
+}
+
 void Messages::OperationFault(QWidget* parent, const QString& text)
 {
     Critical(parent, QStringLiteral("Stoikal"), text);
@@ -85,6 +91,7 @@ QMessageBox::StandardButton DesktopMessages::Show(QWidget* parent, const Message
     const Caption captions[]{{QMessageBox::Ok, QStringLiteral("OK")},
                              {QMessageBox::Yes, QStringLiteral("Oui")},
                              {QMessageBox::No, QStringLiteral("Non")},
+                             {QMessageBox::Retry, QStringLiteral("Réessayer")},
                              {QMessageBox::Cancel, QStringLiteral("Annuler")}};
     for (const Caption& caption : captions) {
         if (QAbstractButton* const button = box.button(caption.button)) {

@@ -35,6 +35,9 @@ public:
     /// The same with "Non" preset, so that a key pressed in haste says no.
     bool AskPresetNo(QWidget* parent, const QString& title, const QString& text,
                      QMessageBox::Icon icon = QMessageBox::Question);
+    /// Something failed that may go well at another time: critical, with "Réessayer"
+    /// and "Annuler"; true for the first.
+    bool AskRetry(QWidget* parent, const QString& title, const QString& text);
     /// A fault that ends the operation of a tool window and nothing else.
     void OperationFault(QWidget* parent, const QString& text);
 

@@ -39,6 +39,14 @@ bool IsFilterSetting(const QString& value)
     return value == QLatin1String("EQU") || value == QLatin1String("AVT");
 }
 
+/// Nothing is wrong with the files: others are writing them.
+QString BusyText(const QString& reason)
+{
+    return QStringLiteral("%1\n\nD'autres programmes écrivent ces fichiers en ce moment.\n"
+                          "Si vous annulez, votre résultat ne figurera pas dans le tableau des records.")
+        .arg(reason);
+}
+
 QString EmptyFileText(const QString& title)
 {
     return QStringLiteral("Le fichier sélectionné ne contient aucune équation.\n"
@@ -241,6 +249,26 @@ void FileSession::Mnu_Close_Click()
         m_desk.ShowWindowsOfRun();
 }
 
+/// The table with the result in it; nothing when it could not be recorded, which was
+/// told then.
+std::optional<std::vector<HighScore>> FileSession::RecordHighScore(const NewResult& own, QChar separator)
+{
+    const SessionState& state = m_session.state;
+    HighScoreFile file(state.ModeReseau ? DepositFolder(state) : state.DossierResultats);
+    for (;;) {
+        const auto section = file.Record(state.TitreFichier, own, separator);
+        if (section)
+            return *section;
+        if (!file.WasBusy()) {
+            m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), section.Reason());
+            return std::nullopt;
+        }
+        if (!m_session.messages.AskRetry(&m_mainWindow, QStringLiteral("Stoikal"),
+                                         BusyText(section.Reason())))
+            return std::nullopt;
+    }
+}
+
 void FileSession::EndOfFile()
 {
     // The run may have been closed since, by the end of the program.
@@ -264,12 +292,8 @@ void FileSession::EndOfFile()
                        {MarkLine(own.mark, own.seconds, separator)});
     LeaveRun();
     if (isScored) {
-        const QString folder = state.ModeReseau ? DepositFolder(state) : state.DossierResultats;
-        const auto section = HighScoreFile(folder).Record(state.TitreFichier, own, separator);
-        if (section)
+        if (const auto section = RecordHighScore(own, separator))
             window.ShowHighScores(*section, own);
-        else
-            m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), section.Reason());
     }
     window.Place(m_session.desktop.screen);
     switch (window.exec()) {

@@ -3,6 +3,8 @@
 #include "exercise/high_score_file.h"
 
 #include <QObject>
+#include <optional>
+#include <vector>
 
 namespace stoikal {
 
@@ -59,6 +61,7 @@ private:
     void RefuseFile(const QString& reason);
     void StartRun(int equationCount);
     void EndOfFile();
+    std::optional<std::vector<HighScore>> RecordHighScore(const NewResult& own, QChar separator);
     void LeaveRun();
     void ReturnHome();
 

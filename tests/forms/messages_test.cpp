@@ -278,6 +278,27 @@ TEST(Messages, EnterOnAQuestionWithNonPresetSaysNo)
     EXPECT_FALSE(messages.AskPresetNo(nullptr, u"Stoikal"_s, u"Recommencer ?"_s));
 }
 
+TEST(Messages, WhatFailedCanBeTriedAgain)
+{
+    DesktopMessages messages;
+    const Reader reader([](QMessageBox& box) { Click(*box.button(QMessageBox::Retry)); });
+
+    EXPECT_TRUE(messages.AskRetry(nullptr, u"Stoikal"_s, u"Occupé."_s));
+
+    EXPECT_EQ(reader.icon, QMessageBox::Critical);
+    QStringList buttons = reader.buttons;
+    buttons.sort();
+    EXPECT_EQ(buttons, QStringList({u"Annuler"_s, u"Réessayer"_s}));
+}
+
+TEST(Messages, EscapeOnWhatFailedTriesNoMore)
+{
+    DesktopMessages messages;
+    const Reader reader(PressEscape);
+
+    EXPECT_FALSE(messages.AskRetry(nullptr, u"Stoikal"_s, u"Occupé."_s));
+}
+
 TEST(Messages, EscapeClosesAnInformation)
 {
     DesktopMessages messages;

@@ -1,5 +1,7 @@
 #include "shell_fixture.h"
 
+#include "base/file_lock.h"
+
 #include <QCheckBox>
 #include <QFileInfo>
 #include <QLabel>
@@ -515,6 +517,42 @@ TEST_F(EndOfARun, KeepsTheMarkWhenTheHighScoresCannotBeWritten)
     EXPECT_EQ(mark, u"Votre note est de : 20/20"_s);
     EXPECT_TRUE(LastRun().endsWith(u" -------> Note : 20,00/20 - Temps écoulé : 04,20 s\r\n"_s));
     ExpectFreeMode();
+}
+
+TEST_F(EndOfARun, TriesTheHighScoresAgainWhileOthersWriteThem)
+{
+    OpenFile({kWater});
+    const QString scores = EquationFolder() + u"/HighScore.txt"_s;
+    auto other = std::make_unique<FileLock>(scores, 0);
+    ASSERT_TRUE(other->IsHeld());
+    messages.answers = {QMessageBox::Retry};
+    messages.whileOpen = [&other](const Message&) { other.reset(); };
+    PressInNote("cmdStay");
+
+    AnswerWater();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].buttons, QMessageBox::Retry | QMessageBox::Cancel);
+    EXPECT_EQ(messages.shown[0].text,
+              u"Erreur sur le chemin d'accés des fichiers :\n"_s + scores + u'\n' + EquationFolder()
+                  + u"/HighScore_Temp.txt\n\n"_s
+                  + u"D'autres programmes écrivent ces fichiers en ce moment.\n"_s
+                  + u"Si vous annulez, votre résultat ne figurera pas dans le tableau des records."_s);
+    EXPECT_EQ(TextOfFile(scores), u"#Serie1.Equ\r\nDUPONT©20©4,2\r\n"_s);
+}
+
+TEST_F(EndOfARun, RecordsNothingWhenNoOtherTryIsWanted)
+{
+    OpenFile({kWater});
+    const QString scores = EquationFolder() + u"/HighScore.txt"_s;
+    const FileLock other(scores, 0);
+    messages.answers = {QMessageBox::Cancel};
+    PressInNote("cmdStay");
+
+    AnswerWater();
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_FALSE(QFileInfo::exists(scores));
 }
 
 TEST_F(EndOfANetworkRun, KeepsTheHighScoresInTheDepositFolder)

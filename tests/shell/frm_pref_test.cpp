@@ -50,15 +50,18 @@ protected:
     }
     void Palette() { Click(Control<QPushButton>(*window, "cmdPalette")); }
 
-    /// The person's step with a disk that takes nothing; it is told once.
+    /// The person's step with a disk that takes nothing; it is told once, and he
+    /// does not try again.
     void WithFullDisk(const std::function<void()>& step)
     {
+        messages.answers = {QMessageBox::Cancel};
         LimitFileSize(0);
         step();
         LimitFileSize(RLIM_INFINITY);
         ASSERT_EQ(messages.shown.size(), 1U);
         EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
         EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
+        EXPECT_EQ(messages.shown[0].buttons, QMessageBox::Retry | QMessageBox::Cancel);
         const QString text = messages.shown[0].text;
         EXPECT_TRUE(text.startsWith(u"Votre préférence n'a pas été enregistrée.\n\n"_s))
             << text.toStdString();
@@ -273,6 +276,24 @@ TEST_F(FrmPref, SwitchThatCannotBeStoredIsReportedAndGoesBack)
         EXPECT_TRUE(Box(name).isChecked()) << name;
         EXPECT_EQ(Setting(key), u"1"_s) << name;
     }
+}
+
+TEST_F(FrmPref, SwitchIsStoredAtTheNextTryAndShownSo)
+{
+    Write(kTips, u"1"_s);
+    Open();
+    messages.answers = {QMessageBox::Retry};
+    messages.whileOpen = [this](const Message&) {
+        EXPECT_TRUE(Box("chkLoadTipsAtStartup").isChecked()) << "not stored yet";
+        LimitFileSize(RLIM_INFINITY);
+    };
+
+    LimitFileSize(0);
+    Click(Box("chkLoadTipsAtStartup"));
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(Setting(kTips), u"0"_s);
+    EXPECT_FALSE(Box("chkLoadTipsAtStartup").isChecked());
 }
 
 TEST_F(FrmPref, AsksForItsHelpPage)

@@ -323,6 +323,7 @@ TEST_F(FrmPassWord, StaysWhenThePasswordCannotBeStored)
 {
     Type(Old(), u"Sesame"_s);
     Type(New(), u"ouvre"_s);
+    messages.answers = {QMessageBox::Cancel};
 
     LimitFileSize(0);
     PressOk();
@@ -334,6 +335,21 @@ TEST_F(FrmPassWord, StaysWhenThePasswordCannotBeStored)
         << messages.shown[0].text.toStdString();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(Password(), u"Sesame"_s);
+}
+
+TEST_F(FrmPassWord, StoresThePasswordAtTheNextTry)
+{
+    Type(Old(), u"Sesame"_s);
+    Type(New(), u"ouvre"_s);
+    messages.answers = {QMessageBox::Retry};
+    messages.whileOpen = [](const Message&) { LimitFileSize(RLIM_INFINITY); };
+
+    LimitFileSize(0);
+    PressOk();
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(window.result(), QDialog::Accepted);
+    EXPECT_EQ(Password(), u"ouvre"_s);
 }
 
 TEST_F(FrmPassWord, ChangesNothingWhenItIsCancelled)

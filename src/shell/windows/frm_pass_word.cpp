@@ -71,11 +71,11 @@ void frmPassWord::cmdOK_Click()
 
 void frmPassWord::TakeNewPassword()
 {
-    const auto written = m_store.Write(txtNewPassWord->text());
+    auto written = m_store.Write(txtNewPassWord->text());
+    while (!written && m_messages.AskRetry(this, QStringLiteral("Stoikal"), written.Reason()))
+        written = m_store.Write(txtNewPassWord->text());
     if (written)
         done(Accepted);
-    else
-        m_messages.Critical(this, QStringLiteral("Stoikal"), written.Reason());
 }
 
 } // namespace stoikal

@@ -202,13 +202,13 @@ void frmPref::cmdPalette_Click()
         = m_services.dialogs.ChooseColour(this, FromBgr(SideColour(m_services.settings, side)), Greys());
     if (!chosen)
         return;
-    if (IsStored(SetSideColour(m_services.settings, side, ToBgr(*chosen))))
+    if (IsStored([&] { return SetSideColour(m_services.settings, side, ToBgr(*chosen)); }))
         ShowNewColours();
 }
 
 void frmPref::cmdColor_Defaut_Click()
 {
-    if (IsStored(SetDefaultSideColours(m_services.settings)))
+    if (IsStored([this] { return SetDefaultSideColours(m_services.settings); }))
         ShowNewColours();
 }
 
@@ -222,27 +222,36 @@ void frmPref::optAffichage_Click(int index)
 {
     if (m_isLoading)
         return;
-    if (IsStored(m_services.settings.Write(Options(), Arrangement(), QString::number(index))))
+    if (IsStored([&] { return m_services.settings.Write(Options(), Arrangement(), QString::number(index)); }))
         Q_EMIT ArrangementChanged();
 }
 
 void frmPref::WriteSwitch(const QString& key, bool isOn)
 {
     if (!m_isLoading)
-        (void)IsStored(
-            m_services.settings.Write(Options(), key, isOn ? QStringLiteral("1") : QStringLiteral("0")));
+        (void)IsStored([&] {
+            return m_services.settings.Write(Options(), key,
+                                             isOn ? QStringLiteral("1") : QStringLiteral("0"));
+        });
 }
 
-/// What could not be stored is reported, and no control says otherwise afterwards.
-bool frmPref::IsStored(const Outcome<QString>& written)
+/// What could not be stored is reported, as often as he asks for another try, and no
+/// control says otherwise meanwhile or afterwards.
+bool frmPref::IsStored(const std::function<Outcome<QString>()>& store)
 {
+    auto written = store();
     if (written)
         return true;
+    do {
+        ShowSettings();
+        if (!m_services.messages.AskRetry(
+                this, QStringLiteral("Stoikal"),
+                QStringLiteral("Votre préférence n'a pas été enregistrée.\n\n%1").arg(written.Reason())))
+            return false;
+        written = store();
+    } while (!written);
     ShowSettings();
-    m_services.messages.Critical(
-        this, QStringLiteral("Stoikal"),
-        QStringLiteral("Votre préférence n'a pas été enregistrée.\n\n%1").arg(written.Reason()));
-    return false;
+    return true;
 }
 
 } // namespace stoikal

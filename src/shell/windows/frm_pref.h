@@ -50,7 +50,7 @@ private:
     void cmdColor_Defaut_Click();
     void optAffichage_Click(int index);
     void WriteSwitch(const QString& key, bool isOn);
-    bool IsStored(const Outcome<QString>& written);
+    bool IsStored(const std::function<Outcome<QString>()>& store);
 
     Services m_services;
     bool m_isLoading = false; ///< the controls take what the settings say, and nothing else happens

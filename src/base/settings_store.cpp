@@ -72,9 +72,10 @@ const ProfileText& SettingsStore::Current(const QString& file) const
     const FileStamp stamp = StampOf(file);
     if (stamp == copy.stamp && copy.isSettled)
         return copy.text;
-    copy.isSettled = IsSettled(stamp);
     copy.stamp = stamp;
     const Outcome<QByteArray> bytes = ReadWhole(file);
+    // What failed may go well the next time; what is too large stays so.
+    copy.isSettled = IsSettled(stamp) && (bytes || stamp.size > kSettingsLimit.bytes);
     return copy.Of(bytes ? *bytes : QByteArray());
 }
 

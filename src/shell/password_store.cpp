@@ -2,6 +2,7 @@
 
 #include "base/file_access.h"
 #include "base/password_file.h"
+#include "base/profile_text.h"
 #include "base/session_state.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
@@ -29,6 +30,16 @@ Failure CannotRead(const QString& path, const QString& reason)
                 .arg(ShownPath(path), reason)};
 }
 
+/// An unread file does not say that no password was set.
+Failure CannotReadSettings(const QString& path, const QString& reason)
+{
+    return {
+        QStringLiteral(
+            "Le fichier des réglages, qui contient le mot de passe, ne peut pas être lu\u00A0:\n%1\n(%2)\n\n"
+            "Vérifiez que ce fichier peut être lu, puis recommencez.")
+            .arg(ShownPath(path), reason)};
+}
+
 Failure CannotWrite(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le nouveau mot de passe n'a pas pu être enregistré :\n%1\n(%2)\n\n"
@@ -50,7 +61,16 @@ QString CommonPasswordFile(const SessionState& state)
 
 Outcome<QString> PasswordStore::Read() const
 {
-    return m_state.ModeReseau ? ReadCommonFile() : m_settings.Read(Section(), Key());
+    return m_state.ModeReseau ? ReadCommonFile() : ReadFromSettings();
+}
+
+Outcome<QString> PasswordStore::ReadFromSettings() const
+{
+    const QString& path = m_state.IniUtilisateur;
+    const auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
+    if (!bytes && !bytes.IsMissing())
+        return CannotReadSettings(path, bytes.Reason());
+    return bytes ? ProfileText(*bytes).Read(Section(), Key()) : QString();
 }
 
 Outcome<QString> PasswordStore::Write(const QString& password)

@@ -41,6 +41,7 @@ public:
 
 private:
     Outcome<QString> ReadCommonFile() const;
+    Outcome<QString> ReadFromSettings() const;
     Outcome<QString> WriteCommonFile(const QString& password) const;
 
     const SessionState& m_state;

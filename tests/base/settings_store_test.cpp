@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <algorithm>
+#include <array>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sys/stat.h>
@@ -275,6 +277,26 @@ TEST(SettingsStore, FileThatCannotBeReadIsNotReplaced)
     ASSERT_EQ(::chmod(qPrintable(place.path), 0644), 0);
 
     EXPECT_EQ(place.Bytes(), bytes);
+}
+
+TEST(SettingsStore, ReadThatFailedIsTriedAgain)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    const timespec time{::time(nullptr) - 3600, 0};
+    const std::array<timespec, 2> times{time, time};
+    ASSERT_EQ(::utimensat(AT_FDCWD, qPrintable(place.path), times.data(), 0), 0);
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0), 0);
+    {
+        const AsOrdinaryUser user;
+        ASSERT_TRUE(user.IsOrdinary());
+        ASSERT_EQ(place.Read(u"Options"_s, u"PassWord"_s), QString());
+    }
+
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0644), 0);
+
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
 }
 
 TEST(SettingsStore, FullDiskLeavesTheOldFile)

@@ -203,6 +203,17 @@ TEST_F(PasswordStoreTest, ChangeThatTheSettingsCannotTakeLeavesTheOldPassword)
     EXPECT_EQ(Password(), u"vieux"_s);
 }
 
+TEST_F(PasswordStoreTest, IsNotTheEmptyTextWhereTheSettingsCannotBeRead)
+{
+    // A folder in the file's place stands for a disk that does not answer.
+    ASSERT_TRUE(QDir().mkpath(state.IniUtilisateur));
+
+    EXPECT_TRUE(Password().startsWith(
+        u"!Le fichier des réglages, qui contient le mot de passe, ne peut pas être lu\u00A0:\n"_s
+        + state.IniUtilisateur + u'\n'))
+        << Password().toStdString();
+}
+
 TEST_F(PasswordStoreTest, CommonFileIsMadeEmptyAndLeftAsItStands)
 {
     OnAShare();

@@ -74,9 +74,10 @@ const ProfileText& SettingsStore::Current(const QString& file) const
         return copy.text;
     copy.stamp = stamp;
     const Outcome<QByteArray> bytes = ReadWhole(file);
-    // What failed may go well the next time; what is too large stays so.
-    copy.isSettled = IsSettled(stamp) && (bytes || stamp.size > kSettingsLimit.bytes);
-    return copy.Of(bytes ? *bytes : QByteArray());
+    // What failed may go well the next time, and until then what was known last holds:
+    // an equation that was just entered must not read as none. What is too large stays so.
+    copy.isSettled = bytes ? IsSettled(stamp) : stamp.size > kSettingsLimit.bytes;
+    return bytes ? copy.Of(*bytes) : copy.text;
 }
 
 QString SettingsStore::ReadSetting(const QString& file, const QString& section, const QString& key) const

@@ -48,6 +48,15 @@ Failure CannotWrite(const QString& path, const QString& reason)
                 .arg(ShownPath(path), reason)};
 }
 
+/// The file has it, the disk has not promised to keep it.
+Failure NotSureToBeKept()
+{
+    return {
+        QStringLiteral("Le nouveau mot de passe est écrit et valable, mais le disque n'a pas confirmé qu'il "
+                       "le garde\u00A0: après une coupure de courant, l'ancien pourrait revenir.\n\n"
+                       "Réessayez pour vous en assurer.")};
+}
+
 } // namespace
 
 QString CommonPasswordFile(const SessionState& state)
@@ -75,8 +84,16 @@ Outcome<QString> PasswordStore::ReadFromSettings() const
 
 Outcome<QString> PasswordStore::Write(const QString& password)
 {
-    if (m_state.ModeReseau)
-        return WriteCommonFile(password);
+    auto written = m_state.ModeReseau ? WriteCommonFile(password) : WriteToSettings(password);
+    if (written)
+        return written;
+    // Nobody is to be told that the old one is valid when it is not.
+    const auto stored = Read();
+    return stored && *stored == password ? NotSureToBeKept() : written;
+}
+
+Outcome<QString> PasswordStore::WriteToSettings(const QString& password)
+{
     const auto written = m_settings.Write(Section(), Key(), password);
     if (!written)
         return Failure{QStringLiteral("Le nouveau mot de passe n'a pas été enregistré\u00A0: l'ancien reste "

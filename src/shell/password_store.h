@@ -42,6 +42,7 @@ public:
 private:
     Outcome<QString> ReadCommonFile() const;
     Outcome<QString> ReadFromSettings() const;
+    Outcome<QString> WriteToSettings(const QString& password);
     Outcome<QString> WriteCommonFile(const QString& password) const;
 
     const SessionState& m_state;

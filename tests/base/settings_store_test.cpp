@@ -299,6 +299,25 @@ TEST(SettingsStore, ReadThatFailedIsTriedAgain)
     EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
 }
 
+TEST(SettingsStore, ReadThatFailsLeavesWhatWasKnownLast)
+{
+    SettingsFolder place;
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=old\r\n"));
+    ASSERT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
+    ASSERT_TRUE(place.Put("[Options]\r\nPassWord=newer\r\n"));
+    ASSERT_EQ(::chmod(qPrintable(place.folder.path()), 0755), 0);
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0), 0);
+    {
+        const AsOrdinaryUser user;
+        ASSERT_TRUE(user.IsOrdinary());
+        EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"old"_s);
+    }
+
+    ASSERT_EQ(::chmod(qPrintable(place.path), 0644), 0);
+
+    EXPECT_EQ(place.Read(u"Options"_s, u"PassWord"_s), u"newer"_s);
+}
+
 TEST(SettingsStore, FullDiskLeavesTheOldFile)
 {
     // Lines of 10 bytes, 6000 and 60000 in all: below and above what Qt buffers.

@@ -1,9 +1,20 @@
 #pragma once
 
+#include <cerrno>
 #include <unistd.h>
 #include <utility>
 
 namespace stoikal {
+
+/// What a call of the system gives once no signal interrupts it any more.
+template <typename Call>
+auto Uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
 
 /// A descriptor of the system that is closed with this.
 class Descriptor

@@ -98,8 +98,10 @@ Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMis
         }
         if (!file.IsMissing() || ifMissing == IfMissing::Refuse)
             return file.Why();
-        Descriptor made(::openat(end->folder.Number(), end->name.constData(),
-                                 flags | kAlways | O_CREAT | O_EXCL, kEverybody));
+        Descriptor made(Uninterrupted([&] {
+            return ::openat(end->folder.Number(), end->name.constData(), flags | kAlways | O_CREAT | O_EXCL,
+                            kEverybody);
+        }));
         if (made.IsOpen()) {
             SetRights(made, end->folder, rightsOfNew);
             // A lock is not to outlive anything.
@@ -119,7 +121,8 @@ bool RemoveContents(int folder, const char* name, int depth)
 {
     // Deeper than any folder of ours, and few enough to be held open at once.
     constexpr int kDeepest = 32;
-    Descriptor inside(::openat(folder, name, O_RDONLY | O_DIRECTORY | kAlways));
+    Descriptor inside(
+        Uninterrupted([&] { return ::openat(folder, name, O_RDONLY | O_DIRECTORY | kAlways); }));
     if (!inside.IsOpen() || depth > kDeepest)
         return false;
     const int number = inside.Number();
@@ -155,7 +158,8 @@ Outcome<Descriptor> OpenThere(const PathEnd& end, int flags)
         return SystemFailure(errno);
     if (const auto refused = RefusedKind(status))
         return *refused;
-    Descriptor file(::openat(end.folder.Number(), end.name.constData(), flags | kAlways));
+    Descriptor file(
+        Uninterrupted([&] { return ::openat(end.folder.Number(), end.name.constData(), flags | kAlways); }));
     // It may have become another meanwhile.
     if (!file.IsOpen() || ::fstat(file.Number(), &status) != 0)
         return SystemFailure(errno);
@@ -185,7 +189,8 @@ void ShareWithFolder(int file, const Descriptor& folder)
 bool NameReachesTheDisk(const Descriptor& folder, int file)
 {
     // The folder at hand serves only to name; an order needs one that may be read.
-    const Descriptor readable(::openat(folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor readable(Uninterrupted(
+        [&folder] { return ::openat(folder.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     // Where this account may put files but not look, the file takes its name along.
     const int asked = readable.IsOpen() ? readable.Number() : file;
     // A file system that knows no such order has done what it can.

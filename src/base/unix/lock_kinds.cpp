@@ -22,7 +22,6 @@ Locking ByError(int error)
     switch (error) {
     case EWOULDBLOCK:
     case EACCES: // As the lock on bytes may say it.
-    case EINTR:
         return Locking::Busy;
     case ENOLCK:
     case EOPNOTSUPP:
@@ -104,7 +103,8 @@ bool RemoveIfLeft(const PathEnd& end, int clock, bool isLongHeld)
 
 Locking LockWhole(int file)
 {
-    return ::flock(file, LOCK_EX | LOCK_NB) == 0 ? Locking::Held : ByError(errno);
+    return Uninterrupted([file] { return ::flock(file, LOCK_EX | LOCK_NB); }) == 0 ? Locking::Held
+                                                                                   : ByError(errno);
 }
 
 Locking LockRange(int file)

@@ -1,5 +1,6 @@
 #include "base/open_file.h"
 
+#include "base/unix/descriptor.h"
 #include "base/unix/path_walk.h"
 
 #include <algorithm>
@@ -88,7 +89,7 @@ bool OpenFile::WriteAll(const QByteArray& bytes)
 
 bool OpenFile::CutTo(qint64 size)
 {
-    const bool isCut = ::ftruncate(m_descriptor, size) == 0;
+    const bool isCut = Uninterrupted([&] { return ::ftruncate(m_descriptor, size); }) == 0;
     if (!isCut)
         m_error = errno;
     return isCut;

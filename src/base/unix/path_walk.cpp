@@ -62,7 +62,8 @@ public:
     {
         if (m_folder.IsOpen() && !path.startsWith('/'))
             return std::nullopt;
-        m_folder = Descriptor(::open(path.startsWith('/') ? "/" : ".", kOpenFolder));
+        m_folder = Descriptor(
+            Uninterrupted([&path] { return ::open(path.startsWith('/') ? "/" : ".", kOpenFolder); }));
         return m_folder.IsOpen() ? Stop() : SystemFailure(errno);
     }
 
@@ -125,7 +126,8 @@ private:
 
     Descriptor Open(const QByteArray& part) const
     {
-        return Descriptor(::openat(m_folder.Number(), part.constData(), kOpenFolder));
+        return Descriptor(
+            Uninterrupted([&] { return ::openat(m_folder.Number(), part.constData(), kOpenFolder); }));
     }
 
     bool MayFollow(const LinkTarget& link) const

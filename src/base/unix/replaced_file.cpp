@@ -25,9 +25,11 @@ public:
         constexpr int kMostTries = 100;
         for (int i = 0; i < kMostTries && !m_file.IsOpen(); ++i) {
             m_name = end.name + '.' + TemporaryLetters();
-            m_file = OpenFile(::openat(end.folder.Number(), m_name.constData(),
-                                       O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights),
-                              {}, true);
+            const auto make = [&] {
+                return ::openat(end.folder.Number(), m_name.constData(),
+                                O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
+            };
+            m_file = OpenFile(Uninterrupted(make), {}, true);
             if (!m_file.IsOpen() && errno != EEXIST)
                 break;
         }

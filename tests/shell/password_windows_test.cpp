@@ -342,7 +342,16 @@ TEST_F(FrmPassWord, StoresThePasswordAtTheNextTry)
     Type(Old(), u"Sesame"_s);
     Type(New(), u"ouvre"_s);
     messages.answers = {QMessageBox::Retry};
-    messages.whileOpen = [](const Message&) { LimitFileSize(RLIM_INFINITY); };
+    messages.whileOpen = [this](const Message&) {
+        LimitFileSize(RLIM_INFINITY);
+        // As the message that has the keyboard does to the window, and gives it back.
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        Settle();
+        window.activateWindow();
+        Settle();
+    };
 
     LimitFileSize(0);
     PressOk();

@@ -71,9 +71,11 @@ void frmPassWord::cmdOK_Click()
 
 void frmPassWord::TakeNewPassword()
 {
-    auto written = m_store.Write(txtNewPassWord->text());
+    // The boxes are emptied when the window comes to the front again behind a message.
+    const QString password = txtNewPassWord->text();
+    auto written = m_store.Write(password);
     while (!written && m_messages.AskRetry(this, QStringLiteral("Stoikal"), written.Reason()))
-        written = m_store.Write(txtNewPassWord->text());
+        written = m_store.Write(password);
     if (written)
         done(Accepted);
 }

@@ -219,7 +219,7 @@ def help_files() -> dict[str, bytes]:
     small = (CORPUS / "help_reader/small.chm").read_bytes()
     made = {f"cut_at_{length}": small[:length] for length in (0, 4, 0x40, 0x60, 0x70, 0xB4, 0x200, 0x1000, len(small) // 2, len(small) - 1)}
     packing = small.index(b"LZXC") - 4
-    places = {"version": 4, "directory": 0x48, "data": 0x58, "list_head": 0x68, "block": 0x70, "blocks": 0x8C, "free": 0xB8,
+    places = {"version": 4, "directory": 0x48, "data": 0x58, "list_head": 0x80, "block": 0x88, "root": 0x94, "first": 0x98, "last": 0x9C, "blocks": 0xA4, "free": 0xD0,
               "frames": packing + 0x0C, "window": packing + 0x10}
     for name, place in places.items():
         for word, number in (("zero", 0), ("most", 0xFFFFFFFF), ("one_more", (int.from_bytes(small[place : place + 4], "little") + 1) % 2**32)):

@@ -4,9 +4,9 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build ccache pkg-config git qt6-base-dev qt6-base-dev-tools libgtest-dev libbenchmark-dev
-  python3 fp-utils)
+  libmspack-dev python3 fp-utils)
 run=(libqt6gui6 libqt6network6 qt6-translations-l10n qt6-qpa-plugins fonts-liberation fonts-dejavu-core)
-check=(clang-format clang-tidy libchm-dev xvfb openbox xdotool imagemagick x11-utils locales gcovr strace
+check=(clang-format clang-tidy xvfb openbox xdotool imagemagick x11-utils locales gcovr strace
   dbus at-spi2-core python3-pyatspi e2fsprogs mount)
 packages=("${build[@]}" "${run[@]}" "${check[@]}")
 [ "${1:-}" = bench ] && packages+=(nodejs npm)

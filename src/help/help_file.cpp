@@ -3,7 +3,7 @@
 #include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "help/help_archive.h"
-#include "help/packed_number.h"
+#include "help/number_at.h"
 
 #include <QFileInfo>
 

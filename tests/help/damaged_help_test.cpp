@@ -55,9 +55,9 @@ protected:
     }
 
     const QByteArray m_whole = BytesOf(ShippedHelpFiles().at(2));
-
-private:
-    QTemporaryDir m_folder;
+    /// A help file of two pages, where many copies are read.
+    const QByteArray m_small = BytesOf(QStringLiteral(STOIKAL_SMALL_HELP_FILE));
+    const QTemporaryDir m_folder;
     const QString m_path = m_folder.filePath(u"Aide.chm"_s);
 };
 
@@ -76,9 +76,9 @@ TEST_F(DamagedHelp, IsReadWholeWhenItIsNotDamaged)
 
 TEST_F(DamagedHelp, CutShortAnywhereIsToldAndNeverCrashes)
 {
-    for (qsizetype length = 0; length < 4096; length += 37)
-        ReadDamaged(m_whole.first(length));
-    for (qsizetype length = 4096; length < m_whole.size(); length += m_whole.size() / 97)
+    for (qsizetype length = 0; length < m_small.size(); length += 37)
+        ReadDamaged(m_small.first(length));
+    for (qsizetype length = 4096; length < m_whole.size(); length += m_whole.size() / 29)
         ReadDamaged(m_whole.first(length));
 }
 
@@ -92,16 +92,33 @@ TEST_F(DamagedHelp, CutInTheMiddleStillShowsThePagesInFront)
     EXPECT_LT(left, whole);
 }
 
+TEST_F(DamagedHelp, InThePageThatIsReadFirstStillShowsTheOneAfterIt)
+{
+    // The packed part is the last; it can be entered anew every 64 KB of pages. The
+    // first begins at 0, the second at 65 509 ends in the next 64 KB.
+    QByteArray bytes = m_whole;
+    const qsizetype packed = bytes.size() - 21630;
+    bytes.replace(packed + 1000, 64, QByteArray(64, '\xFF'));
+    WriteBytes(m_path, bytes);
+    const auto archive = HelpArchive::Open(m_path);
+    ASSERT_TRUE(archive);
+
+    EXPECT_FALSE((*archive)->Read(u"/moissan_henri.html"_s));
+    EXPECT_TRUE((*archive)->Read(u"/wohler_friedrich.html"_s));
+}
+
 TEST_F(DamagedHelp, WithRandomBytesNeverCrashes)
 {
     for (unsigned seed = 1; seed <= 400; ++seed) {
         std::mt19937 random(seed);
-        QByteArray bytes = m_whole;
+        QByteArray bytes = seed % 20 == 0 ? m_whole : m_small;
         // Half of the damage goes to the heads and the directory.
         const auto range
             = static_cast<unsigned>(seed % 2 == 0 ? bytes.size() : std::min<qsizetype>(12288, bytes.size()));
         for (unsigned i = 0; i < 1 + seed % 12; ++i)
             bytes[static_cast<qsizetype>(random() % range)] = static_cast<char>(random());
+        if (seed % 5 == 0)
+            bytes.truncate(static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size())));
         SCOPED_TRACE(seed);
         ReadDamaged(bytes);
     }
@@ -110,20 +127,20 @@ TEST_F(DamagedHelp, WithRandomBytesNeverCrashes)
 TEST_F(DamagedHelp, WithExtremeNumbersInItsHeadsAsksForNoMemory)
 {
     // The heads of the file and of the directory, and what tells how the rest is
-    // packed: from "LZXC" and its size, and the reset table behind.
+    // packed: from "LZXC" and its size, and the reset table after it.
     QList<qsizetype> places;
-    for (qsizetype place = 0; place < 0x60 + 0x18 + 0x54 + 0x14; place += 4)
+    for (qsizetype place = 0; place < 0x60 + 0x18 + 0x54 + 0x14 + 0x200; place += 4)
         places << place;
-    for (qsizetype place = m_whole.indexOf("LZXC") - 4; place < m_whole.indexOf("LZXC") + 0x120; place += 4)
+    for (qsizetype place = m_small.indexOf("LZXC") - 4; place < m_small.indexOf("LZXC") + 0x120; place += 4)
         places << place;
     for (const qsizetype place : places) {
         for (const qint64 number : {qint64{0}, qint64{1}, qint64{0x7FFFFFFF}, qint64{0xFFFFFFFF}}) {
-            QByteArray bytes = m_whole;
+            QByteArray bytes = m_small;
             SetNumber(bytes, place, number, 4);
             SCOPED_TRACE(place);
             ReadDamaged(bytes);
         }
-        QByteArray bytes = m_whole;
+        QByteArray bytes = m_small;
         SetNumber(bytes, place, -1, 8);
         ReadDamaged(bytes);
     }

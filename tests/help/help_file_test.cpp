@@ -24,7 +24,12 @@ QString CompiledHelp(const QTemporaryDir& folder, const QByteArray& project,
     compiler.start(QStringLiteral(STOIKAL_CHMCMD), {u"--no-html-scan"_s, u"projet.hhp"_s});
     if (!compiler.waitForFinished() || compiler.exitCode() != 0)
         throw std::runtime_error("not compiled: " + compiler.readAll().toStdString());
-    return folder.filePath(u"Aide.chm"_s);
+    const QString path = folder.filePath(u"Aide.chm"_s);
+    // It writes the first of two class ids twice; here they differ.
+    QByteArray bytes = BytesOf(path);
+    bytes[0x28] = 0x11;
+    WriteBytes(path, bytes);
+    return path;
 }
 
 } // namespace

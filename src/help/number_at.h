@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QByteArrayView>
-#include <algorithm>
 #include <cstdint>
-#include <optional>
 
 namespace stoikal {
 
@@ -20,21 +18,6 @@ inline std::int64_t NumberAt(QByteArrayView bytes, std::int64_t place, int size)
     for (int i = size - 1; i >= 0; --i)
         number = (number << 8U) | static_cast<unsigned char>(bytes[place + i]);
     return number > static_cast<std::uint64_t>(kTooLarge) ? kTooLarge : static_cast<std::int64_t>(number);
-}
-
-/// A number in groups of 7 bits, high group first, each but the last with its
-/// top bit set; `place` moves behind it. Nothing when it does not end before
-/// `end`; kTooLarge when it has more than 60 bits.
-inline std::optional<std::int64_t> TakePackedNumber(QByteArrayView bytes, qsizetype end, qsizetype& place)
-{
-    std::uint64_t number = 0;
-    for (int groups = 0; groups < 9 && place < end; ++groups) {
-        const auto byte = static_cast<unsigned char>(bytes[place++]);
-        number = (number << 7U) | (byte & 0x7FU);
-        if (byte < 0x80)
-            return static_cast<std::int64_t>(std::min(number, static_cast<std::uint64_t>(kTooLarge)));
-    }
-    return std::nullopt;
 }
 
 } // namespace stoikal

@@ -124,7 +124,7 @@ TEST_F(DamagedHelp, WithRandomBytesNeverCrashes)
     }
 }
 
-TEST_F(DamagedHelp, WithExtremeNumbersInItsHeadsAsksForNoMemory)
+TEST_F(DamagedHelp, WithExtremeNumbersInItsHeadsRequestsNoMemory)
 {
     // The heads of the file and of the directory, and what tells how the rest is
     // packed: from "LZXC" and its size, and the reset table after it.

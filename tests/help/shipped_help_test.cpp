@@ -145,7 +145,7 @@ TEST(ShippedHelp, GivesEveryPageATitleOfItsOwnAndAPlaceInTheContents)
     }
 }
 
-TEST(ShippedHelp, HasAPageForEveryTopicThatAWindowAsksFor)
+TEST(ShippedHelp, HasAPageForEveryTopicThatAWindowRequests)
 {
     const auto manual = OpenedHelp(ShippedHelpFiles().first());
 

@@ -20,14 +20,14 @@ protected:
         page.SetFile(*opened);
         page.resize(500, 400);
         page.show();
-        QObject::connect(&page, &HelpPage::PageAsked, [this](const PageAddress& address) {
-            asked << address.path + u'#' + address.anchor;
+        QObject::connect(&page, &HelpPage::PageRequested, [this](const PageAddress& address) {
+            requested << address.path + u'#' + address.anchor;
         });
         QObject::connect(&page, &HelpPage::LinkRefused, [this](const QString& link) { refused << link; });
     }
 
     HelpPage page{nullptr};
-    QStringList asked;
+    QStringList requested;
     QStringList refused;
 };
 
@@ -50,7 +50,7 @@ TEST_F(HelpPageTest, TellsWhyAPageCannotBeShown)
         page.toPlainText().contains(u"La page /nulle_part.html n'existe pas dans ce fichier d'aide."_s));
 }
 
-TEST_F(HelpPageTest, AsksForThePageOfALink)
+TEST_F(HelpPageTest, RequestsThePageOfALink)
 {
     page.ShowPage({{}, u"/o.html"_s, {}});
     const QTextCursor cursor = page.document()->find(u"Fluor"_s);
@@ -59,7 +59,7 @@ TEST_F(HelpPageTest, AsksForThePageOfALink)
 
     Q_EMIT page.anchorClicked(page.source().resolved(QUrl(cursor.charFormat().anchorHref())));
 
-    EXPECT_EQ(asked, (QStringList{u"/f.html#"_s}));
+    EXPECT_EQ(requested, (QStringList{u"/f.html#"_s}));
     EXPECT_EQ(page.Title(), u"Oxygène (O)"_s);
 }
 
@@ -88,7 +88,7 @@ TEST_F(HelpPageTest, FollowsNoLinkOfItself)
 
     EXPECT_EQ(page.Title(), u"Oxygène (O)"_s);
     EXPECT_EQ(refused, (QStringList{u"javascript:alert(1)"_s, u"aide://other/o.html"_s}));
-    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_TRUE(requested.isEmpty());
 }
 
 TEST_F(HelpPageTest, AppliesTheStyleSheetOfTheFile)

@@ -12,15 +12,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Writes down what it was asked to show.
+/// Records what it is requested to show.
 struct FakeViewer final : HelpViewer {
-    QStringList asked;
+    QStringList requested;
     void DisplayTopic(const QString& file, std::int32_t topic, QWidget*) override
     {
-        asked << u"topic %1 %2"_s.arg(topic).arg(file);
+        requested << u"topic %1 %2"_s.arg(topic).arg(file);
     }
-    void DisplayContents(const QString& file, QWidget*) override { asked << u"contents "_s + file; }
-    void DisplayIndex(const QString& file, QWidget*) override { asked << u"index "_s + file; }
+    void DisplayContents(const QString& file, QWidget*) override { requested << u"contents "_s + file; }
+    void DisplayIndex(const QString& file, QWidget*) override { requested << u"index "_s + file; }
 };
 
 class HtmlHelpTest : public testing::Test
@@ -58,7 +58,7 @@ TEST_F(HtmlHelpTest, OpensTopicContentsAndIndexOfItsFile)
 
     DisplayAll();
 
-    EXPECT_EQ(viewer.asked,
+    EXPECT_EQ(viewer.requested,
               (QStringList{u"topic 1700 "_s + help.CHMFile, u"contents "_s + help.CHMFile,
                            u"index "_s + help.CHMFile}));
     EXPECT_TRUE(messages.shown.empty());
@@ -71,7 +71,7 @@ TEST_F(HtmlHelpTest, JoinsTheNameOfAWindowTypeToTheFile)
 
     help.HHDisplayContents(nullptr);
 
-    EXPECT_EQ(viewer.asked, (QStringList{u"contents "_s + help.CHMFile + u">principale"_s}));
+    EXPECT_EQ(viewer.requested, (QStringList{u"contents "_s + help.CHMFile + u">principale"_s}));
 }
 
 TEST_F(HtmlHelpTest, TellsThatAFileHasNotTheExtensionOfHelp)
@@ -85,7 +85,7 @@ TEST_F(HtmlHelpTest, TellsThatAFileHasNotTheExtensionOfHelp)
         EXPECT_EQ(message.title, u"HTML Help Class"_s);
         EXPECT_EQ(message.text, help.CHMFile + u" is not a valid HTML Help file."_s);
     }
-    EXPECT_TRUE(viewer.asked.isEmpty());
+    EXPECT_TRUE(viewer.requested.isEmpty());
 }
 
 TEST_F(HtmlHelpTest, TellsThatAFileIsMissing)
@@ -102,7 +102,7 @@ TEST_F(HtmlHelpTest, TellsThatAFileIsMissing)
             u"The file %1 does not exist.\nPlease make sure the correct path and file name have been specified."_s
                 .arg(help.CHMFile));
     }
-    EXPECT_TRUE(viewer.asked.isEmpty());
+    EXPECT_TRUE(viewer.requested.isEmpty());
 }
 
 TEST_F(HtmlHelpTest, LooksAtTheExtensionBeforeTheFile)

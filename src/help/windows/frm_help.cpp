@@ -165,21 +165,21 @@ void frmHelp::ConnectPanes()
     connect(cmdZoomIn, &QToolButton::clicked, this, [this] { ChangeZoom(m_page->Zoom() + 10); });
     connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_0), this), &QShortcut::activated, this,
             [this] { ChangeZoom(100); });
-    connect(m_page, &HelpPage::ZoomAsked, this, &frmHelp::ChangeZoom);
+    connect(m_page, &HelpPage::ZoomRequested, this, &frmHelp::ChangeZoom);
     connect(cmdPrint, &QToolButton::clicked, this,
             [this] { m_doors.printer.Print(this, m_page->Title(), *m_page->document()); });
-    connect(m_contents, &ContentsPane::PageAsked, this, &frmHelp::Go);
-    connect(m_index, &IndexPane::PageAsked, this, &frmHelp::Go);
+    connect(m_contents, &ContentsPane::PageRequested, this, &frmHelp::Go);
+    connect(m_index, &IndexPane::PageRequested, this, &frmHelp::Go);
     connect(m_search, &SearchPane::HitChosen, this, [this](const PageAddress& address, const QString& words) {
         m_find->Close();
         Go(address);
         m_page->MarkWords(words.simplified().split(u' '));
     });
-    connect(m_page, &HelpPage::PageAsked, this, &frmHelp::Follow);
+    connect(m_page, &HelpPage::PageRequested, this, &frmHelp::Follow);
     connect(m_page, &HelpPage::LinkRefused, this, [this](const QString& link) {
         Tell(u"Ce lien mène hors de l'aide, il n'est pas suivi\u00A0: %1"_s.arg(link));
     });
-    connect(m_find, &FindBar::FindAsked, this, [this](bool isBackward, bool isFromStart) {
+    connect(m_find, &FindBar::FindRequested, this, [this](bool isBackward, bool isFromStart) {
         m_find->ShowCount(m_page->FindText(m_find->Text(), isBackward, isFromStart));
     });
     connect(m_find, &FindBar::Closed, this, [this] {
@@ -187,9 +187,9 @@ void frmHelp::ConnectPanes()
         m_page->setFocus();
     });
     connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, m_find,
-            [this] { m_find->isVisible() ? Q_EMIT m_find->FindAsked(false, false) : m_find->Open(); });
+            [this] { m_find->isVisible() ? Q_EMIT m_find->FindRequested(false, false) : m_find->Open(); });
     connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F3), this), &QShortcut::activated, m_find,
-            [this] { m_find->isVisible() ? Q_EMIT m_find->FindAsked(true, false) : m_find->Open(); });
+            [this] { m_find->isVisible() ? Q_EMIT m_find->FindRequested(true, false) : m_find->Open(); });
 }
 
 void frmHelp::DisplayTopic(const QString& file, std::int32_t topic, QWidget* caller)
@@ -292,7 +292,7 @@ void frmHelp::Close()
     const bool isInFront = isActiveWindow();
     hide();
     ReturnHome();
-    // Whoever asked in the middle of his typing goes on there.
+    // Whoever requested help in the middle of his typing goes on there.
     QWidget* const modal = QApplication::activeModalWidget();
     QWidget* const next = modal != nullptr ? modal : m_before.data();
     if (isInFront && next != nullptr && next->isVisible())

@@ -40,7 +40,7 @@ public:
         Settings& settings;
     };
 
-    /// `home` stays the parent while no modal window asks for help.
+    /// `home` stays the parent while no modal window requests help.
     frmHelp(const Doors& doors, QWidget* home);
 
     void DisplayTopic(const QString& file, std::int32_t topic, QWidget* caller) override;

@@ -171,20 +171,20 @@ void HelpPage::wheelEvent(QWheelEvent* event)
         QTextBrowser::wheelEvent(event);
         return;
     }
-    Q_EMIT ZoomAsked(m_zoom + (event->angleDelta().y() > 0 ? 10 : -10));
+    Q_EMIT ZoomRequested(m_zoom + (event->angleDelta().y() > 0 ? 10 : -10));
     event->accept();
 }
 
 void HelpPage::FollowLink(const QUrl& url)
 {
     if (IsOwn(url)) {
-        Q_EMIT PageAsked({{}, url.path(), url.fragment(QUrl::FullyDecoded)});
+        Q_EMIT PageRequested({{}, url.path(), url.fragment(QUrl::FullyDecoded)});
         return;
     }
     const QString link = url.toString();
     const auto address = url.scheme() == Scheme() ? std::nullopt : ReadPageAddress(link, m_address.path);
     if (address)
-        Q_EMIT PageAsked(*address);
+        Q_EMIT PageRequested(*address);
     else
         Q_EMIT LinkRefused(link);
 }

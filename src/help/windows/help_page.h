@@ -42,11 +42,11 @@ public:
 
 Q_SIGNALS:
     /// A link inside the help files was chosen.
-    void PageAsked(const PageAddress& address);
+    void PageRequested(const PageAddress& address);
     /// A link that leads out of the help files was chosen; it is not followed.
     void LinkRefused(const QString& link);
     /// Ctrl and the wheel: another size of the text, in percent.
-    void ZoomAsked(int percent);
+    void ZoomRequested(int percent);
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;

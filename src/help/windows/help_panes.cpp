@@ -108,7 +108,7 @@ ContentsPane::ContentsPane(QWidget* parent)
     rows->addWidget(tvwContents);
     const auto choose = [this](const QTreeWidgetItem* item) {
         if (item != nullptr && !item->data(0, kPathRole).toString().isEmpty())
-            Q_EMIT PageAsked(
+            Q_EMIT PageRequested(
                 {{}, item->data(0, kPathRole).toString(), item->data(0, kAnchorRole).toString()});
     };
     connect(tvwContents, &QTreeWidget::itemClicked, this, [choose](QTreeWidgetItem* item) { choose(item); });
@@ -222,7 +222,7 @@ void IndexPane::Filter(const QString& text)
 void IndexPane::Choose(const QListWidgetItem* item)
 {
     if (item != nullptr && !item->isHidden())
-        Q_EMIT PageAsked({{}, item->data(kPathRole).toString(), item->data(kAnchorRole).toString()});
+        Q_EMIT PageRequested({{}, item->data(kPathRole).toString(), item->data(kAnchorRole).toString()});
 }
 
 SearchPane::SearchPane(QWidget* parent)
@@ -315,10 +315,10 @@ FindBar::FindBar(QWidget* parent)
     row->addWidget(cmdFindNext);
     row->addWidget(lblCount, 1);
     row->addWidget(cmdFindClose);
-    connect(txtFind, &QLineEdit::textChanged, this, [this] { Q_EMIT FindAsked(false, true); });
-    connect(txtFind, &QLineEdit::returnPressed, this, [this] { Q_EMIT FindAsked(false, false); });
-    connect(cmdFindNext, &QToolButton::clicked, this, [this] { Q_EMIT FindAsked(false, false); });
-    connect(cmdFindPrevious, &QToolButton::clicked, this, [this] { Q_EMIT FindAsked(true, false); });
+    connect(txtFind, &QLineEdit::textChanged, this, [this] { Q_EMIT FindRequested(false, true); });
+    connect(txtFind, &QLineEdit::returnPressed, this, [this] { Q_EMIT FindRequested(false, false); });
+    connect(cmdFindNext, &QToolButton::clicked, this, [this] { Q_EMIT FindRequested(false, false); });
+    connect(cmdFindPrevious, &QToolButton::clicked, this, [this] { Q_EMIT FindRequested(true, false); });
     connect(cmdFindClose, &QToolButton::clicked, this, &FindBar::Close);
     hide();
 }
@@ -328,7 +328,7 @@ void FindBar::Open()
     show();
     txtFind->setFocus();
     txtFind->selectAll();
-    Q_EMIT FindAsked(false, true);
+    Q_EMIT FindRequested(false, true);
 }
 
 void FindBar::Close()

@@ -34,7 +34,7 @@ public:
     void SelectPage(const QString& path);
 
 Q_SIGNALS:
-    void PageAsked(const PageAddress& address);
+    void PageRequested(const PageAddress& address);
 
 private:
     QTreeWidget* tvwContents;
@@ -52,7 +52,7 @@ public:
     void FocusBox();
 
 Q_SIGNALS:
-    void PageAsked(const PageAddress& address);
+    void PageRequested(const PageAddress& address);
 
 private:
     void Filter(const QString& text);
@@ -103,7 +103,7 @@ public:
     void ShowCount(int count);
 
 Q_SIGNALS:
-    void FindAsked(bool isBackward, bool isFromStart);
+    void FindRequested(bool isBackward, bool isFromStart);
     void Closed();
 
 protected:

@@ -10,7 +10,7 @@ namespace stoikal {
 class Messages;
 
 /// What shows help files. The name of a file may end in ">" and the name of a
-/// window type; `caller` is the window that asks.
+/// window type; `caller` is the window that requests it.
 class HelpViewer
 {
 public:

@@ -6,8 +6,8 @@ namespace stoikal {
 
 /// A text as a search compares it: small letters without accents, every kind of
 /// blank as a blank, the typographic apostrophe and the minus sign as those that
-/// a keyboard has. It has as many characters as the text, each at the place of
-/// its own.
+/// a keyboard has. It has as many characters as the text, each at its
+/// own position.
 inline QString Folded(const QString& text)
 {
     QString folded = text;

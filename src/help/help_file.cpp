@@ -81,11 +81,11 @@ void HelpFile::ReadSystem(Lists& lists)
         m_remarks << u"Le titre du fichier d'aide est illisible."_s;
         return;
     }
-    qsizetype place = 4;
-    while (place + 4 <= system->size()) {
-        const qint64 part = NumberAt(system->sliced(place, 2) + QByteArray(2, '\0'), 0, 4);
-        const qint64 size = NumberAt(system->sliced(place + 2, 2) + QByteArray(2, '\0'), 0, 4);
-        const QString text = DecodeHelpText(CString(system->mid(place + 4, size)));
+    qsizetype position = 4;
+    while (position + 4 <= system->size()) {
+        const qint64 part = NumberAt(system->sliced(position, 2) + QByteArray(2, '\0'), 0, 4);
+        const qint64 size = NumberAt(system->sliced(position + 2, 2) + QByteArray(2, '\0'), 0, 4);
+        const QString text = DecodeHelpText(CString(system->mid(position + 4, size)));
         if (part == ContentsList)
             lists.contents = FromRoot(text);
         else if (part == IndexList)
@@ -94,7 +94,7 @@ void HelpFile::ReadSystem(Lists& lists)
             lists.startPage = text;
         else if (part == FileTitle)
             m_title = text.trimmed();
-        place += 4 + size;
+        position += 4 + size;
     }
 }
 
@@ -122,9 +122,9 @@ void HelpFile::ReadWindowTypes(Lists& lists)
     }
 }
 
-QString HelpFile::StringAt(qint64 place) const
+QString HelpFile::StringAt(qint64 position) const
 {
-    return place >= m_strings.size() ? QString() : DecodeHelpText(CString(m_strings.mid(place)));
+    return position >= m_strings.size() ? QString() : DecodeHelpText(CString(m_strings.mid(position)));
 }
 
 /// A page by the name that the file's maker wrote. A compiler may have put its
@@ -152,10 +152,10 @@ void HelpFile::ReadTopics()
         m_remarks << u"La table des numéros de page est illisible."_s;
         return;
     }
-    for (qint64 place = 4; place + 8 <= table->size(); place += 8) {
-        const PageAddress page = Located(StringAt(NumberAt(*table, place + 4, 4)));
+    for (qint64 position = 4; position + 8 <= table->size(); position += 8) {
+        const PageAddress page = Located(StringAt(NumberAt(*table, position + 4, 4)));
         if (!page.path.isEmpty())
-            m_topics.insert(NumberAt(*table, place, 4), page);
+            m_topics.insert(NumberAt(*table, position, 4), page);
     }
 }
 
@@ -165,10 +165,10 @@ void HelpFile::ReadLists(const Lists& lists)
         if (!name.isEmpty())
             return name;
         const auto& names = m_archive->Names();
-        const auto place = std::find_if(names.begin(), names.end(), [extension](const QString& other) {
+        const auto found = std::find_if(names.begin(), names.end(), [extension](const QString& other) {
             return other.endsWith(extension, Qt::CaseInsensitive);
         });
-        return place == names.end() ? QString() : *place;
+        return found == names.end() ? QString() : *found;
     };
     if (const QString name = named(lists.contents, ".hhc"_L1); !name.isEmpty()) {
         if (const auto text = Text(name))

@@ -58,7 +58,7 @@ private:
     void ReadTopics();
     void ReadLists(const Lists& lists);
     void FindStartPage(const QString& named);
-    QString StringAt(qint64 place) const;
+    QString StringAt(qint64 position) const;
     PageAddress Located(const QString& written) const;
 
     QString m_path;

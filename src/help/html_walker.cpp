@@ -58,10 +58,10 @@ char32_t CharacterOf(QStringView entity)
         if (entity == QLatin1String(named.name))
             return named.character;
     }
-    const auto* const place
+    const auto* const found
         = std::find_if(kLatinNames.begin(), kLatinNames.end(),
                        [entity](const char* name) { return entity == QLatin1String(name); });
-    return place == kLatinNames.end() ? 0 : static_cast<char32_t>(0xA0 + (place - kLatinNames.begin()));
+    return found == kLatinNames.end() ? 0 : static_cast<char32_t>(0xA0 + (found - kLatinNames.begin()));
 }
 
 } // namespace
@@ -70,17 +70,17 @@ QString DecodeEntities(QStringView text)
 {
     QString decoded;
     decoded.reserve(text.size());
-    for (qsizetype place = 0; place < text.size(); ++place) {
-        if (text[place] == u'&') {
-            const qsizetype end = text.mid(place + 1, kLongestEntity).indexOf(u';');
-            const char32_t character = end < 1 ? 0 : CharacterOf(text.sliced(place + 1, end));
+    for (qsizetype position = 0; position < text.size(); ++position) {
+        if (text[position] == u'&') {
+            const qsizetype end = text.mid(position + 1, kLongestEntity).indexOf(u';');
+            const char32_t character = end < 1 ? 0 : CharacterOf(text.sliced(position + 1, end));
             if (character != 0) {
                 decoded += QString::fromUcs4(&character, 1);
-                place += end + 1;
+                position += end + 1;
                 continue;
             }
         }
-        decoded += text[place];
+        decoded += text[position];
     }
     return decoded;
 }
@@ -89,11 +89,11 @@ bool HtmlWalker::Next()
 {
     m_tag.clear();
     m_text = {};
-    while (m_place < m_html.size()) {
-        const QStringView rest = m_html.sliced(m_place);
+    while (m_position < m_html.size()) {
+        const QStringView rest = m_html.sliced(m_position);
         if (rest.startsWith(u"<!--")) {
             SkipTo(u"-->");
-            m_place = std::min(m_place + 3, m_html.size());
+            m_position = std::min(m_position + 3, m_html.size());
             continue;
         }
         if (TakeTag()) {
@@ -105,7 +105,7 @@ bool HtmlWalker::Next()
         // A "<" that begins no tag is text like any other.
         const qsizetype next = rest.indexOf(u'<', 1);
         m_text = next < 0 ? rest : rest.first(next);
-        m_place += m_text.size();
+        m_position += m_text.size();
         return true;
     }
     return false;
@@ -113,7 +113,7 @@ bool HtmlWalker::Next()
 
 bool HtmlWalker::TakeTag()
 {
-    const QStringView rest = m_html.sliced(m_place);
+    const QStringView rest = m_html.sliced(m_position);
     if (rest.size() < 2 || rest[0] != u'<' || !(rest[1].isLetter() || rest[1] == u'/' || rest[1] == u'!'))
         return false;
     // A ">" inside a quoted value ends nothing.
@@ -138,42 +138,42 @@ bool HtmlWalker::TakeTag()
         ++name;
     m_tag = inside.first(name).toString().toLower();
     m_inside = inside.sliced(name);
-    m_place += end + 1;
+    m_position += end + 1;
     return true;
 }
 
 void HtmlWalker::SkipTo(QStringView end)
 {
-    const qsizetype found = m_html.indexOf(end, m_place, Qt::CaseInsensitive);
-    m_place = found < 0 ? m_html.size() : found;
+    const qsizetype found = m_html.indexOf(end, m_position, Qt::CaseInsensitive);
+    m_position = found < 0 ? m_html.size() : found;
 }
 
 QString HtmlWalker::Attribute(const QString& name) const
 {
-    qsizetype place = 0;
-    while (place < m_inside.size()) {
-        while (place < m_inside.size() && (m_inside[place].isSpace() || m_inside[place] == u'/'))
-            ++place;
-        const qsizetype nameStart = place;
-        while (place < m_inside.size() && m_inside[place] != u'=' && !m_inside[place].isSpace())
-            ++place;
-        const QStringView found = m_inside.sliced(nameStart, place - nameStart);
-        if (place >= m_inside.size() || m_inside[place] != u'=') {
-            ++place;
+    qsizetype position = 0;
+    while (position < m_inside.size()) {
+        while (position < m_inside.size() && (m_inside[position].isSpace() || m_inside[position] == u'/'))
+            ++position;
+        const qsizetype nameStart = position;
+        while (position < m_inside.size() && m_inside[position] != u'=' && !m_inside[position].isSpace())
+            ++position;
+        const QStringView found = m_inside.sliced(nameStart, position - nameStart);
+        if (position >= m_inside.size() || m_inside[position] != u'=') {
+            ++position;
             continue;
         }
-        ++place;
+        ++position;
         QStringView value;
-        if (place < m_inside.size() && (m_inside[place] == u'"' || m_inside[place] == u'\'')) {
-            const qsizetype end = m_inside.indexOf(m_inside[place], place + 1);
+        if (position < m_inside.size() && (m_inside[position] == u'"' || m_inside[position] == u'\'')) {
+            const qsizetype end = m_inside.indexOf(m_inside[position], position + 1);
             const qsizetype last = end < 0 ? m_inside.size() : end;
-            value = m_inside.sliced(place + 1, last - place - 1);
-            place = last + 1;
+            value = m_inside.sliced(position + 1, last - position - 1);
+            position = last + 1;
         } else {
-            const qsizetype start = place;
-            while (place < m_inside.size() && !m_inside[place].isSpace())
-                ++place;
-            value = m_inside.sliced(start, place - start);
+            const qsizetype start = position;
+            while (position < m_inside.size() && !m_inside[position].isSpace())
+                ++position;
+            value = m_inside.sliced(start, position - start);
         }
         if (found.compare(name, Qt::CaseInsensitive) == 0)
             return DecodeEntities(value);

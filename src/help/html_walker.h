@@ -37,7 +37,7 @@ private:
     void SkipTo(QStringView end);
 
     QStringView m_html;
-    qsizetype m_place = 0;
+    qsizetype m_position = 0;
     QString m_tag;
     QStringView m_inside;
     QStringView m_text;

@@ -7,7 +7,7 @@
 
 namespace stoikal {
 
-/// The road of a reader through the pages, forth and back. Going somewhere new
+/// The path of a reader through the pages, forth and back. Going somewhere new
 /// forgets what lay ahead.
 class PageHistory
 {
@@ -23,11 +23,11 @@ public:
         }
     };
 
-    bool CanGoBack() const { return m_place > 0; }
-    bool CanGoForward() const { return m_place + 1 < m_stops.size(); }
+    bool CanGoBack() const { return m_index > 0; }
+    bool CanGoForward() const { return m_index + 1 < m_stops.size(); }
     bool IsEmpty() const { return m_stops.empty(); }
     /// Must not be called while empty.
-    const Stop& Current() const { return m_stops[m_place]; }
+    const Stop& Current() const { return m_stops[m_index]; }
 
     /// Arrives at a page; the one where the reader stands already adds nothing.
     void Visit(const QString& file, const PageAddress& page)
@@ -35,29 +35,29 @@ public:
         if (!IsEmpty() && Current().IsAt(file, page))
             return;
         if (!IsEmpty())
-            m_stops.resize(m_place + 1);
+            m_stops.resize(m_index + 1);
         m_stops.push_back({file, page, 0});
         if (m_stops.size() > kMostStops)
             m_stops.erase(m_stops.begin());
-        m_place = m_stops.size() - 1;
+        m_index = m_stops.size() - 1;
     }
 
     /// Keeps how far down the current page is, before it is left.
     void KeepScroll(int scroll)
     {
         if (!IsEmpty())
-            m_stops[m_place].scroll = scroll;
+            m_stops[m_index].scroll = scroll;
     }
 
     /// Steps back or forward and gives where; must only be called when possible.
-    const Stop& Back() { return m_stops[--m_place]; }
-    const Stop& Forward() { return m_stops[++m_place]; }
+    const Stop& Back() { return m_stops[--m_index]; }
+    const Stop& Forward() { return m_stops[++m_index]; }
 
 private:
     static constexpr std::size_t kMostStops = 500;
 
     std::vector<Stop> m_stops;
-    std::size_t m_place = 0;
+    std::size_t m_index = 0;
 };
 
 } // namespace stoikal

@@ -65,16 +65,16 @@ QString PlainPageText(const QString& html)
     return text.simplified();
 }
 
-QString PageExcerpt(const QString& text, qsizetype place)
+QString PageExcerpt(const QString& text, qsizetype position)
 {
-    qsizetype from = std::max<qsizetype>(0, place - kExcerptBefore);
+    qsizetype from = std::max<qsizetype>(0, position - kExcerptBefore);
     if (from > 0) {
         const qsizetype blank = text.indexOf(u' ', from);
-        from = blank < 0 || blank >= place ? place : blank + 1;
+        from = blank < 0 || blank >= position ? position : blank + 1;
     }
     qsizetype to = std::min(text.size(), from + kExcerptLength);
     // A word too long to stand there whole is cut all the same.
-    if (const qsizetype blank = text.lastIndexOf(u' ', to); to < text.size() && blank > place)
+    if (const qsizetype blank = text.lastIndexOf(u' ', to); to < text.size() && blank > position)
         to = blank;
     return (from > 0 ? u"… "_s : QString()) + text.sliced(from, to - from)
         + (to < text.size() ? u" …"_s : QString());
@@ -110,7 +110,7 @@ std::vector<PageSearch::Hit> PageSearch::Find(const HelpFile& file, const QStrin
         ReadPages(file);
     struct Ranked {
         bool isInTitle;
-        qsizetype places;
+        qsizetype occurrences;
         const Page* page;
         qsizetype first;
     };
@@ -122,14 +122,14 @@ std::vector<PageSearch::Hit> PageSearch::Find(const HelpFile& file, const QStrin
         if (!std::all_of(words.begin(), words.end(), holds))
             continue;
         const auto isTitled = [&title](const QString& word) { return title.contains(word); };
-        qsizetype places = 0;
+        qsizetype occurrences = 0;
         for (const QString& word : words)
-            places += page.folded.count(word);
-        ranked.push_back({std::any_of(words.begin(), words.end(), isTitled), places, &page,
+            occurrences += page.folded.count(word);
+        ranked.push_back({std::any_of(words.begin(), words.end(), isTitled), occurrences, &page,
                           std::max<qsizetype>(0, page.folded.indexOf(words.first()))});
     }
     std::stable_sort(ranked.begin(), ranked.end(), [](const Ranked& a, const Ranked& b) {
-        return a.isInTitle != b.isInTitle ? a.isInTitle : a.places > b.places;
+        return a.isInTitle != b.isInTitle ? a.isInTitle : a.occurrences > b.occurrences;
     });
     std::vector<Hit> hits;
     hits.reserve(ranked.size());

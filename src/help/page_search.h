@@ -13,9 +13,9 @@ QString PageTitle(const QString& html);
 /// What a page says, without its tags, one blank between two words.
 QString PlainPageText(const QString& html);
 
-/// The words around a place of a text, cut between words: from 40 characters before
-/// the place at most, 140 characters at most, with "…" where it is cut.
-QString PageExcerpt(const QString& text, qsizetype place);
+/// The words around a position in a text, cut between words: from 40 characters before
+/// the position at most, 140 characters at most, with "…" where it is cut.
+QString PageExcerpt(const QString& text, qsizetype position);
 
 /// Finds the pages of a help file that hold some words. The texts are read once,
 /// by the first search.
@@ -25,7 +25,7 @@ public:
     struct Hit {
         QString path;
         QString title;
-        QString excerpt; ///< some words around the first place, "…" where it is cut
+        QString excerpt; ///< some words around the first occurrence, "…" where it is cut
     };
 
     /// Forgets what it read: another help file is open.
@@ -33,7 +33,7 @@ public:
 
     /// The pages that hold every word of the request, whatever its case and its
     /// accents, those with a word in the title first, then those with the most
-    /// places. Nothing for a request without a word. Pages that cannot be read
+    /// occurrences. Nothing for a request without a word. Pages that cannot be read
     /// and pages above 2 MB are passed by.
     std::vector<Hit> Find(const HelpFile& file, const QString& request);
 

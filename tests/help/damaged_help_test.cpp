@@ -61,10 +61,10 @@ protected:
     const QString m_path = m_folder.filePath(u"Aide.chm"_s);
 };
 
-void SetNumber(QByteArray& bytes, qsizetype place, qint64 number, int size)
+void SetNumber(QByteArray& bytes, qsizetype position, qint64 number, int size)
 {
-    for (int i = 0; i < size && place + i < bytes.size(); ++i)
-        bytes[place + i] = static_cast<char>(static_cast<quint64>(number) >> (8 * i));
+    for (int i = 0; i < size && position + i < bytes.size(); ++i)
+        bytes[position + i] = static_cast<char>(static_cast<quint64>(number) >> (8 * i));
 }
 
 } // namespace
@@ -128,20 +128,21 @@ TEST_F(DamagedHelp, WithExtremeNumbersInItsHeadsRequestsNoMemory)
 {
     // The heads of the file and of the directory, and what tells how the rest is
     // packed: from "LZXC" and its size, and the reset table after it.
-    QList<qsizetype> places;
-    for (qsizetype place = 0; place < 0x60 + 0x18 + 0x54 + 0x14 + 0x200; place += 4)
-        places << place;
-    for (qsizetype place = m_small.indexOf("LZXC") - 4; place < m_small.indexOf("LZXC") + 0x120; place += 4)
-        places << place;
-    for (const qsizetype place : places) {
+    QList<qsizetype> positions;
+    for (qsizetype position = 0; position < 0x60 + 0x18 + 0x54 + 0x14 + 0x200; position += 4)
+        positions << position;
+    for (qsizetype position = m_small.indexOf("LZXC") - 4; position < m_small.indexOf("LZXC") + 0x120;
+         position += 4)
+        positions << position;
+    for (const qsizetype position : positions) {
         for (const qint64 number : {qint64{0}, qint64{1}, qint64{0x7FFFFFFF}, qint64{0xFFFFFFFF}}) {
             QByteArray bytes = m_small;
-            SetNumber(bytes, place, number, 4);
-            SCOPED_TRACE(place);
+            SetNumber(bytes, position, number, 4);
+            SCOPED_TRACE(position);
             ReadDamaged(bytes);
         }
         QByteArray bytes = m_small;
-        SetNumber(bytes, place, -1, 8);
+        SetNumber(bytes, position, -1, 8);
         ReadDamaged(bytes);
     }
 }

@@ -27,7 +27,7 @@ TEST(PageAddress, IsReadFromTheFolderOfItsPage)
     EXPECT_EQ(Read(u"./x/../b.html"_s).path, u"/pages/b.html"_s);
 }
 
-TEST(PageAddress, HasAPlaceOnThePage)
+TEST(PageAddress, HasAPositionOnThePage)
 {
     EXPECT_EQ(Read(u"#fin"_s), (PageAddress{{}, u"/pages/a.html"_s, u"fin"_s}));
     EXPECT_EQ(Read(u"b.html#fin"_s), (PageAddress{{}, u"/pages/b.html"_s, u"fin"_s}));

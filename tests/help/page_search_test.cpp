@@ -19,7 +19,7 @@ QStringList PathsOf(const std::vector<PageSearch::Hit>& hits)
 
 } // namespace
 
-TEST(FoldedText, DropsCaseAndAccentsAndKeepsEveryPlace)
+TEST(FoldedText, DropsCaseAndAccentsAndKeepsEveryPosition)
 {
     EXPECT_EQ(Folded(u"Éléments à l’Œuvre\u00A0: ÇA"_s), u"elements a l'œuvre : ca"_s);
 }
@@ -49,20 +49,20 @@ TEST(PageExcerpt, IsTheWholeOfAShortText)
     EXPECT_EQ(PageExcerpt({}, 0), QString());
 }
 
-TEST(PageExcerpt, BeginsWithAWholeWordWithinFortyCharactersBeforeThePlace)
+TEST(PageExcerpt, BeginsWithAWholeWordWithinFortyCharactersBeforeThePosition)
 {
-    // "mot " ten times is 40 characters: from the place at 80, 40 is the "m" of a word,
+    // "mot " ten times is 40 characters: from the position 80, 40 is the "m" of a word,
     // and the next word begins at 44.
     const QString text = u"mot "_s.repeated(20) + u"fer"_s;
 
     EXPECT_EQ(PageExcerpt(text, 80), u"… "_s + u"mot "_s.repeated(9) + u"fer"_s);
-    // At 79, a blank, a word may begin behind it: 40, ten words before the place.
+    // At 79, a blank, a word may begin after it: 40, ten words before the position.
     EXPECT_EQ(PageExcerpt(text, 79), u"… "_s + u"mot "_s.repeated(10) + u"fer"_s);
-    // Nothing is cut where the place is 40 characters from the beginning.
+    // Nothing is cut where the position is 40 characters from the beginning.
     EXPECT_EQ(PageExcerpt(text, 40), text);
 }
 
-TEST(PageExcerpt, BeginsWithThePlaceItselfBehindALongWord)
+TEST(PageExcerpt, BeginsAtThePositionItselfAfterALongWord)
 {
     EXPECT_EQ(PageExcerpt(u"mot "_s + u"x"_s.repeated(60) + u"fer"_s, 64), u"… fer"_s);
     EXPECT_EQ(PageExcerpt(u"mot "_s + u"x"_s.repeated(60) + u"-fer au"_s, 65), u"… fer au"_s);
@@ -70,7 +70,7 @@ TEST(PageExcerpt, BeginsWithThePlaceItselfBehindALongWord)
 
 TEST(PageExcerpt, EndsWithAWholeWordWithin140Characters)
 {
-    // 140 characters are 35 times "mot "; the last of them is the blank behind a word.
+    // 140 characters are 35 times "mot "; the last of them is the blank after a word.
     const QString text = u"mot "_s.repeated(60);
 
     EXPECT_EQ(PageExcerpt(text, 0), u"mot "_s.repeated(34) + u"mot …"_s);

@@ -30,7 +30,7 @@ QStringList LinksOf(const QString& html)
     return links;
 }
 
-bool HasPlace(const QString& html, const QString& anchor)
+bool HasAnchor(const QString& html, const QString& anchor)
 {
     return anchor.isEmpty() || html.contains(u"name=\"%1\""_s.arg(anchor));
 }
@@ -44,9 +44,9 @@ QString FaultOf(const HelpFile& file, const QString& page, const QString& link)
     if (address->file.isEmpty()) {
         if (!file.Has(address->path))
             return u"leads nowhere"_s;
-        return address->anchor.isEmpty() || HasPlace(*file.Text(address->path), address->anchor)
+        return address->anchor.isEmpty() || HasAnchor(*file.Text(address->path), address->anchor)
             ? QString()
-            : u"no such place"_s;
+            : u"no such anchor"_s;
     }
     const QString beside = QFileInfo(file.Path()).path() + u'/' + address->file;
     return OpenedHelp(beside)->Has(address->path) ? QString() : u"not in that file"_s;
@@ -121,7 +121,7 @@ TEST(ShippedHelp, HasNoLinkThatLeadsNowhere)
     }
 }
 
-TEST(ShippedHelp, GivesEveryPageATitleOfItsOwnAndAPlaceInTheContents)
+TEST(ShippedHelp, GivesEveryPageATitleOfItsOwnAndALineInTheContents)
 {
     for (const QString& path : ShippedHelpFiles()) {
         const auto file = OpenedHelp(path);

@@ -128,7 +128,7 @@ TEST_F(FrmHelp, ShowsThePagesFoundByTitleAndTwoWholeLines)
     list.clearSelection();
     list.setCurrentItem(nullptr);
     Settle();
-    const QRect place = list.visualItemRect(list.item(0));
+    const QRect item = list.visualItemRect(list.item(0));
     const int line = list.fontMetrics().lineSpacing();
     const auto darkest = [&list](const QRect& part) {
         const QImage image = list.viewport()->grab(part).toImage();
@@ -140,14 +140,14 @@ TEST_F(FrmHelp, ShowsThePagesFoundByTitleAndTwoWholeLines)
         return lightness;
     };
     // 6 pixels above, the title, 2 pixels, two lines, 6 pixels: 3 lines and 14.
-    const QRect title(place.left(), place.top() + 6, place.width(), line);
-    const QRect excerpt(place.left(), place.top() + 6 + line + 2, place.width(), 2 * line);
+    const QRect title(item.left(), item.top() + 6, item.width(), line);
+    const QRect excerpt(item.left(), item.top() + 6 + line + 2, item.width(), 2 * line);
 
-    EXPECT_EQ(place.height(), 3 * line + 14);
+    EXPECT_EQ(item.height(), 3 * line + 14);
     const int paper = list.palette().color(QPalette::Base).lightness();
     EXPECT_LT(darkest(title), darkest(excerpt));
     EXPECT_LT(darkest(excerpt), paper - 40);
-    EXPECT_EQ(darkest(QRect(place.left(), place.bottom() - 3, place.width(), 3)), paper);
+    EXPECT_EQ(darkest(QRect(item.left(), item.bottom() - 3, item.width(), 3)), paper);
 }
 
 TEST_F(FrmHelp, AsksForWordsWhenThereAreNone)
@@ -179,7 +179,7 @@ TEST_F(FrmHelp, GoesBackAndForth)
     EXPECT_FALSE(Tool("cmdForward").isEnabled());
 }
 
-TEST_F(FrmHelp, ComesBackToThePlaceWhereAPageWasLeft)
+TEST_F(FrmHelp, ComesBackToThePositionWhereAPageWasLeft)
 {
     Open();
     ClickNode(u"Le format d’un fichier d’équations"_s);
@@ -316,22 +316,22 @@ TEST_F(FrmHelp, PrintsThePageShown)
     EXPECT_TRUE(printer.text.contains(u"Les dix meilleurs"_s));
 }
 
-TEST_F(FrmHelp, KeepsItsPlaceAndSizeInTwips)
+TEST_F(FrmHelp, StoresItsPositionAndSizeInTwips)
 {
     Open();
     window.setGeometry(40, 50, 700, 500);
-    const QPoint place = window.pos();
+    const QPoint position = window.pos();
 
     window.Close();
 
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Left"_s), QString::number(place.x() * 15));
+    EXPECT_EQ(settings.Read(u"Help Window"_s, u"Left"_s), QString::number(position.x() * 15));
     EXPECT_EQ(settings.Read(u"Help Window"_s, u"Width"_s), u"10500"_s); // 700 * 15
     EXPECT_EQ(settings.Read(u"Help Window"_s, u"Height"_s), u"7500"_s);
     frmHelp again({messages, printer, screen, settings}, &home);
     again.DisplayContents(ShippedHelp("Stoikal.chm"), &home);
     EXPECT_EQ(again.size(), QSize(700, 500));
-    EXPECT_EQ(again.pos(), place);
+    EXPECT_EQ(again.pos(), position);
 }
 
 TEST_F(FrmHelp, SizeLeftInPixelsByAnEarlierProgramIsReadAsPixels)

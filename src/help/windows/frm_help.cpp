@@ -258,9 +258,9 @@ void frmHelp::Present(QWidget* caller)
         RestoreSize();
     m_hasBeenShown = true;
     if (owner != parentWidget()) {
-        const QRect place = geometry();
+        const QRect before = geometry();
         setParent(owner, windowFlags());
-        setGeometry(place);
+        setGeometry(before);
         if (auto* const dialog = qobject_cast<QDialog*>(owner))
             connect(dialog, &QDialog::finished, this, &frmHelp::ReturnHome);
     }
@@ -280,9 +280,9 @@ void frmHelp::ReturnHome()
         return;
     disconnect(parentWidget(), nullptr, this, nullptr);
     const bool isShown = isVisible();
-    const QRect place = geometry();
+    const QRect before = geometry();
     setParent(m_home, windowFlags());
-    setGeometry(place);
+    setGeometry(before);
     setVisible(isShown);
 }
 
@@ -362,7 +362,7 @@ void frmHelp::ChangeZoom(int percent)
     ShowState();
 }
 
-/// Earlier programs kept the size in pixels beside a place in twips. A number of
+/// Earlier programs kept the size in pixels beside a position in twips. A number of
 /// pixels of any screen is below the twips of the smallest window.
 void frmHelp::ConvertSizeInPixels()
 {

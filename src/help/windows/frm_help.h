@@ -27,7 +27,7 @@ class Settings;
 
 /// The reader of help files: contents, index and search at the left, the page at
 /// the right. There is one for all windows of the program; opening another file
-/// in it keeps the road back.
+/// in it keeps the path back.
 class frmHelp final : public Form, public HelpViewer
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ public:
     void DisplayTopic(const QString& file, std::int32_t topic, QWidget* caller) override;
     void DisplayContents(const QString& file, QWidget* caller) override;
     void DisplayIndex(const QString& file, QWidget* caller) override;
-    /// Takes the window away; its place and size are kept.
+    /// Takes the window away; its position and size are stored.
     void Close();
 
 protected:

@@ -137,15 +137,15 @@ QString HelpPage::Zoomed(const QString& text) const
     static const QRegularExpression kSize(u"(font-size\\s*:\\s*)([0-9]{1,3}(?:\\.[0-9]{1,3})?)(pt|px)"_s,
                                           QRegularExpression::CaseInsensitiveOption);
     QString zoomed;
-    qsizetype place = 0;
+    qsizetype position = 0;
     for (auto match = kSize.globalMatch(text); match.hasNext();) {
         const auto found = match.next();
-        zoomed += QStringView(text).sliced(place, found.capturedStart() - place);
+        zoomed += QStringView(text).sliced(position, found.capturedStart() - position);
         zoomed += found.captured(1) + QString::number(found.captured(2).toDouble() * m_zoom / 100, 'f', 1)
             + found.captured(3);
-        place = found.capturedEnd();
+        position = found.capturedEnd();
     }
-    zoomed += QStringView(text).sliced(place);
+    zoomed += QStringView(text).sliced(position);
     return zoomed;
 }
 
@@ -189,78 +189,78 @@ void HelpPage::FollowLink(const QUrl& url)
         Q_EMIT LinkRefused(link);
 }
 
-/// The places of a text on the page, compared as searches compare.
-QList<int> HelpPage::PlacesOf(const QString& text) const
+/// The positions of a text on the page, compared as searches compare.
+QList<int> HelpPage::PositionsOf(const QString& text) const
 {
     const QString sought = Folded(text);
     const QString folded = Folded(toPlainText());
-    QList<int> places;
-    for (qsizetype place = sought.isEmpty() ? -1 : folded.indexOf(sought); place >= 0;
-         place = folded.indexOf(sought, place + sought.size()))
-        places << static_cast<int>(place);
-    return places;
+    QList<int> positions;
+    for (qsizetype position = sought.isEmpty() ? -1 : folded.indexOf(sought); position >= 0;
+         position = folded.indexOf(sought, position + sought.size()))
+        positions << static_cast<int>(position);
+    return positions;
 }
 
-QTextCursor HelpPage::Selected(int place, qsizetype length) const
+QTextCursor HelpPage::Selected(int position, qsizetype length) const
 {
     QTextCursor cursor(document());
-    cursor.setPosition(place);
-    cursor.setPosition(place + static_cast<int>(length), QTextCursor::KeepAnchor);
+    cursor.setPosition(position);
+    cursor.setPosition(position + static_cast<int>(length), QTextCursor::KeepAnchor);
     return cursor;
 }
 
-void HelpPage::Mark(const QList<int>& places, qsizetype length)
+void HelpPage::Mark(const QList<int>& positions, qsizetype length)
 {
     QList<QTextEdit::ExtraSelection> marks = extraSelections();
-    for (const int place : places) {
+    for (const int position : positions) {
         if (marks.size() == kMostMarks)
             break;
         QTextEdit::ExtraSelection mark;
-        mark.cursor = Selected(place, length);
+        mark.cursor = Selected(position, length);
         mark.format.setBackground(QColor(0xFF, 0xE3, 0x8F));
         marks << mark;
     }
     setExtraSelections(marks);
 }
 
-void HelpPage::GoTo(int place, qsizetype length)
+void HelpPage::GoTo(int position, qsizetype length)
 {
-    setTextCursor(Selected(place, length));
+    setTextCursor(Selected(position, length));
     ensureCursorVisible();
 }
 
 int HelpPage::FindText(const QString& text, bool isBackward, bool isFromStart)
 {
-    const QList<int> places = PlacesOf(text);
+    const QList<int> positions = PositionsOf(text);
     setExtraSelections({});
-    Mark(places, text.size());
-    if (places.isEmpty())
+    Mark(positions, text.size());
+    if (positions.isEmpty())
         return 0;
     const int from = isFromStart ? -1 : textCursor().selectionStart();
-    const auto behind = isBackward ? std::lower_bound(places.begin(), places.end(), from)
-                                   : std::upper_bound(places.begin(), places.end(), from);
+    const auto next = isBackward ? std::lower_bound(positions.begin(), positions.end(), from)
+                                 : std::upper_bound(positions.begin(), positions.end(), from);
     if (isBackward)
-        GoTo(behind == places.begin() ? places.last() : *std::prev(behind), text.size());
+        GoTo(next == positions.begin() ? positions.last() : *std::prev(next), text.size());
     else
-        GoTo(behind == places.end() ? places.first() : *behind, text.size());
-    return static_cast<int>(places.size());
+        GoTo(next == positions.end() ? positions.first() : *next, text.size());
+    return static_cast<int>(positions.size());
 }
 
-/// The places of a word. A short one, as "de", is part of half of the words of a
-/// page: where it stands alone, only those places count.
-QList<int> HelpPage::PlacesOfWord(const QString& word) const
+/// The positions of a word. A short one, as "de", is part of half of the words of a
+/// page: where it stands alone, only those positions count.
+QList<int> HelpPage::PositionsOfWord(const QString& word) const
 {
     constexpr qsizetype kLongestShortWord = 3;
-    QList<int> places = PlacesOf(word);
+    QList<int> positions = PositionsOf(word);
     if (word.size() > kLongestShortWord)
-        return places;
-    const auto standsAlone = [this, length = word.size()](int place) {
-        return !document()->characterAt(place - 1).isLetterOrNumber()
-            && !document()->characterAt(place + static_cast<int>(length)).isLetterOrNumber();
+        return positions;
+    const auto standsAlone = [this, length = word.size()](int position) {
+        return !document()->characterAt(position - 1).isLetterOrNumber()
+            && !document()->characterAt(position + static_cast<int>(length)).isLetterOrNumber();
     };
     QList<int> alone;
-    std::copy_if(places.cbegin(), places.cend(), std::back_inserter(alone), standsAlone);
-    return alone.isEmpty() ? places : alone;
+    std::copy_if(positions.cbegin(), positions.cend(), std::back_inserter(alone), standsAlone);
+    return alone.isEmpty() ? positions : alone;
 }
 
 void HelpPage::MarkWords(const QStringList& words)
@@ -269,10 +269,10 @@ void HelpPage::MarkWords(const QStringList& words)
     int first = -1;
     qsizetype length = 0;
     for (const QString& word : words) {
-        const QList<int> places = PlacesOfWord(word);
-        Mark(places, word.size());
-        if (!places.isEmpty() && (first < 0 || places.first() < first)) {
-            first = places.first();
+        const QList<int> positions = PositionsOfWord(word);
+        Mark(positions, word.size());
+        if (!positions.isEmpty() && (first < 0 || positions.first() < first)) {
+            first = positions.first();
             length = word.size();
         }
     }

@@ -23,7 +23,7 @@ public:
 
     /// The file of the pages to come; may be null.
     void SetFile(std::shared_ptr<const HelpFile> file);
-    /// Shows a page at a place. One that cannot be read is replaced by a page
+    /// Shows a page at a position. One that cannot be read is replaced by a page
     /// that tells why.
     void ShowPage(const PageAddress& address);
     /// The title of the page shown.
@@ -33,11 +33,11 @@ public:
     /// Shows the text larger or smaller, in percent, held within the bounds.
     void SetZoom(int percent);
 
-    /// Marks every place of the text, whatever its case and accents, and goes to
-    /// the one behind the current place ("behind" and "in front" wrap around).
+    /// Marks every occurrence of the text, whatever its case and accents, and goes to
+    /// the one after the current position, or before it; both wrap around.
     /// Gives how many there are; none for an empty text.
     int FindText(const QString& text, bool isBackward, bool isFromStart);
-    /// Marks every place of every word and goes to the first one.
+    /// Marks every occurrence of every word and goes to the first one.
     void MarkWords(const QStringList& words);
 
 Q_SIGNALS:
@@ -58,11 +58,11 @@ private:
     bool IsOwn(const QUrl& url) const;
     QUrl UrlOf(const PageAddress& address) const;
     QString Zoomed(const QString& text) const;
-    QList<int> PlacesOf(const QString& text) const;
-    QList<int> PlacesOfWord(const QString& word) const;
-    QTextCursor Selected(int place, qsizetype length) const;
-    void Mark(const QList<int>& places, qsizetype length);
-    void GoTo(int place, qsizetype length);
+    QList<int> PositionsOf(const QString& text) const;
+    QList<int> PositionsOfWord(const QString& word) const;
+    QTextCursor Selected(int position, qsizetype length) const;
+    void Mark(const QList<int>& positions, qsizetype length);
+    void GoTo(int position, qsizetype length);
 
     std::shared_ptr<const HelpFile> m_file;
     int m_fileNumber = 0; ///< tells pages of one name in two files apart

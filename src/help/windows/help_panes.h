@@ -59,7 +59,7 @@ private:
     void Choose(const QListWidgetItem* item);
 
     QLineEdit* txtIndex;
-    QLabel* lblNoKeyword; ///< shown in the place of an empty list
+    QLabel* lblNoKeyword; ///< shown instead of an empty list
     QListWidget* lstIndex;
 };
 

@@ -21,7 +21,7 @@ constexpr qint64 kWindowTitle = 0x14;
 constexpr qint64 kWindowContents = 0x60;
 constexpr qint64 kWindowIndex = 0x64;
 constexpr qint64 kWindowPage = 0x68;
-constexpr std::int64_t kMostWindowTypes = 256;
+constexpr std::int64_t kMaximumWindowTypes = 256;
 
 bool IsPage(const QString& name)
 {
@@ -105,7 +105,7 @@ void HelpFile::ReadWindowTypes(Lists& lists)
     const auto windows = Read(u"/#WINDOWS"_s);
     if (!windows)
         return;
-    const std::int64_t count = std::min(NumberAt(*windows, 0, 4), kMostWindowTypes);
+    const std::int64_t count = std::min(NumberAt(*windows, 0, 4), kMaximumWindowTypes);
     const qint64 size = NumberAt(*windows, 4, 4);
     for (qint64 i = 0; i < count && 8 + (i + 1) * size <= windows->size(); ++i) {
         const qint64 entry = 8 + i * size;

@@ -16,7 +16,7 @@ namespace stoikal {
 class HelpArchive;
 
 /// A help file as its reader sees it: a title, contents, an index, pages, and
-/// the pages' topic numbers. A damaged part is left out and told in Remarks();
+/// the pages' topic numbers. A damaged part is left out and reported in Remarks();
 /// only what is no help file at all cannot be opened.
 class HelpFile
 {
@@ -45,7 +45,7 @@ public:
     Outcome<QString> Text(const QString& path) const;
 
 private:
-    /// The names of the lists, as the system part and the window types tell them.
+    /// The names of the lists, as the system part and the window types give them.
     struct Lists {
         QString contents;
         QString index;

@@ -96,7 +96,7 @@ bool HtmlWalker::Next()
             m_position = std::min(m_position + 3, m_html.size());
             continue;
         }
-        if (TakeTag()) {
+        if (ParseTag()) {
             // What these hold is for no reader; their end tag is the next piece.
             if (m_tag == "script"_L1 || m_tag == "style"_L1)
                 SkipTo(QString(u"</"_s + m_tag));
@@ -111,7 +111,7 @@ bool HtmlWalker::Next()
     return false;
 }
 
-bool HtmlWalker::TakeTag()
+bool HtmlWalker::ParseTag()
 {
     const QStringView rest = m_html.sliced(m_position);
     if (rest.size() < 2 || rest[0] != u'<' || !(rest[1].isLetter() || rest[1] == u'/' || rest[1] == u'!'))

@@ -33,7 +33,7 @@ public:
     QString Text() const { return DecodeEntities(m_text); }
 
 private:
-    bool TakeTag();
+    bool ParseTag();
     void SkipTo(QStringView end);
 
     QStringView m_html;

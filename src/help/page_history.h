@@ -37,13 +37,13 @@ public:
         if (!IsEmpty())
             m_stops.resize(m_index + 1);
         m_stops.push_back({file, page, 0});
-        if (m_stops.size() > kMostStops)
+        if (m_stops.size() > kMaximumStops)
             m_stops.erase(m_stops.begin());
         m_index = m_stops.size() - 1;
     }
 
-    /// Keeps how far down the current page is, before it is left.
-    void KeepScroll(int scroll)
+    /// Stores how far down the current page is, before it is left.
+    void StoreScroll(int scroll)
     {
         if (!IsEmpty())
             m_stops[m_index].scroll = scroll;
@@ -54,7 +54,7 @@ public:
     const Stop& Forward() { return m_stops[++m_index]; }
 
 private:
-    static constexpr std::size_t kMostStops = 500;
+    static constexpr std::size_t kMaximumStops = 500;
 
     std::vector<Stop> m_stops;
     std::size_t m_index = 0;

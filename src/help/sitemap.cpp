@@ -13,7 +13,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int kDeepestLevel = 16;
-constexpr int kMostEntries = 20000;
+constexpr int kMaximumEntries = 20000;
 
 /// One entry of a list: its name, and the name and link of each target.
 struct Entry {
@@ -26,12 +26,12 @@ struct Entry {
     std::vector<Target> targets;
 };
 
-/// Walks over the entries of a list; `take` gets each with its level, from 1.
-void WalkEntries(const QString& text, const std::function<void(int, const Entry&)>& take)
+/// Walks over the entries of a list; `receive` gets each with its level, from 1.
+void WalkEntries(const QString& text, const std::function<void(int, const Entry&)>& receive)
 {
     HtmlWalker walker(text);
     int level = 0;
-    int left = kMostEntries;
+    int left = kMaximumEntries;
     bool isInside = false;
     Entry entry;
     QString title;
@@ -49,7 +49,7 @@ void WalkEntries(const QString& text, const std::function<void(int, const Entry&
             title.clear();
         } else if (tag == "/object"_L1) {
             if (isInside && !entry.name.isEmpty()) {
-                take(std::clamp(level, 1, kDeepestLevel), entry);
+                receive(std::clamp(level, 1, kDeepestLevel), entry);
                 --left;
             }
             isInside = false;

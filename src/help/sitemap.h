@@ -20,7 +20,7 @@ struct IndexEntry {
 };
 
 /// The tree of a contents file (.hhc). Never fails: what cannot be understood is
-/// left out. Levels below the 16th stand on the 16th, entries behind the
+/// left out. Levels below the 16th stand on the 16th, entries after the
 /// 20 000th are dropped.
 std::vector<ContentsNode> ReadContents(const QString& text);
 

@@ -7,8 +7,8 @@
 
 namespace stoikal {
 
-/// What the unpacking library works on in place of files of the system: an open
-/// file that it reads, or bytes that it writes. The library asks for a file by a
+/// What the unpacking library works on instead of files of the system: an open
+/// file that it reads, or bytes that it writes. The library opens a file by a
 /// name that it never looks into: here that name is the address of one of these.
 struct UnpackingFile {
     const OpenFile* source = nullptr; ///< none: it is written
@@ -23,7 +23,7 @@ struct UnpackingFile {
 constexpr std::size_t kLargestUnpackingMemory = std::size_t{4} * 1024 * 1024;
 
 /// How the library reaches files and memory. It copies this structure, so nothing
-/// may be kept beside it.
+/// may be stored beside it.
 mspack_system UnpackingSystem();
 
 } // namespace stoikal

@@ -74,7 +74,7 @@ TEST_F(DamagedHelp, IsReadWholeWhenItIsNotDamaged)
     EXPECT_GT(ReadDamaged(m_whole), 1);
 }
 
-TEST_F(DamagedHelp, CutShortAnywhereIsToldAndNeverCrashes)
+TEST_F(DamagedHelp, CutShortAnywhereIsReportedAndNeverCrashes)
 {
     for (qsizetype length = 0; length < m_small.size(); length += 37)
         ReadDamaged(m_small.first(length));
@@ -126,7 +126,7 @@ TEST_F(DamagedHelp, WithRandomBytesNeverCrashes)
 
 TEST_F(DamagedHelp, WithExtremeNumbersInItsHeadsRequestsNoMemory)
 {
-    // The heads of the file and of the directory, and what tells how the rest is
+    // The heads of the file and of the directory, and what says how the rest is
     // packed: from "LZXC" and its size, and the reset table after it.
     QList<qsizetype> positions;
     for (qsizetype position = 0; position < 0x60 + 0x18 + 0x54 + 0x14 + 0x200; position += 4)

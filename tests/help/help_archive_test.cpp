@@ -233,7 +233,7 @@ TEST(HelpArchive, FindsNamesWhateverTheCase)
     EXPECT_EQ(*(*archive)->Read(u"/ACCUEIL.html"_s), *(*archive)->Read(u"/accueil.html"_s));
 }
 
-TEST(HelpArchive, TellsWhichPageIsMissing)
+TEST(HelpArchive, ReportsWhichPageIsMissing)
 {
     const auto archive = HelpArchive::Open(ShippedHelpFiles().first());
     ASSERT_TRUE(archive);
@@ -265,7 +265,7 @@ TEST(HelpArchive, ShowsAPageOf16MegabytesAndNoneAbove)
     EXPECT_EQ(refused.Reason(), u"La page /page.html est trop grande pour être affichée."_s);
 }
 
-TEST(HelpArchive, TellsThatAFileCannotBeRead)
+TEST(HelpArchive, ReportsThatAFileCannotBeRead)
 {
     const auto archive = HelpArchive::Open(u"/nowhere/Aide.chm"_s);
 

@@ -37,7 +37,7 @@ TEST(HtmlWalker, PassesCommentsScriptsAndSheetsBy)
     EXPECT_EQ(Pieces(u"a<!-- never closed"_s), (QStringList{u"a"_s}));
 }
 
-TEST(HtmlWalker, TakesALoneAngleBracketForText)
+TEST(HtmlWalker, ReadsALoneAngleBracketAsText)
 {
     EXPECT_EQ(Pieces(u"1 < 2"_s).join(QString()), u"1 < 2"_s);
     EXPECT_EQ(Pieces(u"fin <"_s).join(QString()), u"fin <"_s);

@@ -53,7 +53,7 @@ TEST(PageHistory, AddsNothingForThePageWhereTheReaderStands)
 TEST(PageHistory, KeepsHowFarDownAPageWasLeft)
 {
     PageHistory history = Visited({u"/a"_s});
-    history.KeepScroll(120);
+    history.StoreScroll(120);
     history.Visit(u"Aide.chm"_s, {{}, u"/b"_s, {}});
 
     EXPECT_EQ(history.Back().scroll, 120);

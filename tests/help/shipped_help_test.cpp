@@ -212,7 +212,7 @@ TEST(FrenchTypography, ReportsEachKindOfFault)
         EXPECT_EQ(TypographyFaults(text), QStringList()) << text.toStdString();
 }
 
-TEST(ShippedHelp, TellsOfAtLeastFortyScientists)
+TEST(ShippedHelp, DescribesAtLeastFortyScientists)
 {
     // One page more is the list of all.
     EXPECT_GE(OpenedHelp(ShippedHelpFiles().at(2))->Pages().size(), 41);

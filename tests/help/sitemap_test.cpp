@@ -71,7 +71,7 @@ TEST(ReadContents, BringsTooDeepEntriesUp)
     EXPECT_EQ(depth, 16);
 }
 
-TEST(ReadContents, TakesAnythingForAnEmptyTreeThatIsNone)
+TEST(ReadContents, ReadsAnythingElseAsAnEmptyTree)
 {
     EXPECT_TRUE(
         ReadContents(u"<UL><LI><OBJECT type=\"text/sitemap\"><param name=\"Name\" value=\"never closed\">"_s)

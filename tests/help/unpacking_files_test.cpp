@@ -27,7 +27,7 @@ protected:
         opened = m_copy.open(&m_copy, m_file.Name(), MSPACK_SYS_OPEN_READ);
     }
 
-    /// The next bytes; "fault" where the library is told of one.
+    /// The next bytes; "fault" where one is reported to the library.
     QByteArray Next(int count)
     {
         std::array<char, 32> buffer{};

@@ -61,30 +61,30 @@ TEST_F(FrmHelp, StaysOnItsPageForAHeadingWithoutOne)
 TEST_F(FrmHelp, NarrowsTheIndexDownWithoutRegardToAccents)
 {
     window.DisplayIndex(ShippedHelp("Stoikal.chm"), &home);
-    auto& box = Control<QLineEdit>(window, "txtIndex");
+    auto& field = Control<QLineEdit>(window, "txtIndex");
     const auto all = Shown("lstIndex").size();
 
-    Type(box, u"REACTIF LIM"_s);
+    Type(field, u"REACTIF LIM"_s);
 
     EXPECT_EQ(Shown("lstIndex"), (QStringList{u"réactif limitant"_s}));
     EXPECT_GT(all, 50);
-    Press(box, Qt::Key_Return);
+    Press(field, Qt::Key_Return);
     EXPECT_EQ(Page().Title(), u"L’avancement en quelques mots"_s);
 }
 
 TEST_F(FrmHelp, SaysThatNoKeywordIsLeft)
 {
     window.DisplayIndex(ShippedHelp("Stoikal.chm"), &home);
-    auto& box = Control<QLineEdit>(window, "txtIndex");
+    auto& field = Control<QLineEdit>(window, "txtIndex");
     const auto& notice = Control<QLabel>(window, "lblNoKeyword");
     EXPECT_FALSE(notice.isVisible());
 
-    Type(box, u"zzz"_s);
+    Type(field, u"zzz"_s);
 
     EXPECT_TRUE(Shown("lstIndex").isEmpty());
     EXPECT_TRUE(notice.isVisible());
     EXPECT_EQ(notice.text(), u"Aucun mot-clé ne contient ces lettres. Essayez l'onglet Recherche."_s);
-    box.clear();
+    field.clear();
     EXPECT_FALSE(notice.isVisible());
 }
 
@@ -150,7 +150,7 @@ TEST_F(FrmHelp, ShowsThePagesFoundByTitleAndTwoWholeLines)
     EXPECT_EQ(darkest(QRect(item.left(), item.bottom() - 3, item.width(), 3)), paper);
 }
 
-TEST_F(FrmHelp, AsksForWordsWhenThereAreNone)
+TEST_F(FrmHelp, RequestsWordsWhenThereAreNone)
 {
     Open();
     ShowTab(2);
@@ -214,7 +214,7 @@ TEST_F(FrmHelp, FollowsALinkToAnotherHelpFileBesideItsOwn)
     EXPECT_EQ(Page().Title(), u"Fer (Fe)"_s);
 }
 
-TEST_F(FrmHelp, TellsThatAnotherHelpFileIsNotThere)
+TEST_F(FrmHelp, ReportsThatAnotherHelpFileIsNotThere)
 {
     Open();
 
@@ -238,10 +238,10 @@ TEST_F(FrmHelp, FindsATextOnThePage)
 {
     OpenTopic(1900);
     Press(window, Qt::Key_F, Qt::ControlModifier);
-    auto& box = Control<QLineEdit>(window, "txtFind");
-    ASSERT_TRUE(box.isVisible());
+    auto& field = Control<QLineEdit>(window, "txtFind");
+    ASSERT_TRUE(field.isVisible());
 
-    Type(box, u"ctrl"_s);
+    Type(field, u"ctrl"_s);
 
     // Ctrl + F; Ctrl + plus, Ctrl + moins, Ctrl + 0; Ctrl + P.
     EXPECT_EQ(Control<QLabel>(window, "lblCount").text(), u"5 occurrences"_s);
@@ -253,10 +253,10 @@ TEST_F(FrmHelp, FindsATextOnThePage)
     EXPECT_EQ(Page().textCursor().selectionStart(), first);
     Click(Tool("cmdFindPrevious"));
     EXPECT_GT(Page().textCursor().selectionStart(), second);
-    Type(box, u"x"_s);
+    Type(field, u"x"_s);
     EXPECT_EQ(Control<QLabel>(window, "lblCount").text(), u"Introuvable dans cette page"_s);
-    Press(box, Qt::Key_Escape);
-    EXPECT_FALSE(box.isVisible());
+    Press(field, Qt::Key_Escape);
+    EXPECT_FALSE(field.isVisible());
     EXPECT_TRUE(Page().extraSelections().isEmpty());
 }
 
@@ -359,7 +359,7 @@ TEST_F(FrmHelp, FitsIntoASmallScreen)
     EXPECT_TRUE(screen.area.contains(window.geometry()));
 }
 
-TEST_F(FrmHelp, TellsThatAFileCannotBeOpenedAndKeepsWhatItShows)
+TEST_F(FrmHelp, ReportsThatAFileCannotBeOpenedAndStillShowsThePageBefore)
 {
     Open();
     const QString broken = folder.filePath(u"Aide.chm"_s);
@@ -391,7 +391,7 @@ TEST_F(FrmHelp, StaysHiddenWhenTheFirstFileCannotBeOpened)
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST_F(FrmHelp, TakesTheTitleOfAWindowType)
+TEST_F(FrmHelp, ShowsTheTitleOfAWindowType)
 {
     window.DisplayContents(ShippedHelp("Stoikal.chm") + u">principale"_s, &home);
 

@@ -41,7 +41,7 @@ TEST_F(HelpPageTest, ShowsAPageOfItsFile)
     EXPECT_TRUE(page.toPlainText().contains(u"Lavoisier"_s));
 }
 
-TEST_F(HelpPageTest, TellsWhyAPageCannotBeShown)
+TEST_F(HelpPageTest, ReportsWhyAPageCannotBeShown)
 {
     page.ShowPage({{}, u"/nulle_part.html"_s, {}});
 

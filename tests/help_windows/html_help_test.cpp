@@ -74,7 +74,7 @@ TEST_F(HtmlHelpTest, JoinsTheNameOfAWindowTypeToTheFile)
     EXPECT_EQ(viewer.requested, (QStringList{u"contents "_s + help.CHMFile + u">principale"_s}));
 }
 
-TEST_F(HtmlHelpTest, TellsThatAFileHasNotTheExtensionOfHelp)
+TEST_F(HtmlHelpTest, ReportsThatAFileHasNotTheExtensionOfHelp)
 {
     help.CHMFile = Made(u"Stoikal.htm"_s);
 
@@ -88,7 +88,7 @@ TEST_F(HtmlHelpTest, TellsThatAFileHasNotTheExtensionOfHelp)
     EXPECT_TRUE(viewer.requested.isEmpty());
 }
 
-TEST_F(HtmlHelpTest, TellsThatAFileIsMissing)
+TEST_F(HtmlHelpTest, ReportsThatAFileIsMissing)
 {
     help.CHMFile = folder.filePath(u"Stoikal.chm"_s);
 

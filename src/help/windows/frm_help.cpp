@@ -46,9 +46,9 @@ std::pair<QString, QString> ParseTarget(const QString& named)
 
 } // namespace
 
-frmHelp::frmHelp(const Doors& doors, QWidget* home)
+frmHelp::frmHelp(const Services& services, QWidget* home)
     : Form(u"frmHelp"_s, u"Aide"_s, Kind::Tool, home)
-    , m_doors(doors)
+    , m_services(services)
     , m_home(home)
 {
     // A reader wants it beside his work, large or small.
@@ -152,11 +152,11 @@ void frmHelp::Build()
 void frmHelp::ConnectPanes()
 {
     connect(cmdBack, &QToolButton::clicked, this, [this] {
-        m_history.KeepScroll(m_page->verticalScrollBar()->value());
+        m_history.StoreScroll(m_page->verticalScrollBar()->value());
         GoTo(m_history.Back());
     });
     connect(cmdForward, &QToolButton::clicked, this, [this] {
-        m_history.KeepScroll(m_page->verticalScrollBar()->value());
+        m_history.StoreScroll(m_page->verticalScrollBar()->value());
         GoTo(m_history.Forward());
     });
     connect(cmdHome, &QToolButton::clicked, this, [this] { Go({{}, m_file->StartPage(), {}}); });
@@ -167,7 +167,7 @@ void frmHelp::ConnectPanes()
             [this] { ChangeZoom(100); });
     connect(m_page, &HelpPage::ZoomRequested, this, &frmHelp::ChangeZoom);
     connect(cmdPrint, &QToolButton::clicked, this,
-            [this] { m_doors.printer.Print(this, m_page->Title(), *m_page->document()); });
+            [this] { m_services.printer.Print(this, m_page->Title(), *m_page->document()); });
     connect(m_contents, &ContentsPane::PageRequested, this, &frmHelp::Go);
     connect(m_index, &IndexPane::PageRequested, this, &frmHelp::Go);
     connect(m_search, &SearchPane::HitChosen, this, [this](const PageAddress& address, const QString& words) {
@@ -177,7 +177,7 @@ void frmHelp::ConnectPanes()
     });
     connect(m_page, &HelpPage::PageRequested, this, &frmHelp::Follow);
     connect(m_page, &HelpPage::LinkRefused, this, [this](const QString& link) {
-        Tell(u"Ce lien mène hors de l'aide, il n'est pas suivi\u00A0: %1"_s.arg(link));
+        ShowNotice(u"Ce lien mène hors de l'aide, il n'est pas suivi\u00A0: %1"_s.arg(link));
     });
     connect(m_find, &FindBar::FindRequested, this, [this](bool isBackward, bool isFromStart) {
         m_find->ShowCount(m_page->FindText(m_find->Text(), isBackward, isFromStart));
@@ -201,7 +201,7 @@ void frmHelp::DisplayTopic(const QString& file, std::int32_t topic, QWidget* cal
     const bool isKnown = page != m_file->Topics().constEnd();
     Go(isKnown ? *page : PageAddress{{}, m_file->StartPage(), {}});
     if (!isKnown)
-        Tell(
+        ShowNotice(
             u"Ce fichier d'aide n'a pas de page pour cette fenêtre (numéro %1)\u00A0: voici sa première page."_s
                 .arg(topic));
     tabHelp->setCurrentIndex(ContentsTab);
@@ -223,18 +223,18 @@ void frmHelp::DisplayIndex(const QString& file, QWidget* caller)
     Present(caller);
     tabHelp->setCurrentIndex(IndexTab);
     Go({{}, m_file->StartPage(), {}});
-    m_index->FocusBox();
+    m_index->FocusField();
 }
 
-/// Opens the file unless it is the open one. A file that cannot be opened is told
-/// in a box; what was shown stays.
+/// Opens the file unless it is the open one. A file that cannot be opened is
+/// reported in a message box; what was shown stays.
 bool frmHelp::OpenFile(const QString& named)
 {
     const auto [path, windowType] = ParseTarget(named);
     if (m_file == nullptr || m_file->Path() != path) {
         const auto opened = HelpFile::Open(path);
         if (!opened) {
-            m_doors.messages.Critical(isVisible() ? this : m_home, u"Aide"_s, opened.Reason());
+            m_services.messages.Critical(isVisible() ? this : m_home, u"Aide"_s, opened.Reason());
             return false;
         }
         m_file = *opened;
@@ -288,7 +288,7 @@ void frmHelp::ReturnHome()
 
 void frmHelp::Close()
 {
-    KeepSize();
+    StoreSize();
     const bool isInFront = isActiveWindow();
     hide();
     ReturnHome();
@@ -308,10 +308,10 @@ void frmHelp::Follow(const PageAddress& address)
     }
     const QString path = QFileInfo(m_file->Path()).path() + u'/' + address.file;
     if (!QFileInfo(path).isFile()) {
-        Tell(u"Le fichier d'aide %1 n'est pas installé."_s.arg(address.file));
+        ShowNotice(u"Le fichier d'aide %1 n'est pas installé."_s.arg(address.file));
         return;
     }
-    m_history.KeepScroll(m_page->verticalScrollBar()->value());
+    m_history.StoreScroll(m_page->verticalScrollBar()->value());
     if (OpenFile(path))
         Go({{}, address.path, address.anchor});
 }
@@ -319,9 +319,9 @@ void frmHelp::Follow(const PageAddress& address)
 void frmHelp::Go(const PageAddress& address)
 {
     if (!m_history.IsEmpty() && m_history.Current().file == m_file->Path())
-        m_history.KeepScroll(m_page->verticalScrollBar()->value());
+        m_history.StoreScroll(m_page->verticalScrollBar()->value());
     m_history.Visit(m_file->Path(), address);
-    Tell(m_file->Remarks().join(u' '));
+    ShowNotice(m_file->Remarks().join(u' '));
     m_page->ShowPage(address);
     if (m_find->isVisible())
         m_find->ShowCount(m_page->FindText(m_find->Text(), false, true));
@@ -332,13 +332,13 @@ void frmHelp::GoTo(const PageHistory::Stop& stop)
 {
     if (!OpenFile(stop.file))
         return;
-    Tell(m_file->Remarks().join(u' '));
+    ShowNotice(m_file->Remarks().join(u' '));
     m_page->ShowPage(stop.page);
     m_page->verticalScrollBar()->setValue(stop.scroll);
     ShowState();
 }
 
-void frmHelp::Tell(const QString& text)
+void frmHelp::ShowNotice(const QString& text)
 {
     lblNotice->setText(text);
     lblNotice->setVisible(!text.isEmpty());
@@ -358,18 +358,19 @@ void frmHelp::ShowState()
 void frmHelp::ChangeZoom(int percent)
 {
     m_page->SetZoom(percent);
-    m_doors.settings.Remember(Section(), u"Zoom"_s, QString::number(m_page->Zoom()));
+    m_services.settings.Remember(Section(), u"Zoom"_s, QString::number(m_page->Zoom()));
     ShowState();
 }
 
-/// Earlier programs kept the size in pixels beside a position in twips. A number of
+/// Earlier programs stored the size in pixels beside a position in twips. A number of
 /// pixels of any screen is below the twips of the smallest window.
 void frmHelp::ConvertSizeInPixels()
 {
     const auto convert = [this](const QString& key, int smallest) {
-        const double kept = ReadFileNumber(m_doors.settings.Read(Section(), key));
-        if (kept > 0 && kept < FromPixels(smallest))
-            m_doors.settings.Remember(Section(), key, QString::number(FromPixels(static_cast<int>(kept))));
+        const double stored = ReadFileNumber(m_services.settings.Read(Section(), key));
+        if (stored > 0 && stored < FromPixels(smallest))
+            m_services.settings.Remember(Section(), key,
+                                         QString::number(FromPixels(static_cast<int>(stored))));
     };
     convert(u"Width"_s, minimumWidth());
     convert(u"Height"_s, minimumHeight());
@@ -377,26 +378,26 @@ void frmHelp::ConvertSizeInPixels()
 
 void frmHelp::RestoreSize()
 {
-    const QRect area = m_doors.screen.WorkArea();
+    const QRect area = m_services.screen.WorkArea();
     ConvertSizeInPixels();
     const QSize wanted = RememberedSize(
-        *this, m_doors.settings, Section(),
+        *this, m_services.settings, Section(),
         {std::clamp(area.width() * 6 / 10, 860, 1120), std::clamp(area.height() * 8 / 10, 560, 860)});
     resize(wanted.boundedTo(area.size() - QSize(20, 60)).expandedTo(minimumSize()));
-    RestorePlace(*this, m_doors.screen, m_doors.settings, Section(),
+    RestorePlace(*this, m_services.screen, m_services.settings, Section(),
                  {FromPixels((area.width() - width()) / 2), FromPixels((area.height() - height()) / 2)});
-    const QString zoom = m_doors.settings.Read(Section(), u"Zoom"_s);
-    constexpr double kMostZoom = 10000;
+    const QString zoom = m_services.settings.Read(Section(), u"Zoom"_s);
+    constexpr double kMaximumZoom = 10000;
     m_page->SetZoom(zoom.isEmpty() ? 100
-                                   : static_cast<int>(std::clamp(ReadFileNumber(zoom), 0.0, kMostZoom)));
+                                   : static_cast<int>(std::clamp(ReadFileNumber(zoom), 0.0, kMaximumZoom)));
     ShowState();
 }
 
-void frmHelp::KeepSize()
+void frmHelp::StoreSize()
 {
     if (!m_hasBeenShown || isMaximized())
         return;
-    KeepPlaceAndSize(*this, m_doors.screen, m_doors.settings, Section());
+    KeepPlaceAndSize(*this, m_services.screen, m_services.settings, Section());
 }
 
 void frmHelp::keyPressEvent(QKeyEvent* event)

@@ -33,7 +33,7 @@ class frmHelp final : public Form, public HelpViewer
     Q_OBJECT
 
 public:
-    struct Doors {
+    struct Services {
         Messages& messages;
         PagePrinter& printer;
         Screen& screen;
@@ -41,12 +41,12 @@ public:
     };
 
     /// `home` stays the parent while no modal window requests help.
-    frmHelp(const Doors& doors, QWidget* home);
+    frmHelp(const Services& services, QWidget* home);
 
     void DisplayTopic(const QString& file, std::int32_t topic, QWidget* caller) override;
     void DisplayContents(const QString& file, QWidget* caller) override;
     void DisplayIndex(const QString& file, QWidget* caller) override;
-    /// Takes the window away; its position and size are stored.
+    /// Closes the window; its position and size are stored.
     void Close();
 
 protected:
@@ -62,16 +62,16 @@ private:
     void Go(const PageAddress& address);
     void Follow(const PageAddress& address);
     void GoTo(const PageHistory::Stop& stop);
-    void Tell(const QString& text);
+    void ShowNotice(const QString& text);
     void ShowState();
     void ChangeZoom(int percent);
     void ConvertSizeInPixels();
     void RestoreSize();
-    void KeepSize();
+    void StoreSize();
     QToolButton* NewTool(const QString& name, const QString& picture, const QString& words,
                          const QKeySequence& key);
 
-    Doors m_doors;
+    Services m_services;
     QWidget* m_home;
     QPointer<QWidget> m_before; ///< the window that was in front of the user before this one
     std::shared_ptr<const HelpFile> m_file;

@@ -19,9 +19,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 kMostPixels = 4'000'000;
+constexpr qint64 kMaximumPixels = 4'000'000;
 constexpr qsizetype kLargestPage = qsizetype{2} * 1024 * 1024;
-constexpr int kMostMarks = 2000;
+constexpr int kMaximumMarks = 2000;
 constexpr int kPageMargins = 100;
 constexpr int kNarrowestPicture = 200;
 
@@ -44,7 +44,7 @@ QVariant ReadPicture(const QByteArray& bytes, int widest)
     buffer.setData(bytes);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
-    if (!size.isValid() || qint64{size.width()} * size.height() > kMostPixels)
+    if (!size.isValid() || qint64{size.width()} * size.height() > kMaximumPixels)
         return {};
     const QImage picture = reader.read();
     return picture.width() > widest ? picture.scaledToWidth(widest, Qt::SmoothTransformation) : picture;
@@ -213,7 +213,7 @@ void HelpPage::Mark(const QList<int>& positions, qsizetype length)
 {
     QList<QTextEdit::ExtraSelection> marks = extraSelections();
     for (const int position : positions) {
-        if (marks.size() == kMostMarks)
+        if (marks.size() == kMaximumMarks)
             break;
         QTextEdit::ExtraSelection mark;
         mark.cursor = Selected(position, length);

@@ -24,7 +24,7 @@ public:
     /// The file of the pages to come; may be null.
     void SetFile(std::shared_ptr<const HelpFile> file);
     /// Shows a page at a position. One that cannot be read is replaced by a page
-    /// that tells why.
+    /// that says why.
     void ShowPage(const PageAddress& address);
     /// The title of the page shown.
     QString Title() const;
@@ -65,7 +65,7 @@ private:
     void GoTo(int position, qsizetype length);
 
     std::shared_ptr<const HelpFile> m_file;
-    int m_fileNumber = 0; ///< tells pages of one name in two files apart
+    int m_fileNumber = 0; ///< distinguishes pages of one name in two files
     int m_zoom = 100;
     double m_pointSize;
     PageAddress m_address;

@@ -196,7 +196,7 @@ void IndexPane::ShowIndex(const std::vector<IndexEntry>& index)
     }
 }
 
-void IndexPane::FocusBox()
+void IndexPane::FocusField()
 {
     txtIndex->setFocus();
     txtIndex->selectAll();

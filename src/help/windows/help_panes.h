@@ -40,7 +40,7 @@ private:
     QTreeWidget* tvwContents;
 };
 
-/// The index with a box that narrows it down.
+/// The index with a field that narrows it down.
 class IndexPane final : public QWidget
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ public:
     explicit IndexPane(QWidget* parent);
 
     void ShowIndex(const std::vector<IndexEntry>& index);
-    void FocusBox();
+    void FocusField();
 
 Q_SIGNALS:
     void PageRequested(const PageAddress& address);
@@ -99,7 +99,7 @@ public:
     void Open();
     void Close();
     QString Text() const;
-    /// Tells how often the text stands on the page.
+    /// Shows how often the text stands on the page.
     void ShowCount(int count);
 
 Q_SIGNALS:

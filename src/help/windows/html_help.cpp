@@ -9,7 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString BoxTitle()
+QString MessageTitle()
 {
     return u"HTML Help Class"_s;
 }
@@ -43,7 +43,7 @@ bool HTMLHelp::IsHelpFile(QWidget* caller) const
 {
     if (QFileInfo(CHMFile).suffix().compare("chm"_L1, Qt::CaseInsensitive) == 0)
         return true;
-    m_messages.Critical(caller, BoxTitle(), CHMFile + u" is not a valid HTML Help file."_s);
+    m_messages.Critical(caller, MessageTitle(), CHMFile + u" is not a valid HTML Help file."_s);
     return false;
 }
 
@@ -52,7 +52,7 @@ bool HTMLHelp::EnsureFileExists(QWidget* caller) const
     if (QFileInfo(CHMFile).isFile())
         return true;
     m_messages.Critical(
-        caller, BoxTitle(),
+        caller, MessageTitle(),
         u"The file %1 does not exist.\n"
         "Please make sure the correct path and file name have been specified."_s.arg(CHMFile));
     return false;

@@ -21,7 +21,7 @@ public:
 };
 
 /// The access to the help of the program: what to open is set, then one of the
-/// displays is called. A file that cannot be one is told in a box, and nothing
+/// displays is called. A file that cannot be one is reported in a message box, and nothing
 /// else happens.
 class HTMLHelp
 {

@@ -39,6 +39,9 @@ STOIKAL_BUILD=sanitized python3 tests/faults/power_cuts.py
 title "The plug pulled"
 STOIKAL_BUILD=sanitized python3 tests/faults/pulled_plug.py
 
+title "Calls of the system that fail"
+STOIKAL_BUILD=sanitized python3 tests/faults/failing_calls.py 24
+
 title "As a screen reader finds it"
 STOIKAL_BUILD=sanitized tests/journeys/accessibility.py
 

@@ -18,6 +18,8 @@ namespace stoikal {
 //   device. This is looked up on the open file, not before.
 // - A file that is written and belongs to this account may have no second name,
 //   where others could have given it one.
+// - What this account alone may write belongs to it, to the superuser or to the owner
+//   of the folder, where others could have put theirs in its place.
 // - Rights are changed only on a file that was just made here.
 //
 // Reasons are in French words and begin small, as they stand in brackets or after
@@ -36,13 +38,22 @@ enum class Sharing {
     Account, ///< the account, as its mask says
     /// All who may write into its folder may read and write the file too: the one
     /// that happens to make a file must not lock the others out.
-    Folder
+    Folder,
+    /// This account alone writes it, whatever its mask; all whom the folder lets in
+    /// may read it. One that another account put in its place is not appended to.
+    FolderReads,
+    /// This account alone writes and reads it. One of another account in its place is
+    /// neither read nor written.
+    Private
 };
 
 enum class IfMissing { Make, Refuse };
 
 /// Opens a file that is there.
 Outcome<OpenFile> OpenForReading(const QString& path, Links links);
+
+/// Opens one that no other account may have put there; no link is followed.
+Outcome<OpenFile> OpenOwnForReading(const QString& path);
 
 /// Opens a file whose writes all go to its end.
 Outcome<OpenFile> OpenForAppending(const QString& path, IfMissing ifMissing, Sharing sharing);
@@ -58,6 +69,10 @@ bool MakeNewFolder(const QString& path);
 
 /// Takes a file, or a link and not what it leads to, away. True when it is gone.
 bool RemoveFile(const QString& path);
+
+/// Empties a file: takes it away, or cuts it to nothing where only that is allowed, as
+/// in a folder where each account takes away its own files alone.
+bool EmptyFile(const QString& path);
 
 /// Takes a folder with all that is in it away. Links in it and in its place go
 /// themselves; what they lead to stays. A file in its place stays. True when nothing

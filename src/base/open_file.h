@@ -3,6 +3,7 @@
 #include "base/outcome.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 namespace stoikal {
@@ -46,6 +47,8 @@ public:
     qint64 Write(const char* bytes, qint64 count);
     /// Hands over all bytes.
     bool WriteAll(const QByteArray& bytes);
+    /// Hands over all bytes, from a position of the file on.
+    bool WriteAllAt(qint64 from, QByteArrayView bytes);
     /// Cuts it off behind so many bytes.
     bool CutTo(qint64 size);
     /// A share may report only now that it has no room. A file system that knows

@@ -30,7 +30,7 @@ bool IsSettled(const FileStamp& stamp)
 /// there and cannot be read.
 Outcome<QByteArray> ReadWhole(const QString& path)
 {
-    auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
+    auto bytes = ReadOwnFile(path, kSettingsLimit);
     if (!bytes && bytes.IsMissing())
         return QByteArray();
     return bytes;
@@ -107,7 +107,7 @@ Outcome<QString> SettingsStore::Change(const QString& file, const std::function<
     // One that is larger could not be read again.
     if (const auto above = AboveLimit(bytes, kSettingsLimit))
         return *above;
-    auto written = ReplaceFile(file, bytes, Sharing::Account);
+    auto written = ReplaceFile(file, bytes, Sharing::Private);
     if (!written)
         return written;
     copy.bytes = bytes;

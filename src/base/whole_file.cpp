@@ -34,6 +34,14 @@ Outcome<QByteArray> ReadWholeFile(const OpenFile& file, const FileLimit& limit)
     return bytes;
 }
 
+Outcome<QByteArray> ReadOwnFile(const QString& path, const FileLimit& limit)
+{
+    const auto file = OpenOwnForReading(path);
+    if (!file)
+        return file.Why();
+    return ReadWholeFile(*file, limit);
+}
+
 Outcome<QByteArray> ReadWholeFile(const QString& path, const FileLimit& limit, Links links)
 {
     const auto file = OpenForReading(path, links);

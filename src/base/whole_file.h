@@ -37,13 +37,17 @@ std::optional<Failure> AboveLimit(const QByteArray& bytes, const FileLimit& limi
 /// for what is above the limit; `IsMissing` tells that there is no such file.
 Outcome<QByteArray> ReadWholeFile(const QString& path, const FileLimit& limit, Links links);
 
+/// The same of a file that no other account may have put there; see `Sharing::Private`.
+Outcome<QByteArray> ReadOwnFile(const QString& path, const FileLimit& limit);
+
 /// The same of a file that is open.
 Outcome<QByteArray> ReadWholeFile(const OpenFile& file, const FileLimit& limit);
 
 /// Puts bytes in the place of a file, which is made when missing (its folder is
 /// not): whatever happens on the way, a power cut or a full disk, the file is
 /// afterwards the old one or the new one, whole. The new one has the rights of the
-/// old one; one that is made is shared as told. What stands in the place and is no
+/// old one, less those that its sharing gives to nobody else; one that is made is
+/// shared as told. What stands in the place and is no
 /// regular file, a link too, stays.
 /// \returns the path, once the new file would outlive a power cut; fails with the
 /// system's reason, the old file then stands, or the new one that the disk has not

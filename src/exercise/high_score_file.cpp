@@ -2,6 +2,7 @@
 
 #include "base/file_access.h"
 #include "base/file_lock.h"
+#include "base/shared_file.h"
 #include "base/shown_path.h"
 #include "base/text_lines.h"
 #include "base/whole_file.h"
@@ -91,7 +92,7 @@ Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, 
         return PathFailure(); // Would mean the current folder.
     const FileLock lock(m_path, kLockWaitMs);
     m_wasBusy = lock.IsBusy();
-    if (!lock.IsHeld() || !RemoveFile(m_temporaryPath))
+    if (!lock.IsHeld() || !FinishRewriting(m_path, m_temporaryPath, kScoresLimit.bytes))
         return PathFailure();
     const std::optional<QByteArray> bytes = ReadWhole(m_path);
     if (!bytes)
@@ -101,7 +102,7 @@ Outcome<std::vector<HighScore>> HighScoreFile::Record(const QString& fileTitle, 
     HighScoreTable table(oldLines.texts, fileTitle);
     table.Insert(result);
     const QByteArray updated = Compose(table.Lines(separator), oldLines.pieces);
-    if (AboveLimit(updated, kScoresLimit) || !ReplaceFile(m_path, updated, Sharing::Folder))
+    if (AboveLimit(updated, kScoresLimit) || !RewriteSharedFile(m_path, m_temporaryPath, updated))
         return PathFailure();
     return table.Section();
 }

@@ -10,7 +10,9 @@ namespace stoikal {
 
 /// HighScore.txt: the ten best of each equation file, shared by all pupils of a
 /// folder. Each update reads the file anew and replaces it whole or not at all,
-/// under a lock against the other programs of the folder. Shows nothing.
+/// under a lock against the other programs of the folder. Where an account may write
+/// the file and not replace it, it is written over, and the next update mends what a
+/// power cut left of that. Shows nothing.
 class HighScoreFile
 {
 public:
@@ -37,7 +39,7 @@ private:
 
     QString m_folder;
     QString m_path;
-    QString m_temporaryPath; ///< never written: a name under which a crash may have left a file
+    QString m_temporaryPath; ///< the copy by which a file that is written over is mended
     bool m_wasBusy = false;
 };
 

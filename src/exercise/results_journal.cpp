@@ -1,6 +1,5 @@
 #include "exercise/results_journal.h"
 
-#include "base/file_access.h"
 #include "base/text_lines.h"
 
 #include <utility>
@@ -31,10 +30,11 @@ ResultsJournal::~ResultsJournal()
         ResultsJournal::WriteBytes(m_pending.constData(), m_pending.size());
 }
 
-Outcome<QString> ResultsJournal::Open(const QString& path)
+Outcome<QString> ResultsJournal::Open(const QString& path, Sharing sharing)
 {
     Close();
     m_path = path;
+    m_sharing = sharing;
     m_isMeantOpen = true;
     // A line that this journal itself has begun goes on with what waits.
     m_hadTornEnd = m_pending.isEmpty() && EndsWithinALine(path);
@@ -47,7 +47,7 @@ Outcome<QString> ResultsJournal::Open(const QString& path)
 Outcome<QString> ResultsJournal::OpenAgain()
 {
     m_file.Close();
-    auto file = OpenForAppending(m_path, IfMissing::Make, Sharing::Folder);
+    auto file = OpenForAppending(m_path, IfMissing::Make, m_sharing);
     if (!file)
         return file.Why();
     m_file = std::move(*file);

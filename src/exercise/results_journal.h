@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/file_access.h"
 #include "base/open_file.h"
 #include "base/outcome.h"
 
@@ -29,7 +30,11 @@ public:
     /// with the reason in French words; the journal is then closed, and
     /// each write tries once more to open it. A last line without an end, which only
     /// a power cut leaves, gets one: the journal goes on on a line of its own.
-    Outcome<QString> Open(const QString& path);
+    /// One that is made is shared as told.
+    Outcome<QString> Open(const QString& path, Sharing sharing = Sharing::Folder);
+
+    /// Opens the file of the last Open again.
+    Outcome<QString> Reopen() { return Open(m_path, m_sharing); }
 
     /// Whether the last Open found such a line.
     bool HadTornEnd() const { return m_hadTornEnd; }
@@ -65,6 +70,7 @@ private:
     void WriteOnce();
 
     QString m_path;
+    Sharing m_sharing = Sharing::Folder;
     OpenFile m_file;
     bool m_isMeantOpen = false; ///< between Open, even one that failed, and Close
     QByteArray m_pending;

@@ -12,6 +12,8 @@
 #include "base/full_disk.h"
 #include "base/session_state.h"
 #include "base/settings_store.h"
+#include "base/shared_file.h"
+#include "base/whole_file.h"
 #include "editor/equation_file_io.h"
 #include "editor/work_file.h"
 #include "exercise/high_score_file.h"
@@ -72,6 +74,13 @@ Outcome<QString> AddToJournal(const QString& folder, const QString& text)
 Outcome<QString> RecordHighScore(const QString& folder, const QString& text)
 {
     return Told(HighScoreFile(folder).Record(u"Serie.Equ"_s, {text, 12, 60}, u','));
+}
+
+/// What the next recording does first: it mends what a cut left.
+Outcome<QString> MendHighScores(const QString& folder, const QString&)
+{
+    return FinishRewriting(folder + u"/HighScore.txt"_s, folder + u"/HighScore_Temp.txt"_s,
+                           kScoresLimit.bytes);
 }
 
 Outcome<QString> SetPassword(const QString& folder, const QString& text)
@@ -153,6 +162,8 @@ const QHash<QString, Change>& Kinds()
     static const QHash<QString, Change> kKinds{{u"settings"_s, ChangeSettings},
                                                {u"journal"_s, AddToJournal},
                                                {u"high_scores"_s, RecordHighScore},
+                                               {u"shared_scores"_s, RecordHighScore},
+                                               {u"mend_scores"_s, MendHighScores},
                                                {u"password"_s, SetPassword},
                                                {u"equations"_s, WriteEquations},
                                                {u"found"_s, AppendFound},

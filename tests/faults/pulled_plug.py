@@ -19,7 +19,7 @@ import tempfile
 import threading
 import time
 
-from power_cuts import CASES, ENVIRONMENT, PATIENCE, WRITER, Case, Fault
+from power_cuts import CASES, ENVIRONMENT, PATIENCE, WRITER, Case, Fault, may_play
 
 PULLS = 6  # of each case: half of them right behind a write that was told
 STEPS = 4  # writes before a pull at most
@@ -81,7 +81,7 @@ class Disk:
 
 def start(case, folder):
     program = subprocess.Popen([str(WRITER), "step", case.kind, str(folder), case.text], env=ENVIRONMENT,
-                               stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+                               stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, **case.account)
     program.stdout.readline()
     return program
 
@@ -169,8 +169,9 @@ def see_mounts_alone():
 
 def main():
     see_mounts_alone()
-    wanted = [case for case in CASES if not sys.argv[1:] or case[0] in sys.argv[1:]]
+    wanted = [case for case in CASES if may_play(case[0]) and (not sys.argv[1:] or case[0] in sys.argv[1:])]
     place = pathlib.Path(tempfile.mkdtemp(prefix="stoikal-plug-"))
+    place.chmod(0o755)  # Another account gets through to its folder.
     disks = []
     try:
         try:

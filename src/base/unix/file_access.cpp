@@ -49,19 +49,33 @@ bool MayBeAnotherFile(const Descriptor& file, const Descriptor& folder)
         || (status.st_nlink > 1 && status.st_uid == ::geteuid() && MayOthersWrite(folder));
 }
 
+Failure SecondName()
+{
+    return {QStringLiteral("ce fichier porte un second nom dans un autre dossier")};
+}
+
 Outcome<OpenFile> Opened(Descriptor file, const PathEnd& end, bool isNew)
 {
     return OpenFile(file.Release(), QFile::decodeName(end.name), isNew);
 }
 
-enum class Rights { AsMask, AsFolder, Everybody };
-
-void SetRights(const Descriptor& made, const Descriptor& folder, Rights rights)
+/// Lets all who may write into the folder write a file just made in it.
+void ShareWithFolder(int file, const Descriptor& folder)
 {
-    if (rights == Rights::AsFolder)
-        ShareWithFolder(made.Number(), folder);
-    else if (rights == Rights::Everybody)
-        (void)::fchmod(made.Number(), kEverybody); // The mask took some away.
+    struct stat status {
+    };
+    struct stat around {
+    };
+    if (::fstat(file, &status) != 0 || ::fstat(folder.Number(), &around) != 0)
+        return;
+    mode_t extra = 0;
+    if ((around.st_mode & S_IWGRP) != 0)
+        extra |= S_IRGRP | S_IWGRP;
+    if ((around.st_mode & S_IWOTH) != 0)
+        extra |= S_IROTH | S_IWOTH;
+    // Where the file system knows no such rights, its own rule holds.
+    if (extra != 0)
+        (void)::fchmod(file, (status.st_mode & kEverybody) | extra);
 }
 
 /// Whether this account may not open a lock only because another made it this moment
@@ -75,7 +89,16 @@ bool IsLockJustMade(const PathEnd& end)
         && status.st_uid != ::geteuid();
 }
 
-Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMissing, Rights rightsOfNew)
+/// What this account alone may write is not another's.
+std::optional<Failure> RefusedOwner(const Descriptor& file, const Descriptor& folder, Sharing sharing)
+{
+    if (sharing == Sharing::FolderReads || sharing == Sharing::Private)
+        return ForeignOwner(file, folder);
+    return std::nullopt;
+}
+
+Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMissing,
+                                 std::optional<Sharing> sharing)
 {
     auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
     if (!end)
@@ -88,24 +111,29 @@ Outcome<OpenFile> OpenForWriting(const QString& path, int flags, IfMissing ifMis
         auto file = OpenThere(*end, flags);
         if (file) {
             if (MayBeAnotherFile(*file, end->folder))
-                return Failure{QStringLiteral("ce fichier porte un second nom dans un autre dossier")};
+                return SecondName();
+            if (const auto refused = sharing ? RefusedOwner(*file, end->folder, *sharing) : std::nullopt)
+                return *refused;
             return Opened(std::move(*file), *end, false);
         }
-        if (!file.IsMissing() && i < kTriesOfLock && rightsOfNew == Rights::Everybody
-            && IsLockJustMade(*end)) {
+        if (!file.IsMissing() && i < kTriesOfLock && !sharing && IsLockJustMade(*end)) {
             QThread::msleep(kPauseMs);
             continue;
         }
         if (!file.IsMissing() || ifMissing == IfMissing::Refuse)
             return file.Why();
+        const mode_t rights = sharing ? LargestRights(*sharing) : kEverybody;
         Descriptor made(Uninterrupted([&] {
             return ::openat(end->folder.Number(), end->name.constData(), flags | kAlways | O_CREAT | O_EXCL,
-                            kEverybody);
+                            rights);
         }));
         if (made.IsOpen()) {
-            SetRights(made, end->folder, rightsOfNew);
+            if (sharing)
+                SetRightsOfNew(made.Number(), end->folder, *sharing);
+            else
+                (void)::fchmod(made.Number(), kEverybody); // The mask took some away.
             // A lock is not to outlive anything.
-            if (rightsOfNew != Rights::Everybody && !NameReachesTheDisk(end->folder, made.Number()))
+            if (sharing && !NameReachesTheDisk(end->folder, made.Number()))
                 return SystemFailure(errno);
             return Opened(std::move(made), *end, true);
         }
@@ -168,22 +196,37 @@ Outcome<Descriptor> OpenThere(const PathEnd& end, int flags)
     return file;
 }
 
-void ShareWithFolder(int file, const Descriptor& folder)
+std::optional<Failure> ForeignOwner(const Descriptor& file, const Descriptor& folder)
 {
     struct stat status {
     };
     struct stat around {
     };
-    if (::fstat(file, &status) != 0 || ::fstat(folder.Number(), &around) != 0)
-        return;
-    mode_t extra = 0;
-    if ((around.st_mode & S_IWGRP) != 0)
-        extra |= S_IRGRP | S_IWGRP;
-    if ((around.st_mode & S_IWOTH) != 0)
-        extra |= S_IROTH | S_IWOTH;
-    // Where the file system knows no such rights, its own rule holds.
-    if (extra != 0)
-        (void)::fchmod(file, (status.st_mode & kEverybody) | extra);
+    if (::fstat(file.Number(), &status) != 0 || ::fstat(folder.Number(), &around) != 0)
+        return SystemFailure(errno);
+    const bool mayOthersPutItThere = (around.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+    const uid_t owner = status.st_uid;
+    // A share that knows one account only says that all is that one's, the folder too.
+    if (!mayOthersPutItThere || owner == ::geteuid() || owner == 0 || owner == around.st_uid)
+        return std::nullopt;
+    return Failure{QStringLiteral("ce fichier appartient à un autre compte")};
+}
+
+mode_t LargestRights(Sharing sharing)
+{
+    if (sharing == Sharing::Private)
+        return S_IRUSR | S_IWUSR;
+    if (sharing == Sharing::FolderReads)
+        return S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
+    return kEverybody;
+}
+
+void SetRightsOfNew(int file, const Descriptor& folder, Sharing sharing)
+{
+    if (sharing == Sharing::Folder)
+        ShareWithFolder(file, folder);
+    else if (sharing != Sharing::Account)
+        (void)::fchmod(file, LargestRights(sharing)); // The mask may have taken some away.
 }
 
 bool NameReachesTheDisk(const Descriptor& folder, int file)
@@ -208,15 +251,38 @@ Outcome<OpenFile> OpenForReading(const QString& path, Links links)
     return Opened(std::move(*file), *end, false);
 }
 
+Outcome<OpenFile> OpenOwnForReading(const QString& path)
+{
+    auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
+    if (!end)
+        return end.Why();
+    auto file = OpenThere(*end, O_RDONLY);
+    if (!file)
+        return file.Why();
+    if (const auto foreign = ForeignOwner(*file, end->folder))
+        return *foreign;
+    return Opened(std::move(*file), *end, false);
+}
+
 Outcome<OpenFile> OpenForAppending(const QString& path, IfMissing ifMissing, Sharing sharing)
 {
-    return OpenForWriting(path, O_WRONLY | O_APPEND, ifMissing,
-                          sharing == Sharing::Folder ? Rights::AsFolder : Rights::AsMask);
+    return OpenForWriting(path, O_WRONLY | O_APPEND, ifMissing, sharing);
+}
+
+Outcome<OpenFile> OpenForRewriting(const QString& path, IfMissing ifMissing)
+{
+    auto file = OpenForWriting(path, O_RDWR, ifMissing, Sharing::Folder);
+    struct stat status {
+    };
+    // What is written over would be lost under the other name, whoever it belongs to.
+    if (file && (::fstat(file->Descriptor(), &status) != 0 || status.st_nlink > 1))
+        return SecondName();
+    return file;
 }
 
 Outcome<OpenFile> OpenForLocking(const QString& path)
 {
-    return OpenForWriting(path, O_RDWR, IfMissing::Make, Rights::Everybody);
+    return OpenForWriting(path, O_RDWR, IfMissing::Make, std::nullopt);
 }
 
 bool MakeFolders(const QString& path)
@@ -236,6 +302,14 @@ bool RemoveFile(const QString& path)
     const auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
     return end ? ::unlinkat(end->folder.Number(), end->name.constData(), 0) == 0 || errno == ENOENT
                : end.IsMissing();
+}
+
+bool EmptyFile(const QString& path)
+{
+    if (RemoveFile(path))
+        return true;
+    auto file = OpenForAppending(path, IfMissing::Refuse, Sharing::Folder);
+    return file && file->CutTo(0) && file->ReachesTheDisk();
 }
 
 bool RemoveTree(const QString& path)

@@ -87,6 +87,23 @@ bool OpenFile::WriteAll(const QByteArray& bytes)
     return true;
 }
 
+bool OpenFile::WriteAllAt(qint64 from, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t taken
+            = ::pwrite(m_descriptor, bytes.data(), static_cast<std::size_t>(bytes.size()), from);
+        if (taken < 0 && errno == EINTR)
+            continue;
+        if (taken <= 0) {
+            m_error = taken < 0 ? errno : ENOSPC;
+            return false;
+        }
+        from += taken;
+        bytes = bytes.sliced(taken);
+    }
+    return true;
+}
+
 bool OpenFile::CutTo(qint64 size)
 {
     const bool isCut = Uninterrupted([&] { return ::ftruncate(m_descriptor, size); }) == 0;

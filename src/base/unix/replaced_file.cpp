@@ -12,8 +12,6 @@
 namespace stoikal {
 namespace {
 
-constexpr mode_t kReadAndWrite = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
-
 /// A file that grows beside another under a name of its own, and takes that one's
 /// place when it is whole. One that does not is taken away.
 class GrowingFile
@@ -47,7 +45,7 @@ public:
     GrowingFile& operator=(const GrowingFile&) = delete;
 
     OpenFile& File() { return m_file; }
-    Failure OpenFailure() const { return SystemFailure(m_error); }
+    int Error() const { return m_error; }
 
     /// Gives it the name of the other, for good; false when that fails.
     bool TakePlace()
@@ -68,11 +66,21 @@ private:
     int m_error = 0;
 };
 
-/// The rights of the file that stands there; none where there is none.
-Outcome<std::optional<mode_t>> RightsOfOld(const PathEnd& end)
+bool IsFolderOurs(const PathEnd& end)
 {
-    // Who may not write it may not put another in its place.
-    const auto old = OpenThere(end, O_WRONLY);
+    struct stat status {
+    };
+    return ::fstat(end.folder.Number(), &status) == 0 && status.st_uid == ::geteuid();
+}
+
+/// The rights that the file that stands there leaves to the new one; none where there
+/// is none.
+Outcome<std::optional<mode_t>> RightsOfOld(const PathEnd& end, Sharing sharing)
+{
+    // Who may not write it may not put another in its place; but what one account alone
+    // writes is for the owner of the folder to take over.
+    const bool takesOver = sharing == Sharing::FolderReads && IsFolderOurs(end);
+    const auto old = OpenThere(end, takesOver ? O_RDONLY : O_WRONLY);
     if (!old && old.IsMissing())
         return std::optional<mode_t>();
     struct stat status {
@@ -81,32 +89,43 @@ Outcome<std::optional<mode_t>> RightsOfOld(const PathEnd& end)
         return old.Why();
     if (::fstat(old->Number(), &status) != 0)
         return SystemFailure(errno);
-    return std::optional<mode_t>(status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO));
+    if (const auto foreign = sharing == Sharing::Private ? ForeignOwner(*old, end.folder) : std::nullopt)
+        return *foreign;
+    return std::optional<mode_t>(status.st_mode & (LargestRights(sharing) | S_IXUSR | S_IXGRP | S_IXOTH));
 }
 
 } // namespace
 
-Outcome<QString> ReplaceFile(const QString& path, const QByteArray& bytes, Sharing sharing)
+Replacing TryToReplace(const QString& path, const QByteArray& bytes, Sharing sharing)
 {
     const auto end = WalkTo(path, Links::Refused, IfMissing::Refuse);
     if (!end)
-        return end.Why();
-    const auto rights = RightsOfOld(*end);
+        return {end.Why()};
+    const auto rights = RightsOfOld(*end, sharing);
     if (!rights)
-        return rights.Why();
+        return {rights.Why()};
     // What only some may read is at no moment readable by others.
-    GrowingFile growing(*end, *rights ? S_IRUSR | S_IWUSR : kReadAndWrite);
+    GrowingFile growing(*end, *rights ? S_IRUSR | S_IWUSR : LargestRights(sharing));
     OpenFile& file = growing.File();
     if (!file.IsOpen())
-        return growing.OpenFailure();
+        return {SystemFailure(growing.Error())};
     if (*rights)
         (void)::fchmod(file.Descriptor(), **rights);
-    else if (sharing == Sharing::Folder)
-        ShareWithFolder(file.Descriptor(), end->folder);
+    else
+        SetRightsOfNew(file.Descriptor(), end->folder, sharing);
     if (!file.WriteAll(bytes) || !file.ReachesTheDisk())
-        return file.WriteFailure();
-    if (!growing.TakePlace())
-        return SystemFailure(errno);
+        return {file.WriteFailure()};
+    if (growing.TakePlace())
+        return {};
+    const int error = errno;
+    return {SystemFailure(error), file.IsOpen() && (error == EPERM || error == EACCES)};
+}
+
+Outcome<QString> ReplaceFile(const QString& path, const QByteArray& bytes, Sharing sharing)
+{
+    const Replacing replacing = TryToReplace(path, bytes, sharing);
+    if (replacing.failure)
+        return *replacing.failure;
     return path;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/password_store.h"
 
 #include "base/file_access.h"
+#include "base/file_stamp.h"
 #include "base/password_file.h"
 #include "base/profile_text.h"
 #include "base/session_state.h"
@@ -9,6 +10,9 @@
 #include "base/text_lines.h"
 #include "base/whole_file.h"
 #include "shell/data_folders.h"
+
+#include <QDir>
+#include <algorithm>
 
 namespace stoikal {
 namespace {
@@ -115,16 +119,29 @@ Outcome<QString> PasswordStore::ReadCommonFile() const
 Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
     const auto written
-        = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::Folder);
+        = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::FolderReads);
     if (!written)
         return CannotWrite(CommonPasswordFile(m_state), written.Reason());
     return password;
 }
 
+bool PasswordStore::HasBeenLost() const
+{
+    const FileStamp file = m_state.ModeReseau ? StampOf(CommonPasswordFile(m_state)) : FileStamp();
+    // An empty password that somebody set is a line that is empty.
+    if (!file.exists || file.size != 0)
+        return false;
+    const QDir deposit(DepositFolder(m_state));
+    const QStringList journals = deposit.entryList({QStringLiteral("EQU_*.txt")}, QDir::Files);
+    return std::any_of(journals.begin(), journals.end(), [&](const QString& name) {
+        return StampOf(deposit.filePath(name)).changedNs < file.changedNs;
+    });
+}
+
 Outcome<QString> PasswordStore::MakeCommonFile() const
 {
     const QString path = CommonPasswordFile(m_state);
-    const auto made = OpenForAppending(path, IfMissing::Make, Sharing::Folder);
+    const auto made = OpenForAppending(path, IfMissing::Make, Sharing::FolderReads);
     // A teacher may let the pupils' accounts read his file and not write it.
     if (made || OpenForReading(path, Links::Refused))
         return path;

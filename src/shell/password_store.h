@@ -35,6 +35,11 @@ public:
     /// fails with French sentences to be shown, the old password then holds.
     Outcome<QString> Write(const QString& password);
 
+    /// Whether the common file holds nothing though results of an earlier time stand
+    /// beside it: it was taken away and made anew, or emptied. Not to be seen by an
+    /// account that may not look into the deposit folder.
+    bool HasBeenLost() const;
+
     /// Makes the common file, empty, when it is missing, and returns its path.
     /// One that can only be read is as good. Fails with the system's reason.
     Outcome<QString> MakeCommonFile() const;

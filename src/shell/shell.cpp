@@ -129,7 +129,7 @@ void Shell::EndProgram()
                 .arg(ShownPath(m_session.journal.Path())));
         if (!triesAgain)
             break;
-        isWritten = m_session.journal.Open(m_session.journal.Path()).Succeeded() && m_session.journal.Close();
+        isWritten = m_session.journal.Reopen().Succeeded() && m_session.journal.Close();
     }
     m_hasEnded = true;
     Q_EMIT EndAsked();

@@ -207,7 +207,9 @@ QString NetworkJournalName(const QString& user, const QDateTime& now)
 void StartUp::OpenJournal()
 {
     const SessionState& state = m_session.state;
-    const auto opened = m_session.journal.Open(state.FichierResultat);
+    // A journal of one start is its account's: the others of the class may not alter it.
+    const auto opened = m_session.journal.Open(state.FichierResultat,
+                                               state.ModeReseau ? Sharing::FolderReads : Sharing::Folder);
     if (opened) {
         ReportTornJournal();
         return;

@@ -42,8 +42,24 @@ TeacherDesk::TeacherDesk(Session& session, const Others& others)
 
 TeacherDesk::~TeacherDesk() = default;
 
+void TeacherDesk::WarnOfLostPassword()
+{
+    if (m_hasWarned || !m_store.HasBeenLost())
+        return;
+    m_hasWarned = true;
+    m_session.messages.Warning(
+        &m_others.mainWindow, Title(),
+        QStringLiteral(
+            "Le mot de passe de la classe a disparu\u00A0: son fichier a été effacé ou vidé.\n%1\n\n"
+            "Le mot de passe est vide pour le moment. Définissez-en un nouveau depuis le compte du "
+            "professeur (menu «\u00A0?\u00A0», Changer le mot de passe), puis vérifiez les droits "
+            "du dossier de dépôt.")
+            .arg(ShownPath(CommonPasswordFile(m_session.state))));
+}
+
 void TeacherDesk::Ask(TeacherAction action)
 {
+    WarnOfLostPassword();
     int& waiting = m_session.state.ActionMotPasse;
     waiting = static_cast<int>(action);
     frmMotPasse window(m_store, m_session.messages, &m_others.mainWindow);
@@ -117,6 +133,7 @@ void TeacherDesk::Mnu_CalMol_Click()
 
 void TeacherDesk::Mnu_Password_Click()
 {
+    WarnOfLostPassword();
     frmPassWord window(m_store, m_session.messages, &m_others.mainWindow);
     connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kPassWord); });
     window.exec();
@@ -162,7 +179,7 @@ std::optional<QString> TeacherDesk::ChooseResults(const QString& title)
 
 Outcome<QString> TeacherDesk::ReopenJournal()
 {
-    return m_session.journal.Open(m_session.state.FichierResultat);
+    return m_session.journal.Reopen();
 }
 
 void TeacherDesk::ReportJournal(const Outcome<QString>& opened)
@@ -222,9 +239,9 @@ void TeacherDesk::CleanAnswers()
     m_session.journal.Close();
     // What fails now ends quietly, and loses nothing: lines that find no file wait
     // for the next one, which reports what is wrong.
-    const bool isGone = RemoveFile(*path);
+    const bool isEmpty = EmptyFile(*path);
     (void)ReopenJournal();
-    if (TextWindow* const window = isGone ? OpenText(*path) : nullptr)
+    if (TextWindow* const window = isEmpty ? OpenText(*path) : nullptr)
         window->Load();
 }
 

@@ -71,6 +71,7 @@ Q_SIGNALS:
     void HelpAsked(int topic);
 
 private:
+    void WarnOfLostPassword();
     void CarryOut(TeacherAction action);
     void KillFile();
     void ShowAnswers();
@@ -92,6 +93,7 @@ private:
     Session& m_session;
     Others m_others;
     PasswordStore m_store;
+    bool m_hasWarned = false; ///< of a lost password, once a start
     std::vector<QPointer<TextWindow>> m_texts;
 };
 

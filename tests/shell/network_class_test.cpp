@@ -89,6 +89,55 @@ TEST_F(NetworkClass, TeacherPicksAFileOfTheDepositToRead)
     EXPECT_TRUE(shell->State().journal.IsOpen());
 }
 
+TEST_F(NetworkClass, LostPasswordIsToldOnceToWhoOpensAProtectedEntry)
+{
+    // Results of an hour ago, and a file that a start has just made anew.
+    WriteTextFile(Deposit("EQU_durand_5_3_2016_9_0.txt"), {u"Nom élève :DURAND"_s});
+    QFile results(Deposit("EQU_durand_5_3_2016_9_0.txt"));
+    ASSERT_TRUE(results.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(
+        results.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
+    results.close();
+    ASSERT_TRUE(QFile::remove(Deposit("MotDePasse.txt")));
+
+    Start(); // Of any account: nothing is in its way.
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(TextOfFile(Deposit("MotDePasse.txt")), QString());
+    for (int i = 0; i < 2; ++i) {
+        EnterThePassword(QString());
+        desktop.dialogs.answers.push_back(std::nullopt);
+        Choose("Mnu_Answer");
+        Settle();
+    }
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(
+        u"Le mot de passe de la classe a disparu\u00A0: son fichier a été effacé ou vidé.\n%1\n"_s.arg(
+            Deposit("MotDePasse.txt"))))
+        << messages.shown[0].text.toStdString();
+}
+
+TEST_F(NetworkClass, LostPasswordIsToldToWhoSetsANewOne)
+{
+    WriteTextFile(Deposit("MotDePasse.txt"), {});
+    QFile results(State().FichierResultat);
+    ASSERT_TRUE(results.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(
+        results.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
+    results.close();
+    script.On("frmPassWord", [](QWidget& window) {
+        Type(Control<QLineEdit>(window, "txtNewPassWord"), u"neuf"_s);
+        Click(Control<QPushButton>(window, "cmdOK"));
+    });
+
+    Choose("Mnu_Password");
+    Settle();
+
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(TextOfFile(Deposit("MotDePasse.txt")), u"neuf\r\n"_s);
+}
+
 TEST_F(NetworkClass, CancelledChoiceEndsQuietly)
 {
     desktop.dialogs.answers = {std::nullopt, std::nullopt};

@@ -7,9 +7,11 @@
 #include "support/ordinary_user.h"
 #include "support/qt_printers.h"
 #include "support/reachable_folder.h"
+#include "support/school.h"
 
 #include <QDir>
 #include <QFile>
+#include <QThread>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -38,6 +40,16 @@ protected:
 
     void Put(const QByteArray& bytes) const { WriteBytes(Common(), bytes); }
     QByteArray Content() const { return BytesOfFile(Common()); }
+
+    mode_t RightsOfCommon() const
+    {
+        struct stat status {
+        };
+        return ::stat(qPrintable(Common()), &status) == 0 ? status.st_mode & 07777U : 0;
+    }
+
+    /// The next file is younger than the last one, by the clock of the files too.
+    static void WaitForTheFileClock() { QThread::msleep(20); }
 
     /// The password, or what was told in its place behind an exclamation mark.
     QString Password()
@@ -235,19 +247,122 @@ TEST_F(PasswordStoreTest, CommonFileIsNotMadeWithoutItsFolder)
     EXPECT_FALSE(QDir(Deposit()).exists());
 }
 
-TEST_F(PasswordStoreTest, CommonFileOfASharedFolderServesAllItsAccounts)
+TEST_F(PasswordStoreTest, CommonFileIsReadByAllAndWrittenByItsAccountAlone)
 {
     OnAShare();
-    ASSERT_EQ(::chmod(qPrintable(Deposit()), 0777), 0);
+    for (const mode_t mask : {0022U, 0077U, 0000U}) {
+        const WithMask with(mask);
+        ASSERT_EQ(::chmod(qPrintable(Deposit()), 0777), 0);
 
-    ASSERT_TRUE(passwords.MakeCommonFile());
-    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::WriteOther));
+        ASSERT_TRUE(passwords.MakeCommonFile());
+        EXPECT_EQ(RightsOfCommon(), 0644U);
+        ASSERT_TRUE(QFile::remove(Common()));
+        ASSERT_TRUE(passwords.Write(u"neuf"_s));
+        EXPECT_EQ(RightsOfCommon(), 0644U);
+        ASSERT_TRUE(passwords.Write(u"plus neuf"_s));
+        EXPECT_EQ(RightsOfCommon(), 0644U);
+        ASSERT_TRUE(QFile::remove(Common()));
+    }
+}
 
-    ASSERT_TRUE(QFile::remove(Common()));
+TEST_F(PasswordStoreTest, ChangeKeepsWhoMayReadTheCommonFileAndTakesWritingAway)
+{
+    OnAShare();
+    Put("vieux\r\n");
+    ASSERT_EQ(::chmod(qPrintable(Common()), 0660), 0);
+
     ASSERT_TRUE(passwords.Write(u"neuf"_s));
-    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::ReadOther));
-    ASSERT_TRUE(passwords.Write(u"plus neuf"_s));
-    EXPECT_TRUE(QFile::permissions(Common()).testFlag(QFileDevice::ReadOther));
+
+    EXPECT_EQ(RightsOfCommon(), 0640U);
+}
+
+TEST_F(PasswordStoreTest, EmptyCommonFileBesideOlderResultsHasBeenLost)
+{
+    OnAShare();
+    WriteBytes(Deposit() + u"/EQU_durand_5_3_2016_9_0.txt"_s, "Nom\r\n");
+    EXPECT_FALSE(passwords.HasBeenLost()); // It is not there: that is told where it is read.
+    WaitForTheFileClock();
+    ASSERT_TRUE(passwords.MakeCommonFile());
+
+    EXPECT_TRUE(passwords.HasBeenLost());
+    ASSERT_TRUE(passwords.Write(u"neuf"_s));
+    EXPECT_FALSE(passwords.HasBeenLost());
+    // A teacher may want none.
+    ASSERT_TRUE(passwords.Write(QString()));
+    EXPECT_FALSE(passwords.HasBeenLost());
+}
+
+TEST_F(PasswordStoreTest, CommonFileThatWasEmptiedHasBeenLost)
+{
+    OnAShare();
+    Put("sesame\r\n");
+    WriteBytes(Deposit() + u"/EQU_durand_5_3_2016_9_0.txt"_s, "Nom\r\n");
+    WaitForTheFileClock();
+    Put("");
+
+    EXPECT_TRUE(passwords.HasBeenLost());
+}
+
+TEST_F(PasswordStoreTest, EmptyCommonFileOfANewFolderHasNotBeenLost)
+{
+    OnAShare();
+    ASSERT_TRUE(passwords.MakeCommonFile());
+    WaitForTheFileClock();
+    WriteBytes(Deposit() + u"/EQU_durand_5_3_2016_9_0.txt"_s, "Nom\r\n");
+    WriteBytes(Deposit() + u"/HighScore.txt"_s, "#a\r\n");
+
+    EXPECT_FALSE(passwords.HasBeenLost());
+}
+
+TEST_F(PasswordStoreTest, PupilNeitherEmptiesNorTakesAwayNorReplacesTheCommonFile)
+{
+    const School school(03730);
+    if (!school.IsPlayable())
+        GTEST_SKIP() << School::WhyNot();
+    state.ModeReseau = true;
+    state.DossierResultats = school.shared;
+    {
+        const AsAccount teacher(kTeacher);
+        ASSERT_TRUE(passwords.Write(u"sesame"_s));
+    }
+    {
+        const AsAccount pupil(kPupilA);
+        EXPECT_TRUE(passwords.MakeCommonFile());
+        EXPECT_EQ(Password(), u"sesame"_s);
+        EXPECT_FALSE(passwords.Write(u"facile"_s));
+    }
+
+    const QString name = u"MotDePasse.txt"_s;
+    EXPECT_FALSE(school.MayOpen(kPupilA, name, O_WRONLY));
+    EXPECT_FALSE(school.TakesAway(kPupilA, name));
+    EXPECT_FALSE(school.Renames(kPupilA, name));
+    EXPECT_EQ(Password(), u"sesame"_s);
+}
+
+TEST_F(PasswordStoreTest, TeacherTakesOverTheFileThatAPupilsStartMade)
+{
+    const School school(03730);
+    if (!school.IsPlayable())
+        GTEST_SKIP() << School::WhyNot();
+    state.ModeReseau = true;
+    state.DossierResultats = school.shared;
+    {
+        const AsAccount pupil(kPupilA);
+        ASSERT_TRUE(passwords.MakeCommonFile());
+    }
+    {
+        const AsAccount pupil(kPupilB);
+        EXPECT_FALSE(passwords.Write(u"facile"_s));
+    }
+    {
+        const AsAccount teacher(kTeacher);
+        ASSERT_TRUE(passwords.Write(u"sesame"_s));
+    }
+
+    EXPECT_EQ(school.OwnerOf(u"MotDePasse.txt"_s), kTeacher);
+    EXPECT_FALSE(school.MayOpen(kPupilA, u"MotDePasse.txt"_s, O_WRONLY));
+    const AsAccount pupil(kPupilA);
+    EXPECT_EQ(Password(), u"sesame"_s);
 }
 
 TEST_F(PasswordStoreTest, DepositWithANameOfBlanksIsTheShareItself)

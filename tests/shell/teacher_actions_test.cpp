@@ -179,13 +179,14 @@ TEST_F(Results, EmptiedByAnotherProgramLoseNoLineOfThisOne)
     EXPECT_EQ(TextOfFile(Journal()), u"nouveau\r\n"_s);
 }
 
-TEST_F(Results, ThatCannotBeEmptiedEndQuietlyAndStayWhole)
+TEST_F(Results, ThatMayNotBeTakenAwayAreCutToNothing)
 {
     WriteLine(u"ancien"_s);
     const QByteArray place = QFile::encodeName(EquationFolder());
     ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
     ASSERT_EQ(::chmod(place.constData(), 0555), 0);
     ASSERT_EQ(::chmod(QFile::encodeName(Journal()).constData(), 0666), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(State().IniUtilisateur).constData(), 0644), 0);
     {
         const AsOrdinaryUser teacher;
         ASSERT_TRUE(teacher.IsOrdinary());
@@ -196,7 +197,7 @@ TEST_F(Results, ThatCannotBeEmptiedEndQuietlyAndStayWhole)
     ASSERT_EQ(::chmod(place.constData(), 0755), 0);
 
     ASSERT_EQ(messages.shown.size(), 2U); // The question and the message.
-    EXPECT_EQ(TextOfFile(Journal()), u"ancien\r\nnouveau\r\n"_s);
+    EXPECT_EQ(TextOfFile(Journal()), u"nouveau\r\n"_s);
 }
 
 TEST_F(Results, WhoseJournalCannotBeReopenedLoseNoLine)

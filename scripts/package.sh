@@ -18,6 +18,7 @@ DESTDIR="$PWD/$root" cmake --install build/release --prefix /usr --strip >/dev/n
 gzip -9n "$root/usr/share/man/man1/stoikal.1"
 install -m 644 packaging/copyright "$root/usr/share/doc/stoikal/copyright"
 sed "s/The authors of Stoikal <stoikal@localhost>/$maintainer/" packaging/changelog | gzip -9nc >"$root/usr/share/doc/stoikal/changelog.gz"
+install -m 755 packaging/postinst packaging/postrm "$root/DEBIAN"
 find "$root/usr" -type d -exec chmod 755 {} +
 find "$root/usr/share" -type f -exec chmod 644 {} +
 
@@ -32,7 +33,7 @@ Version: $version
 Architecture: $architecture
 Maintainer: $maintainer
 Installed-Size: $size
-Depends: $libraries, qt6-qpa-plugins, qt6-translations-l10n, fonts-liberation, fonts-dejavu-core
+Depends: $libraries, adduser, qt6-qpa-plugins, qt6-translations-l10n, fonts-liberation, fonts-dejavu-core
 Recommends: galculator | kcalc | gnome-calculator, xdg-utils
 Section: education
 Priority: optional

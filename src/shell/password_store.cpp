@@ -80,7 +80,7 @@ Outcome<QString> PasswordStore::Read() const
 Outcome<QString> PasswordStore::ReadFromSettings() const
 {
     const QString& path = m_state.IniUtilisateur;
-    const auto bytes = ReadWholeFile(path, kSettingsLimit, Links::Refused);
+    const auto bytes = ReadOwnFile(path, kSettingsLimit);
     if (!bytes && !bytes.IsMissing())
         return CannotReadSettings(path, bytes.Reason());
     return bytes ? ProfileText(*bytes).Read(Section(), Key()) : QString();

@@ -339,6 +339,22 @@ TEST_F(PasswordStoreTest, PupilNeitherEmptiesNorTakesAwayNorReplacesTheCommonFil
     EXPECT_EQ(Password(), u"sesame"_s);
 }
 
+TEST_F(PasswordStoreTest, SettingsThatAnotherAccountPutThereTellNoPassword)
+{
+    const School school(03770);
+    if (!school.IsPlayable())
+        GTEST_SKIP() << School::WhyNot();
+    state.IniUtilisateur = school.Path(u"ConfEQU_prof.ini"_s);
+    {
+        const AsAccount pupil(kPupilA);
+        WriteBytes(state.IniUtilisateur, "[Options]\nPassWord=facile\n");
+    }
+    const AsAccount other(kPupilB);
+
+    EXPECT_TRUE(Password().contains(u"(ce fichier appartient à un autre compte)"_s))
+        << Password().toStdString();
+}
+
 TEST_F(PasswordStoreTest, TeacherTakesOverTheFileThatAPupilsStartMade)
 {
     const School school(03730);

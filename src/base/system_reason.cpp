@@ -1,10 +1,8 @@
 #include "base/system_reason.h"
 
-#include <QCoreApplication>
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstring>
+#include <iterator>
 
 namespace stoikal {
 namespace {
@@ -14,31 +12,9 @@ struct Reason {
     QString words;
 };
 
-/// For these the toolkit has words of its own, whatever the system's language.
-struct ToolkitReason {
-    const char* text;
-    int code;
-};
-constexpr std::array kToolkitReasons{
-    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "Permission denied"), EACCES},
-    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "No such file or directory"), ENOENT},
-    ToolkitReason{QT_TRANSLATE_NOOP("QIODevice", "No space left on device"), ENOSPC}};
-
-/// Whether the system or the toolkit tells this failure so.
-bool Tells(const QString& text, int code)
-{
-    if (text == QString::fromLocal8Bit(std::strerror(code)))
-        return true;
-    return std::any_of(kToolkitReasons.begin(), kToolkitReasons.end(), [&](const ToolkitReason& reason) {
-        return reason.code == code
-            && (text == QLatin1String(reason.text)
-                || text == QCoreApplication::translate("QIODevice", reason.text));
-    });
-}
-
 } // namespace
 
-QString FrenchReason(const QString& systemReason)
+QString FrenchReason(int error)
 {
     const Reason reasons[]{
         {EACCES, QStringLiteral("l'accès est refusé")},
@@ -67,16 +43,9 @@ QString FrenchReason(const QString& systemReason)
         {ESTALE, QStringLiteral("le partage n'est plus relié")},
         {ETIMEDOUT, QStringLiteral("le serveur ne répond pas")},
     };
-    for (const Reason& reason : reasons) {
-        if (Tells(systemReason, reason.code))
-            return reason.words;
-    }
-    return systemReason;
-}
-
-QString FrenchReason(int error)
-{
-    return FrenchReason(QString::fromLocal8Bit(std::strerror(error)));
+    const auto* const known = std::find_if(std::begin(reasons), std::end(reasons),
+                                           [error](const Reason& reason) { return reason.code == error; });
+    return known == std::end(reasons) ? QStringLiteral("erreur n° %1 du système").arg(error) : known->words;
 }
 
 } // namespace stoikal

@@ -4,11 +4,8 @@
 
 namespace stoikal {
 
-/// The system's reason for a failure of a file in French words. A reason that is
-/// none of the common ones of disks and shares comes back as it is.
-QString FrenchReason(const QString& systemReason);
-
-/// The same by the system's number of the failure.
+/// Why the system refused something, by its number of the failure, in French words.
+/// One that is none of the common ones of disks and shares has its number alone.
 QString FrenchReason(int error);
 
 } // namespace stoikal

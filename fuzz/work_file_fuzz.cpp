@@ -20,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
     const std::vector<WorkEquation> before = work.Equations(few);
     fuzz::Require(before.size() == static_cast<size_t>(few),
                   "each equation can be read, if only as a blank one");
-    fuzz::Require(work.Store(1, before.front(), *desk), "a file can be written");
+    fuzz::Require(work.Store(1, before.front(), *desk).Succeeded(), "a file can be written");
     fuzz::Require(work.Equation(1) == before.front(), "what was entered is read");
     fuzz::Require(work.InsertEquation(1, few, *desk) && work.DeleteEquation(1, few + 1, *desk)
                       && work.Equations(few) == before,

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 namespace stoikal {
@@ -76,6 +77,18 @@ Outcome<qsizetype> Append(const QString& path, OpenFile& file, const QByteArray&
     const Failure failure = WriteFailure(path, file.WriteFailure().text);
     file.CutTo(oldSize);
     return failure;
+}
+
+/// Why lines are not added: one that is longer than a line may be would keep the
+/// whole file from being read again. Nothing when each is short enough.
+std::optional<Failure> TooLongLine(const QString& path, const QList<QByteArray>& lines)
+{
+    const auto isTooLong = [](const QByteArray& line) { return line.size() > kExerciseLimit.lineBytes; };
+    if (std::none_of(lines.begin(), lines.end(), isTooLong))
+        return std::nullopt;
+    return WriteFailure(path,
+                        QStringLiteral("une ligne à ajouter est trop longue\u00A0: %1\u00A0Ko au plus")
+                            .arg(kExerciseLimit.lineBytes / kKilobyte));
 }
 
 /// What parts new lines from those of a file: an end for its last line.
@@ -168,6 +181,8 @@ Outcome<QStringList> EquationFilesOf(const QString& folder)
 
 Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QList<QByteArray>& lines)
 {
+    if (const auto tooLong = TooLongLine(path, lines))
+        return *tooLong;
     const FileLock lock(path, kLockWaitMs);
     if (!lock.IsHeld())
         return LockFailure(path, lock);
@@ -185,13 +200,16 @@ Outcome<qsizetype> EquationAppender::AppendLines(const QString& path, const QLis
 
 Outcome<qsizetype> EquationAppender::AppendEquation(const QString& path, const QString& line)
 {
+    const QByteArray bytes = EncodeLine(line);
+    if (const auto tooLong = TooLongLine(path, {bytes}))
+        return *tooLong;
     const FileLock lock(path, kLockWaitMs);
     if (!lock.IsHeld())
         return LockFailure(path, lock);
     auto file = OpenForAppending(path, IfMissing::Refuse, Sharing::Account);
     if (!file)
         return WriteFailure(path, file.Reason());
-    return Append(path, *file, "\r\n'\r\n" + EncodeLine(line));
+    return Append(path, *file, "\r\n'\r\n" + bytes);
 }
 
 } // namespace stoikal

@@ -93,6 +93,14 @@ QString EquationLine(const WorkEquation& equation, FileType type)
     return line;
 }
 
+Failure WouldBeTooLarge(const QString& path, const QString& reason)
+{
+    return {QStringLiteral("Le fichier « %1 » n'a pas été écrit\u00A0:\n%2\n\n"
+                           "Votre saisie est conservée. Répartissez-la entre plusieurs fichiers, puis "
+                           "recommencez.")
+                .arg(ShownPath(path), reason)};
+}
+
 Failure NotWritten(const QString& path, const QString& reason)
 {
     return {QStringLiteral("Le fichier « %1 » n'a pas pu être écrit\u00A0:\n%2\n\n"
@@ -190,7 +198,7 @@ Outcome<QString> WriteEquationFile(const QString& folder, const QString& fileNam
     if (!MakeFolders(folder))
         return NotWritten(path, QStringLiteral("le dossier n'existe pas."));
     if (const auto above = AboveLimit(bytes, kExerciseLimit))
-        return NotWritten(path, above->text);
+        return WouldBeTooLarge(path, above->text);
     if (const auto written = ReplaceFile(path, bytes, Sharing::Account); !written)
         return NotWritten(path, written.Reason());
     const QStringList spellings = SameNames(folder, fileName);

@@ -194,20 +194,20 @@ WorkFile::WorkFile(SettingsStore& store, QString path)
 {
 }
 
-bool WorkFile::Begin(const WorkDesk& desk)
+Outcome<QString> WorkFile::Begin(const WorkDesk& desk)
 {
     return BeginWith(desk, {WorkEquation()});
 }
 
-bool WorkFile::BeginWith(const WorkDesk& desk, const std::vector<WorkEquation>& equations)
+Outcome<QString> WorkFile::BeginWith(const WorkDesk& desk, const std::vector<WorkEquation>& equations)
 {
     const QByteArray bytes = BytesOf(desk, equations);
     return Change([&bytes](ProfileText& file) { file = ProfileText(bytes); });
 }
 
-bool WorkFile::Change(const std::function<void(ProfileText&)>& change)
+Outcome<QString> WorkFile::Change(const std::function<void(ProfileText&)>& change)
 {
-    return m_store.Change(m_path, change).Succeeded();
+    return m_store.Change(m_path, change);
 }
 
 WorkEquation WorkFile::Equation(int number) const
@@ -236,7 +236,7 @@ std::vector<int> WorkFile::FailedEquations(int count) const
     return failed;
 }
 
-bool WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& desk)
+Outcome<QString> WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& desk)
 {
     return Change([&](ProfileText& file) {
         WriteEquation(file, number, equation);
@@ -244,7 +244,7 @@ bool WorkFile::Store(int number, const WorkEquation& equation, const WorkDesk& d
     });
 }
 
-bool WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
+Outcome<QString> WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
 {
     return Change([&](ProfileText& file) {
         std::vector<ProfileText::Renaming> moves;
@@ -256,7 +256,7 @@ bool WorkFile::InsertEquation(int number, int last, const WorkDesk& desk)
     });
 }
 
-bool WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
+Outcome<QString> WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
 {
     return Change([&](ProfileText& file) {
         std::vector<ProfileText::Renaming> moves;
@@ -271,7 +271,7 @@ bool WorkFile::DeleteEquation(int number, int last, const WorkDesk& desk)
 
 void WorkFile::Finish()
 {
-    const bool written = Change([](ProfileText& file) {
+    const auto written = Change([](ProfileText& file) {
         WriteText(file, DeskSection(), QStringLiteral("EnCours"), FlagText(false));
     });
     if (!written)

@@ -35,8 +35,8 @@ struct WorkDesk {
 /// ("1" the first), and a section "Fichier" for the rest. Everything that the
 /// teacher enters is in it, so that an editor whose process was killed can be
 /// taken up again. Each change is one write: it is in the file whole, or not at
-/// all. Changes return false when the file could not be written. Sections that
-/// are not its own stay. It shows nothing and judges nothing.
+/// all. Changes return the file, or fail with the reason in French words. Sections
+/// that are not its own stay. It shows nothing and judges nothing.
 class WorkFile
 {
 public:
@@ -45,9 +45,9 @@ public:
     const QString& Path() const { return m_path; }
 
     /// Empties the file and makes equation 1, blank.
-    [[nodiscard]] bool Begin(const WorkDesk& desk);
+    Outcome<QString> Begin(const WorkDesk& desk);
     /// Empties the file and enters these equations, at least one.
-    [[nodiscard]] bool BeginWith(const WorkDesk& desk, const std::vector<WorkEquation>& equations);
+    Outcome<QString> BeginWith(const WorkDesk& desk, const std::vector<WorkEquation>& equations);
 
     /// The equation of that number; a blank one where there is none.
     WorkEquation Equation(int number) const;
@@ -57,13 +57,13 @@ public:
     std::vector<int> FailedEquations(int count) const;
 
     /// Enters an equation, with the state of the desk.
-    [[nodiscard]] bool Store(int number, const WorkEquation& equation, const WorkDesk& desk);
+    Outcome<QString> Store(int number, const WorkEquation& equation, const WorkDesk& desk);
     /// Moves the equations `number` to `last` one up, which leaves a blank place;
     /// `desk` is the state afterwards.
-    [[nodiscard]] bool InsertEquation(int number, int last, const WorkDesk& desk);
+    Outcome<QString> InsertEquation(int number, int last, const WorkDesk& desk);
     /// Moves the equations behind `number` up to `last` one down over it;
     /// `desk` is the state afterwards.
-    [[nodiscard]] bool DeleteEquation(int number, int last, const WorkDesk& desk);
+    Outcome<QString> DeleteEquation(int number, int last, const WorkDesk& desk);
 
     /// The work is over: the equation file was written, or the editor is closed. A
     /// file that cannot be written is taken away, so that it is never offered.
@@ -76,7 +76,7 @@ public:
     void Remove();
 
 private:
-    bool Change(const std::function<void(ProfileText&)>& change);
+    Outcome<QString> Change(const std::function<void(ProfileText&)>& change);
 
     SettingsStore& m_store;
     QString m_path;

@@ -284,6 +284,29 @@ TEST_F(AppendingLines, MakesNoFileThatCouldNotBeReadAgain)
     EXPECT_EQ(Bytes(u"grand.Equ"_s), before);
 }
 
+TEST_F(AppendingLines, AddsNoLineThatCouldNotBeReadAgain)
+{
+    Write(u"serie.Equ"_s, "A=B/1,1\r\n");
+
+    const auto written
+        = EquationAppender::AppendLines(Path(u"serie.Equ"_s), {"C=D/1,1", "'" + QByteArray(8192, 'x')});
+
+    ASSERT_FALSE(written);
+    EXPECT_TRUE(
+        written.Reason().endsWith(u"\nune ligne à ajouter est trop longue\u00A0: 8\u00A0Ko au plus"_s))
+        << written.Reason().toStdString();
+    EXPECT_EQ(Bytes(u"serie.Equ"_s), "A=B/1,1\r\n");
+}
+
+TEST_F(AppendingLines, AddsTheLongestLineThatCanBeRead)
+{
+    const QByteArray longest = "'" + QByteArray(8191, 'x');
+
+    EXPECT_TRUE(EquationAppender::AppendLines(Path(u"serie.Equ"_s), {longest}));
+
+    EXPECT_EQ(Bytes(u"serie.Equ"_s), longest + "\r\n");
+}
+
 TEST_F(AppendingLines, TellsThatTheDiskIsFull)
 {
     const FullFile full(Path(u"plein.Equ"_s));
@@ -295,6 +318,15 @@ TEST_F(AppendingAnEquation, AddsALineEndAnApostropheAndTheLineWithoutEnd)
     Write(u"serie.Equ"_s, "'un\r\nA=B/1,1");
     EXPECT_TRUE(EquationAppender::AppendEquation(Path(u"serie.Equ"_s), u"H2+O2=H2O/2,1,2"_s));
     EXPECT_EQ(Bytes(u"serie.Equ"_s), "'un\r\nA=B/1,1\r\n'\r\nH2+O2=H2O/2,1,2");
+}
+
+TEST_F(AppendingAnEquation, AddsNoneThatCouldNotBeReadAgain)
+{
+    Write(u"serie.Equ"_s, "A=B/1,1");
+
+    EXPECT_FALSE(EquationAppender::AppendEquation(Path(u"serie.Equ"_s), QString(8193, u'C')));
+
+    EXPECT_EQ(Bytes(u"serie.Equ"_s), "A=B/1,1");
 }
 
 TEST_F(AppendingAnEquation, StartsWithALineEndInAnyFile)

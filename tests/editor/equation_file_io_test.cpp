@@ -286,6 +286,22 @@ TEST(WriteEquationFile, FullDiskLeavesTheOldFileWhole)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList({u"Serie.Equ"_s}));
 }
 
+TEST(WriteEquationFile, FileAboveTheLimitIsNotWrittenForLackOfRoom)
+{
+    const QTemporaryDir folder;
+
+    const auto written
+        = WriteEquationFile(folder.path(), u"Serie.Equ"_s, QByteArray("A=B/1,1\r\n").repeated(500'000));
+
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.Reason(),
+              u"Le fichier « %1 » n'a pas été écrit\u00A0:\n"
+              "le fichier est trop grand\u00A0: 4096\u00A0Ko au plus\n\n"
+              "Votre saisie est conservée. Répartissez-la entre plusieurs fichiers, puis recommencez."_s.arg(
+                  folder.filePath(u"Serie.Equ"_s)));
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
 TEST(WriteEquationFile, FolderInPlaceOfTheFileIsTold)
 {
     const QTemporaryDir folder;

@@ -263,10 +263,22 @@ TEST_F(WorkFileTest, ChangesOfAFolderWithoutRoomAreReported)
     // A folder stands where the file would be written.
     ASSERT_TRUE(QDir().mkpath(path + u"/x"_s));
 
-    EXPECT_FALSE(work.Begin(desk));
+    const auto begun = work.Begin(desk);
+    ASSERT_FALSE(begun);
+    EXPECT_EQ(begun.Reason(), u"c'est un dossier"_s);
     EXPECT_FALSE(work.Store(1, Full(), desk));
     EXPECT_FALSE(work.InsertEquation(1, 1, desk));
     EXPECT_FALSE(work.DeleteEquation(1, 1, desk));
+}
+
+TEST_F(WorkFileTest, WorkAboveTheLimitIsReportedAsSuch)
+{
+    WorkEquation equation;
+    equation.Comment = QString(30'000, u'x');
+    const auto begun = work.BeginWith(desk, std::vector<WorkEquation>(70, equation)); // 2.1 MB
+
+    ASSERT_FALSE(begun);
+    EXPECT_EQ(begun.Reason(), u"le fichier est trop grand\u00A0: 2048\u00A0Ko au plus"_s);
 }
 
 TEST_F(WorkFileTest, WorkThatIsOverIsNotOfferedEvenWhenThatCannotBeWritten)

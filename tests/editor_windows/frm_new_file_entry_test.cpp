@@ -113,6 +113,20 @@ TEST_F(FrmNewFileEntry, LeavingABoxOfKnownSymbolsSaysNothing)
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(FrmNewFileEntry, WorkFileThatCannotBeWrittenIsReportedWithItsCause)
+{
+    ASSERT_TRUE(QFile::remove(WorkPath()) && QDir().mkpath(WorkPath()));
+    MakeEditor();
+
+    EXPECT_FALSE(editor->StartNew());
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(messages.shown[0].text,
+              u"Le fichier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1\n(c'est un dossier)\n\n"
+              "Remédiez à cette cause, puis recommencez."_s.arg(WorkPath()));
+}
+
 TEST_F(FrmNewFileEntry, AFormulaBeyondTheLimitsIsToldAndTheEditorGoesOn)
 {
     Box(0).setFocus();

@@ -222,7 +222,7 @@ void frmNewFile::SaveDraft()
         tmrDraft->start();
         return;
     }
-    const bool written = m_work.Store(m_desk.number, Entered(), DeskNow());
+    const auto written = m_work.Store(m_desk.number, Entered(), DeskNow());
     // The same trouble is not told at each key.
     if (written || !m_draftFailed)
         m_draftFailed = !Kept(written);

@@ -96,7 +96,7 @@ private:
     void SetBar();
     void FocusFirstFormula();
     void FocusPage();
-    bool Kept(bool written);
+    bool Kept(const Outcome<QString>& written);
     void CheckLeftFormulas();
     void ReportUnknownSymbols();
     bool MayStore();

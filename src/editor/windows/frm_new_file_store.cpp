@@ -79,16 +79,17 @@ bool frmNewFile::CheckData()
 }
 
 /// True when the work file took the change; else the teacher is told.
-bool frmNewFile::Kept(bool written)
+bool frmNewFile::Kept(const Outcome<QString>& written)
 {
     m_draftFailed = m_draftFailed && !written;
-    if (!written)
+    if (!written) {
         m_doors.messages.Critical(
             this, QStringLiteral("Stoikal"),
-            QStringLiteral("Le fichier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1\n\n"
-                           "Libérez de la place sur le disque, puis recommencez.")
-                .arg(ShownPath(m_work.Path())));
-    return written;
+            QStringLiteral("Le fichier de travail de l'éditeur ne peut pas être écrit\u00A0:\n%1\n(%2)\n\n"
+                           "Remédiez à cette cause, puis recommencez.")
+                .arg(ShownPath(m_work.Path()), written.Reason()));
+    }
+    return written.Succeeded();
 }
 
 bool frmNewFile::StoreEquation(int number)

@@ -5,6 +5,7 @@
 #include "base/shown_path.h"
 #include "base/whole_file.h"
 
+#include <QFileInfo>
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -124,6 +125,16 @@ Outcome<EquationFile> EquationFile::Open(const QString& path)
     if (!bytes)
         return Failure{bytes.Reason()};
     return EquationFile(NormaliseTextBytes(*bytes));
+}
+
+bool EquationFile::IsNone(const QString& path)
+{
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile())
+        return true;
+    const auto file = OpenForReading(path, Links::Followed);
+    const auto bytes = file ? file->Read(0, kExerciseLimit.bytes + 1) : file.Why();
+    return bytes && AboveLimit(*bytes, kExerciseLimit);
 }
 
 bool EquationFile::NextLine()

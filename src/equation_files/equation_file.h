@@ -37,6 +37,10 @@ public:
     /// Reads the file. Fails with a French sentence when that does not work.
     static Outcome<EquationFile> Open(const QString& path);
 
+    /// Whether what stands at a path is no exercise, however it is read: it is no file,
+    /// or above the limit.
+    static bool IsNone(const QString& path);
+
     /// The number of equations and whether there are progress data.
     FirstPass Pass() const { return CountEquations(m_bytes); }
 

@@ -166,6 +166,10 @@ bool FileSession::ReadChosenFile()
         return false;
     }
     auto file = EquationFile::Open(state.CheminFichier);
+    if (!file && EquationFile::IsNone(state.CheminFichier)) {
+        RefuseFile(file.Reason() + QStringLiteral("\n\nChoisissez un autre fichier."));
+        return false;
+    }
     if (!file)
         throw FatalFault(file.Reason(), state.CheminFichier, 0, {});
     const FirstPass pass = file->Pass();

@@ -296,6 +296,25 @@ TEST_F(EquationFileTest, WhatIsNoFileIsNotWaitedForEvenBehindALink)
     EXPECT_EQ(bytes.Reason(), u"ce n'est pas un fichier"_s);
 }
 
+TEST_F(EquationFileTest, OnlyWhatIsNoFileOrAboveTheLimitIsNoExerciseAtAll)
+{
+    const QString pipe = m_folder.filePath(u"tube.Equ"_s);
+    ASSERT_EQ(::mkfifo(qPrintable(pipe), 0666), 0);
+    const QString failing = m_folder.filePath(u"disque.Equ"_s);
+    ASSERT_TRUE(MakeFailingFile(failing));
+    const QString large = m_folder.filePath(u"grande.Equ"_s);
+    WriteBytes(large, QByteArray("A=B/1,1\r\n").repeated(466'034)); // 4 MB and 2 bytes
+    const QString plain = m_folder.filePath(u"simple.Equ"_s);
+    WriteBytes(plain, "A=B/1,1\r\n");
+
+    EXPECT_TRUE(EquationFile::IsNone(pipe));
+    EXPECT_TRUE(EquationFile::IsNone(m_folder.path()));
+    EXPECT_TRUE(EquationFile::IsNone(large));
+    EXPECT_FALSE(EquationFile::IsNone(plain));
+    EXPECT_FALSE(EquationFile::IsNone(failing));
+    EXPECT_FALSE(EquationFile::IsNone(m_folder.filePath(u"partie.Equ"_s)));
+}
+
 TEST_F(EquationFileTest, FileThatCannotBeReadToItsEndIsAFailure)
 {
     const QString path = m_folder.filePath(u"Serie.Equ"_s);

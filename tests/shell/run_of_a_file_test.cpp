@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <sys/stat.h>
 
 namespace stoikal {
 
@@ -224,6 +225,36 @@ TEST_F(OpeningAFile, RefusesAFileWithoutEquations)
               "Sélectionnez le fichier Vide.Equ et rajoutez une série d'équations."_s);
     EXPECT_FALSE(shell->State().run.IsOpen());
     EXPECT_FALSE(JournalText().contains(u"Nom du fichier"_s));
+    ExpectFreeMode();
+}
+
+TEST_F(OpeningAFile, RefusesAFileAboveTheLimitAndGoesOn)
+{
+    OpenFile({u"H2+O2=H2O/2,1,2"_s, u"'"_s + QString(9000, u'x')}, u"Longue.Equ"_s);
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
+    EXPECT_EQ(
+        messages.shown[0].text,
+        u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: la ligne 2 est trop longue\u00A0: "
+        "8\u00A0Ko au plus.\n\nChoisissez un autre fichier."_s.arg(EquationFolder() + u"/Longue.Equ"_s));
+    EXPECT_FALSE(shell->State().run.IsOpen());
+    EXPECT_EQ(State().CheminFichier, QString());
+    ExpectFreeMode();
+}
+
+TEST_F(OpeningAFile, RefusesAPipeInPlaceOfAFileAndGoesOn)
+{
+    const QString pipe = EquationFolder() + u"/Tuyau.Equ"_s;
+    ASSERT_EQ(::mkfifo(qPrintable(pipe), 0666), 0);
+    IdentifyWhenAsked();
+    AnswerDialog(pipe);
+
+    Choose("Mnu_Open(0)");
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_TRUE(messages.shown[0].text.contains(u"ce n'est pas un fichier"_s))
+        << messages.shown[0].text.toStdString();
     ExpectFreeMode();
 }
 

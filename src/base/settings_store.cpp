@@ -48,8 +48,9 @@ struct SettingsStore::Copy {
     const ProfileText& Of(const QByteArray& current)
     {
         if (bytes != current) {
-            bytes = current;
+            // Where memory runs out in the midst, the old two still belong together.
             text = ProfileText(current);
+            bytes = current;
         }
         return text;
     }
@@ -72,12 +73,13 @@ const ProfileText& SettingsStore::Current(const QString& file) const
     const FileStamp stamp = StampOf(file);
     if (stamp == copy.stamp && copy.isSettled)
         return copy.text;
-    copy.stamp = stamp;
     const Outcome<QByteArray> bytes = ReadWhole(file);
+    const ProfileText& text = bytes ? copy.Of(*bytes) : copy.text;
+    copy.stamp = stamp;
     // What failed may go well the next time, and until then what was known last holds:
     // an equation that was just entered must not read as none. What is too large stays so.
     copy.isSettled = bytes ? IsSettled(stamp) : stamp.size > kSettingsLimit.bytes;
-    return bytes ? copy.Of(*bytes) : copy.text;
+    return text;
 }
 
 QString SettingsStore::ReadSetting(const QString& file, const QString& section, const QString& key) const

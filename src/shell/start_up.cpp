@@ -57,6 +57,7 @@ void StartUp::Run()
     ChooseBackground();
     m_steps << QStringLiteral("user and settings");
     FindSettingsFile(state, m_session.desktop, m_session.messages, &m_mainWindow);
+    ReportUnreadableSettings();
     // The package of the distribution enters the file types.
     m_steps << QStringLiteral("file types");
     // The clock itself knows how often it counts.
@@ -144,6 +145,21 @@ void StartUp::LoadBackground()
     // A picture that cannot be loaded leaves the background empty.
     if (!m_background.isEmpty())
         m_mainWindow.SetBackground(QPixmap(m_background));
+}
+
+/// Without this word a pupil would find all as on the first day, and nobody knew why.
+void StartUp::ReportUnreadableSettings()
+{
+    const QString& path = m_session.state.IniUtilisateur;
+    const auto bytes = ReadOwnFile(path, kSettingsLimit);
+    if (bytes || bytes.IsMissing())
+        return;
+    m_session.messages.Warning(
+        &m_mainWindow, QStringLiteral("Stoikal"),
+        QStringLiteral("Vos réglages ne peuvent pas être lus\u00A0:\n%1\n(%2)\n\n"
+                       "Stoikal démarre avec les réglages d'origine, et les changements ne seront pas "
+                       "enregistrés. Prévenez votre professeur.")
+            .arg(ShownPath(path), bytes.Reason()));
 }
 
 void StartUp::FindJournal()

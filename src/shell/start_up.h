@@ -35,6 +35,7 @@ private:
     void SizeMainWindow();
     void ChooseBackground();
     void LoadBackground();
+    void ReportUnreadableSettings();
     void FindJournal();
     QString NetworkJournal();
     void OpenJournal();

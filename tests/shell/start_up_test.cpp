@@ -110,6 +110,20 @@ TEST_F(StartOfTheProgram, SaysNothingOfLocksWhereTheyCanBeHad)
     EXPECT_TRUE(messages.shown.empty());
 }
 
+TEST_F(StartOfTheProgram, ReportsSettingsThatCannotBeRead)
+{
+    const QString ini = desktop.folders.appData + u"/Tovik_MARLEN/Stoikal/ConfEQU_dupont.ini"_s;
+    QDir().mkpath(ini);
+
+    Start();
+
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].icon, QMessageBox::Warning);
+    EXPECT_TRUE(messages.shown[0].text.startsWith(
+        u"Vos réglages ne peuvent pas être lus\u00A0:\n%1\n(c'est un dossier)\n"_s.arg(ini)))
+        << messages.shown[0].text.toStdString();
+}
+
 TEST_F(StartOfTheProgram, HasDoneEachStepBeforeTheNext)
 {
     desktop.web.site = u"http://maker.example"_s;

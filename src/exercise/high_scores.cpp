@@ -108,8 +108,9 @@ HighScoreTable::HighScoreTable(QStringList lines, const QString& fileTitle)
     m_end = m_start;
     if (m_isNew)
         return;
-    for (m_end = m_start + 1; m_end < m_lines.size() && !IsHeader(m_lines[m_end]); ++m_end) {
-        const std::optional<HighScore> record = ParseRecord(m_lines[m_end]);
+    // The list is the caller's too: a reading that could also change it would copy it.
+    for (m_end = m_start + 1; m_end < m_lines.size() && !IsHeader(m_lines.at(m_end)); ++m_end) {
+        const std::optional<HighScore> record = ParseRecord(m_lines.at(m_end));
         if (!record)
             m_otherLines.push_back(m_end);
         else if (m_section.size() < kPlaces)

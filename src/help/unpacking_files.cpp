@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 
 namespace stoikal {
 namespace {
@@ -22,7 +23,10 @@ OpenedFile& Opened(mspack_file* file)
 
 mspack_file* Open(mspack_system* /*self*/, const char* name, int /*mode*/) noexcept
 {
-    auto opened = std::make_unique<OpenedFile>();
+    // The library knows no exceptions: without memory a call of it fails.
+    std::unique_ptr<OpenedFile> opened(new (std::nothrow) OpenedFile);
+    if (opened == nullptr)
+        return nullptr;
     const auto* const file = static_cast<const UnpackingFile*>(static_cast<const void*>(name));
     opened->file = const_cast<UnpackingFile*>(file);
     opened->mayRead = file->mayRead;
@@ -35,7 +39,7 @@ void Close(mspack_file* file) noexcept
 }
 
 int Read(mspack_file* file, void* buffer, int count) noexcept
-{
+try {
     OpenedFile& opened = Opened(file);
     if (opened.file->source == nullptr || count > opened.mayRead)
         return -1;
@@ -46,12 +50,16 @@ int Read(mspack_file* file, void* buffer, int count) noexcept
     opened.position += bytes->size();
     opened.mayRead -= bytes->size();
     return static_cast<int>(bytes->size());
+} catch (const std::bad_alloc&) {
+    return -1;
 }
 
 int Write(mspack_file* file, void* buffer, int count) noexcept
-{
+try {
     Opened(file).file->written.append(static_cast<const char*>(buffer), count);
     return count;
+} catch (const std::bad_alloc&) {
+    return -1;
 }
 
 int Seek(mspack_file* file, off_t offset, int mode) noexcept

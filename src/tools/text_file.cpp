@@ -60,10 +60,12 @@ Outcome<QStringList> TextFile::LoadEnd()
         return bytes.Why();
     // The first line is whole only where the end begins behind another's.
     const qsizetype whole = from == 0 ? 0 : bytes->indexOf('\n') + 1;
-    const QStringList lines = WithoutLongLines(DecodeLines(NormaliseTextBytes(bytes->sliced(whole))));
+    QStringList lines = WithoutLongLines(DecodeLines(NormaliseTextBytes(bytes->sliced(whole))));
     m_state = found;
     m_isCut = from > 0 || lines.size() > kShownLines;
-    return lines.last(std::min(lines.size(), kShownLines));
+    // In place: where memory runs out, the toolkit's copy of a part ends the program.
+    lines.remove(0, std::max<qsizetype>(lines.size() - kShownLines, 0));
+    return lines;
 }
 
 Outcome<QString> TextFile::Save(const QStringList& lines)

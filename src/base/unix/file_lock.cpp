@@ -8,6 +8,7 @@
 #include <QThread>
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -111,9 +112,13 @@ FileLock::~FileLock()
 {
     if (!IsHeld())
         return;
-    RemoveFile(m_path);
-    if (m_kind == Kind::Claim)
-        RemoveFile(ClaimPath(m_path));
+    try {
+        RemoveFile(m_path);
+        if (m_kind == Kind::Claim)
+            RemoveFile(ClaimPath(m_path));
+    } catch (const std::bad_alloc&) {
+        // What stays there is swept at a later start; it must not end the program now.
+    }
 }
 
 } // namespace stoikal

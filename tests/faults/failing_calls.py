@@ -61,16 +61,17 @@ class Visit:
         self.equations = self.home / "documents" / "Tovik_MARLEN" / "Stoikal"
         self.settings = self.home / "app" / "Tovik_MARLEN" / "Stoikal" / "ConfEQU_dupont.ini"
         self.played = self.home / "eleve" / "Visite.Equ"
-        self.appended = self.home / "eleve" / "Suite.Equ"
+        # Beside the exercises, unless they are made only by this visit.
+        self.appended = (self.home / "eleve" if is_first else self.equations) / "Suite.Equ"
         self.log = self.folder / "visit.log"
         self.calls = self.folder / "calls.log"
         self.code, self.said, self.lines, self.failed = None, "", [], []
         for path in (self.played, self.home / "app" / "x", self.home / "documents" / "x", self.home / "cache" / "x"):
             path.parent.mkdir(parents=True)
         self.played.write_bytes(PLAYED)
-        self.appended.write_bytes(APPENDED_TO)
         if not is_first:
             self.settle()
+        self.appended.write_bytes(APPENDED_TO)
 
     def settle(self):
         """As earlier visits left it."""
@@ -228,7 +229,9 @@ class Visit:
         self.expect("the new tip is not there", not self.has("done tip") or there.endswith(TIP))
 
     def litter(self):
-        return [str(path.relative_to(self.home)) for path in self.home.rglob("*") if LITTER.search(path.name)]
+        """What lies in folders that are not the program's waits there for the next writing."""
+        return [str(path.relative_to(self.home)) for path in self.home.rglob("*")
+                if LITTER.search(path.name) and path.parent != self.played.parent]
 
     def check_next_start(self):
         """A clean start takes the litter away and is not hindered by it."""

@@ -71,7 +71,7 @@ private:
         }
     }
 
-    /// How often the window has been served that is in front now.
+    /// How often the window has been served, whatever boxes came over it.
     int Count(QWidget& window)
     {
         m_served = m_last == &window ? m_served + 1 : 1;
@@ -81,17 +81,18 @@ private:
 
     void Serve(QWidget& modal)
     {
+        constexpr int kMostServices = 5;
         // A window that has work to do for longer than a look.
         if (modal.property("visited").toInt() > 0 && m_turns < modal.property("visited").toInt() + 20)
             return;
         modal.setProperty("visited", m_turns);
-        const int count = Count(modal);
-        const QString name = modal.objectName();
         if (auto* const box = qobject_cast<QMessageBox*>(&modal))
             return AnswerBox(*box);
+        const int count = Count(modal);
+        const QString name = modal.objectName();
         if (auto* const dialog = qobject_cast<QFileDialog*>(&modal))
             return count > 2 ? dialog->reject() : Choose(*dialog);
-        if (count > 3) {
+        if (count > kMostServices) {
             Write(u"gave up "_s + name);
             modal.close();
         } else if (name == u"frmSplash"_s) {
@@ -204,6 +205,7 @@ private:
             const Step& step = m_steps.at(m_next++);
             m_then = step.then;
             m_passwordTries = 0;
+            m_last = nullptr;
             auto& entry = Control<QAction>(*FindWindow("frmStoikal"), step.entry);
             Write(u"step %1%2"_s.arg(QLatin1String(step.entry),
                                      entry.isEnabled() ? QString() : u" disabled"_s));

@@ -4,14 +4,6 @@
 #include <QKeyEvent>
 
 namespace stoikal {
-namespace {
-
-bool IsHelpKey(const QEvent& event)
-{
-    return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_F1;
-}
-
-} // namespace
 
 QString ArrayName(const char* array, int index)
 {
@@ -25,16 +17,6 @@ Form::Form(const QString& name, const QString& caption, Kind kind, QWidget* pare
     setObjectName(name);
     setWindowTitle(caption);
     setAccessibleName(caption);
-}
-
-bool Form::event(QEvent* event)
-{
-    if (IsHelpKey(*event)) {
-        event->accept();
-        Q_EMIT HelpAsked();
-        return true;
-    }
-    return QWidget::event(event);
 }
 
 void Form::keyPressEvent(QKeyEvent* event)
@@ -58,16 +40,6 @@ ModalForm::ModalForm(const QString& name, const QString& caption, QWidget* paren
     setWindowTitle(caption);
     setAccessibleName(caption);
     setModal(true);
-}
-
-bool ModalForm::event(QEvent* event)
-{
-    if (IsHelpKey(*event)) {
-        event->accept();
-        Q_EMIT HelpAsked();
-        return true;
-    }
-    return QDialog::event(event);
 }
 
 void ModalForm::keyPressEvent(QKeyEvent* event)

@@ -22,7 +22,7 @@ Control* Named(Control* control, const QString& name, const QString& accessibleN
 QString ArrayName(const char* array, int index);
 
 /// A window that is not modal: a tool window kept above its parent, or, when it
-/// is handed to the main area, a child there. F1 asks for its help page.
+/// is handed to the main area, a child there.
 class Form : public QWidget
 {
     Q_OBJECT
@@ -33,14 +33,12 @@ public:
     Form(const QString& name, const QString& caption, Kind kind, QWidget* parent);
 
 Q_SIGNALS:
-    void HelpAsked();
     /// The title bar's cross, or Alt+F4. The window itself stays.
     void CloseAsked();
 
 protected:
     /// By Escape: only a window that holds nothing to lose answers.
     virtual void EscapePressed() { }
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 };
@@ -56,15 +54,11 @@ public:
 
     void reject() final;
 
-Q_SIGNALS:
-    void HelpAsked();
-
 protected:
     /// By Escape: only windows with a cancel button or with nothing to lose answer.
     virtual void EscapePressed() { }
     /// By the title bar.
     virtual void TitleBarClosed() { done(Rejected); }
-    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 };

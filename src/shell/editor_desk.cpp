@@ -136,7 +136,8 @@ std::optional<WorkPlace> EditorDesk::FreePlace()
 
 void EditorDesk::Run(frmNewFile& window)
 {
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kEditor); });
+    connect(&window, &frmNewFile::HelpRequested, this,
+            [this] { Q_EMIT HelpRequested(help_topics::kEditor); });
     window.exec();
     m_mainWindow.activateWindow();
 }

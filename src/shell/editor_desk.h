@@ -30,7 +30,8 @@ public:
     void OpenExisting();
 
 Q_SIGNALS:
-    void HelpAsked(int topic);
+    /// The help button of the editor was pressed.
+    void HelpRequested(int topic);
 
 private:
     QString EquationFolder() const;

@@ -6,7 +6,6 @@
 #include "exercise/windows/frm_charge.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/messages.h"
-#include "shell/help_topics.h"
 #include "shell/mass_mol_desk.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
@@ -17,6 +16,9 @@
 #include <algorithm>
 
 namespace stoikal {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr const char* kScaleEntries[]{"Mnu_Taille(0)", "Mnu_Taille(1)", "Mnu_Taille(2)", "Mnu_Taille(3)"};
@@ -40,17 +42,12 @@ ExerciseDesk::ExerciseDesk(Session& session, frmStoikal& mainWindow)
     , m_progress(session, mainWindow)
     , m_massMol(new MassMolDesk(session, mainWindow, this))
 {
-    connect(&mainWindow, &frmStoikal::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
     connect(&m_progress, &ProgressDesk::EquationEnded, this, &ExerciseDesk::BankSeconds);
-    connect(&m_progress, &ProgressDesk::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
-    connect(&m_progress, &ProgressDesk::HelpAsked, this, &ExerciseDesk::HelpAsked);
     connect(&m_progress, &ProgressDesk::MassMolAsked, this, &ExerciseDesk::ShowMassMol);
     connect(this, &ExerciseDesk::MassMolShown, &m_progress, &ProgressDesk::NoteMassMolShown);
     connect(this, &ExerciseDesk::GasDataChanged, &m_progress, &ProgressDesk::FollowMolarVolume);
-    connect(m_massMol, &MassMolDesk::MouseMovedOver, this, &ExerciseDesk::CheckCalculatorClosed);
     connect(m_massMol, &MassMolDesk::Shown, this, &ExerciseDesk::MassMolShown);
     connect(m_massMol, &MassMolDesk::GasDataChanged, this, &ExerciseDesk::GasDataChanged);
-    connect(m_massMol, &MassMolDesk::HelpAsked, this, &ExerciseDesk::HelpAsked);
 }
 
 ExerciseDesk::~ExerciseDesk() = default;
@@ -71,12 +68,7 @@ Window* ExerciseDesk::OpenAtomWindow()
 
 void ExerciseDesk::ConnectAtomWindow(AtomWindow& window)
 {
-    connect(&window, &AtomWindow::MouseMovedOver, this, [this] {
-        CheckCalculatorClosed();
-        HideBubbles();
-    });
     connect(&window, &AtomWindow::MouseReleasedOver, this, &ExerciseDesk::RaiseWorkingWindows);
-    connect(&window, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kAtoms); });
 }
 
 void ExerciseDesk::ConnectExercise()
@@ -86,9 +78,7 @@ void ExerciseDesk::ConnectExercise()
     connect(m_equation, &frmEquation::EquationShown, m_massMol, &MassMolDesk::Refresh);
     connect(m_equation, &frmEquation::EquationShown, this, &ExerciseDesk::RestartSeriesClock);
     connect(m_equation, &frmEquation::EndOfFileReached, this, &ExerciseDesk::EndOfFileReached);
-    connect(m_equation, &frmEquation::MouseMovedOver, this, &ExerciseDesk::HideBubbles);
     connect(m_equation, &Form::CloseAsked, this, &ExerciseDesk::CloseAsked);
-    connect(m_equation, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kEquation); });
 }
 
 void ExerciseDesk::Open()
@@ -251,8 +241,11 @@ void ExerciseDesk::ClearAtoms()
         m_produit->Clear();
 }
 
-void ExerciseDesk::HideBubbles()
+void ExerciseDesk::NotePointer(const QString& window)
 {
+    static const QStringList kOfTheRun{u"frmEquation"_s, u"frmReactif"_s, u"frmProduit"_s};
+    if (!kOfTheRun.contains(window))
+        return;
     if (m_reactif != nullptr)
         m_reactif->HideBubble();
     if (m_produit != nullptr)
@@ -312,7 +305,6 @@ void ExerciseDesk::OpenCharge()
         return;
     m_charge = new frmCharge(m_session.state, m_session.settings, m_session.desktop.screen, &m_mainWindow);
     connect(m_charge, &Form::CloseAsked, this, &ExerciseDesk::UnloadCharge);
-    connect(m_charge, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kCharge); });
     m_session.menu.SetChecked("Mnu_Charge", true);
     m_charge->OpenBeside(*m_equation);
 }
@@ -330,7 +322,6 @@ frmChrono& ExerciseDesk::Chrono()
         m_chrono = new frmChrono(m_session.state, m_session.desktop.clock, m_session.desktop.sound,
                                  m_session.desktop.regional.DecimalSeparator(), &m_mainWindow);
         connect(m_chrono, &Form::CloseAsked, this, &ExerciseDesk::CloseChrono);
-        connect(m_chrono, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kChrono); });
         const QRect area = m_session.desktop.screen.WorkArea();
         m_chrono->move(area.right() - m_chrono->width() - 24, area.top() + 64);
         m_chrono->SetButtonsEnabled(!m_chronoIsLocked);
@@ -458,12 +449,6 @@ void ExerciseDesk::Mnu_MassMol_Click()
 void ExerciseDesk::ShowMassMol(bool shown)
 {
     m_massMol->Show(shown);
-}
-
-void ExerciseDesk::CheckCalculatorClosed()
-{
-    if (m_session.menu.IsChecked("Mnu_Calc") && !m_session.desktop.programs.CalculatorRuns())
-        m_session.menu.SetChecked("Mnu_Calc", false);
 }
 
 } // namespace stoikal

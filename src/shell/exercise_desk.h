@@ -70,14 +70,14 @@ public:
     /// Opens the window of the molar masses or takes it away.
     void ShowMassMol(bool shown);
 
-    /// Clears the calculator's mark once the calculator is gone.
-    void CheckCalculatorClosed();
     /// Places the two atom windows as the preferences say; only in a run.
     void ArrangeAtomWindows();
     /// The same behind a change of the preferences, with the atoms drawn again.
     void ShowArrangement();
     /// Paints the sides of the open windows in the colours of the preferences.
     void RefreshColours();
+    /// The pointer went on over one of its windows: the names of atoms under it go.
+    void NotePointer(const QString& window);
     /// Gives the keyboard back to the exercise, if one is shown.
     void ReturnToExercise();
 
@@ -88,7 +88,6 @@ Q_SIGNALS:
     void MassMolShown(bool shown);
     /// The molar volume of the settings was computed again.
     void GasDataChanged();
-    void HelpAsked(int topic);
 
 private:
     template <typename Window>
@@ -101,7 +100,6 @@ private:
     void ShowCounts();
     void DrawAtoms();
     void ClearAtoms();
-    void HideBubbles();
     void OpenCharge();
     void UnloadCharge();
     void RaiseWorkingWindows();

@@ -10,7 +10,6 @@
 #include "forms/messages.h"
 #include "shell/data_folders.h"
 #include "shell/exercise_desk.h"
-#include "shell/help_topics.h"
 #include "shell/menu_tree.h"
 #include "shell/password_store.h"
 #include "shell/product.h"
@@ -81,7 +80,6 @@ bool FileSession::Identify()
 {
     SessionState& state = m_session.state;
     frmName window(m_session.messages, m_session.desktop.sound, &m_mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
     switch (window.exec()) {
     case frmName::Identified:
         state.NomEleve = window.Nom();
@@ -112,7 +110,6 @@ bool FileSession::ChooseFile()
     if (!IsFilterSetting(byDefault)) {
         m_session.settings.Remember(Options(), FilesByDefault(), QStringLiteral("EQU"));
         frmEtude window(&m_mainWindow);
-        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         const auto written
             = m_session.settings.Write(Options(), FilesByDefault(),
@@ -181,7 +178,6 @@ bool FileSession::ReadChosenFile()
     }
     if (state.FichierAvancement) {
         frmChoixSimul window(&m_mainWindow);
-        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         state.SerieExercices = window.Chosen() == 0;
     }
@@ -288,7 +284,6 @@ void FileSession::EndOfFile()
         earned = frmNote::Earned{own.mark, own.seconds};
 
     frmNote window(state, separator, state.TitreFichier, earned, &m_mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kNote); });
     m_desk.HideAtoms();
     m_desk.StopChrono();
     if (isScored)

@@ -52,7 +52,6 @@ Q_SIGNALS:
     void RunEnded();
     /// The user was asked for the end of a run: the data of an element go first.
     void CloseConsidered();
-    void HelpAsked(int topic);
 
 private:
     bool Identify();

@@ -23,7 +23,6 @@ HelpDesk::HelpDesk(Session& session, frmStoikal& mainWindow)
     , m_mainWindow(mainWindow)
     , m_help(*this, session.messages)
 {
-    connect(&mainWindow, &frmStoikal::HelpAsked, this, [this] { ShowTopic(help_topics::kContents); });
 }
 
 HelpDesk::~HelpDesk() = default;
@@ -86,7 +85,6 @@ frmHelp& HelpDesk::Window()
         m_window = new frmHelp({m_session.messages, m_printer, m_session.desktop.screen, m_session.settings},
                                &m_mainWindow);
         connect(m_window, &Form::CloseAsked, m_window, &frmHelp::Close);
-        connect(m_window, &Form::HelpAsked, this, [this] { ShowTopic(help_topics::kHelp); });
     }
     return *m_window;
 }

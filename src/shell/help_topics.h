@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QStringView>
+#include <optional>
+
 namespace stoikal::help_topics {
 
 /// The pages of the manual that F1 opens, by window.
@@ -17,11 +20,15 @@ constexpr int kExpert = 1000;
 constexpr int kSearch = 1100;
 constexpr int kTableau = 1200;
 constexpr int kDataAtomes = 1300;
-constexpr int kSimulAnim = 1800;
-constexpr int kEditor = 1700;
 constexpr int kMassMol = 1400;
 constexpr int kCalMol = 1500;
 constexpr int kHistoMol = 1600;
+constexpr int kEditor = 1700;
+constexpr int kSimulAnim = 1800;
 constexpr int kHelp = 1900; ///< the reader of the help itself
+
+/// The page of a window of the program, by its name; nothing for what is none
+/// of its windows, such as a message box.
+std::optional<int> TopicOf(QStringView window);
 
 } // namespace stoikal::help_topics

@@ -4,7 +4,6 @@
 #include "shell/data_folders.h"
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
-#include "shell/help_topics.h"
 #include "shell/session.h"
 #include "shell/windows/frm_pref.h"
 #include "shell/windows/frm_stoikal.h"
@@ -33,7 +32,6 @@ void HomeDesk::Mnu_Pref_Click()
     connect(m_pref, &frmPref::ColoursChanged, &m_desk, &ExerciseDesk::RefreshColours);
     connect(m_pref, &frmPref::ArrangementChanged, &m_desk, &ExerciseDesk::ShowArrangement);
     connect(m_pref, &Form::CloseAsked, this, &HomeDesk::UnloadPreferences);
-    connect(m_pref, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kPref); });
     m_session.menu.SetChecked("Mnu_Pref", true);
     CentreOver(*m_pref, m_session.desktop.screen, m_mainWindow);
     m_pref->show();
@@ -57,7 +55,6 @@ void HomeDesk::Mnu_Tip_Click()
     frmTip window({m_session.settings, m_session.desktop.randomness, m_session.messages},
                   m_session.state.DossierDocuments + OwnFolder() + QStringLiteral("/TipOfDayEqChm.txt"),
                   &m_mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kTip); });
     window.exec();
     // The switch of the start stands in both windows.
     if (m_pref != nullptr)

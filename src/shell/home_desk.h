@@ -26,9 +26,6 @@ public:
     /// Takes the preferences away, if they are open.
     void UnloadPreferences();
 
-Q_SIGNALS:
-    void HelpAsked(int topic);
-
 private:
     Session& m_session;
     frmStoikal& m_mainWindow;

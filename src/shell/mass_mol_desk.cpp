@@ -1,7 +1,6 @@
 #include "shell/mass_mol_desk.h"
 
 #include "chemistry/windows/frm_mass_mol.h"
-#include "shell/help_topics.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
 
@@ -45,9 +44,7 @@ void MassMolDesk::Open()
     const QPoint firstPlace(kFirstLeft, m_session.state.HauteurUtile);
     m_window = new frmMassMol(doors, firstPlace, &m_mainWindow);
     connect(m_window, &frmMassMol::GasDataChanged, this, &MassMolDesk::GasDataChanged);
-    connect(m_window, &frmMassMol::MouseMovedOver, this, &MassMolDesk::MouseMovedOver);
     connect(m_window, &Form::CloseAsked, this, [this] { Show(false); });
-    connect(m_window, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kMassMol); });
     m_session.menu.SetChecked("Mnu_MassMol", true);
     Q_EMIT Shown(true);
     m_window->Open(Symbols());

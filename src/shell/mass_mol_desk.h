@@ -29,8 +29,6 @@ public:
 Q_SIGNALS:
     void Shown(bool shown);
     void GasDataChanged();
-    void MouseMovedOver();
-    void HelpAsked(int topic);
 
 private:
     void Open();

@@ -4,7 +4,6 @@
 #include "charts/windows/frm_histo_mol.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/messages.h"
-#include "shell/help_topics.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
 
@@ -104,8 +103,6 @@ void ProgressDesk::OpenDrawings()
     connect(m_drawings, &frmHistoMol::HideEquationAsked, this, &ProgressDesk::HideExercise);
     connect(m_drawings, &frmHistoMol::Unloaded, this, &ProgressDesk::FreeDrawings);
     connect(m_drawings, &Form::CloseAsked, m_drawings, &frmHistoMol::Unload);
-    connect(m_drawings, &frmHistoMol::MouseMovedOver, this, &ProgressDesk::MouseMovedOver);
-    connect(m_drawings, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kHistoMol); });
     m_mainWindow.AddTool(m_drawings);
 }
 

@@ -44,8 +44,6 @@ Q_SIGNALS:
     void MassMolAsked(bool shown);
     /// An equation of a series is done.
     void EquationEnded();
-    void MouseMovedOver();
-    void HelpAsked(int topic);
 
 private:
     void PassStep() override;

@@ -20,6 +20,7 @@ Shell::Shell(const Platform& desktop, Messages& messages)
     , m_home(m_session, m_mainWindow, m_desk, m_files)
     , m_help(m_session, m_mainWindow)
     , m_startUp(m_session, m_mainWindow)
+    , m_calculator({m_session.desktop.programs, m_session.messages}, m_mainWindow)
 {
     using namespace Qt::StringLiterals;
     m_commands = {
@@ -48,7 +49,7 @@ Shell::Shell(const Platform& desktop, Messages& messages)
         {u"Mnu_CalMol"_s, [this] { m_teacher.Mnu_CalMol_Click(); }},
         {u"Mnu_Search"_s, [this] { m_teacher.Mnu_Search_Click(); }},
         {u"Mnu_SimulAnim"_s, [this] { m_tools.Mnu_SimulAnim_Click(); }},
-        {u"Mnu_Calc"_s, [this] { Mnu_Calc_Click(); }},
+        {u"Mnu_Calc"_s, [this] { m_calculator.Mnu_Calc_Click(); }},
         {u"Mnu_Help_Contents"_s, [this] { m_help.Mnu_Help_Contents_Click(); }},
         {u"Mnu_Help_Index"_s, [this] { m_help.Mnu_Help_Index_Click(); }},
         {u"Mnu_Glossaire"_s, [this] { m_help.Mnu_Glossaire_Click(); }},
@@ -67,19 +68,12 @@ Shell::Shell(const Platform& desktop, Messages& messages)
     connect(&m_mainWindow, &frmStoikal::CloseAsked, this, &Shell::EndProgram);
     connect(&m_files, &FileSession::EndAsked, this, &Shell::EndProgram);
     connect(&m_startUp, &StartUp::TipAsked, &m_home, &HomeDesk::Mnu_Tip_Click);
-    ConnectHelp();
-}
-
-/// F1 of every window comes here with the number of its page.
-void Shell::ConnectHelp()
-{
-    connect(&m_desk, &ExerciseDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_files, &FileSession::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_tools, &ToolDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_editor, &EditorDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_teacher, &TeacherDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_home, &HomeDesk::HelpAsked, &m_help, &HelpDesk::ShowTopic);
-    connect(&m_startUp, &StartUp::HelpAsked, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_editor, &EditorDesk::HelpRequested, &m_help, &HelpDesk::ShowTopic);
+    connect(&m_windowEvents, &WindowEvents::HelpRequested, this, &Shell::ShowHelpOf);
+    connect(&m_windowEvents, &WindowEvents::PointerMoved, &m_calculator, &Calculator::CheckCalculatorClosed);
+    connect(&m_windowEvents, &WindowEvents::PointerMoved, &m_desk, &ExerciseDesk::NotePointer);
+    connect(&m_calculator, &Calculator::MarkChanged, this,
+            [this](bool isMarked) { m_session.menu.SetChecked("Mnu_Calc", isMarked); });
 }
 
 void Shell::Start()
@@ -143,19 +137,10 @@ FatalFault Shell::WithPlace(const FatalFault& fault) const
     return fault.At(state.CheminFichier, state.NumeroLigne, state.LigneEquation);
 }
 
-void Shell::Mnu_Calc_Click()
+void Shell::ShowHelpOf(const QString& window)
 {
-    Programs& programs = m_session.desktop.programs;
-    if (m_session.menu.IsChecked("Mnu_Calc")) {
-        m_session.menu.SetChecked("Mnu_Calc", false);
-        programs.CloseCalculator();
-        return;
-    }
-    if (programs.StartCalculator())
-        m_session.menu.SetChecked("Mnu_Calc", true);
-    else
-        m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"),
-                                    QStringLiteral("Erreur sur chemin d'accés"));
+    if (const auto topic = help_topics::TopicOf(window))
+        m_help.ShowTopic(*topic);
 }
 
 void Shell::Mnu_Web_Click()
@@ -182,7 +167,6 @@ void Shell::Mnu_About_Click()
 {
     frmAbout window(m_session.desktop.folders.Program(), m_session.messages, &m_mainWindow);
     connect(&window, &frmAbout::WebAsked, this, &Shell::Mnu_Web_Click);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { m_help.ShowTopic(help_topics::kAbout); });
     window.exec();
 }
 

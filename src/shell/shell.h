@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forms/window_events.h"
+#include "shell/calculator.h"
 #include "shell/editor_desk.h"
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
@@ -45,6 +47,7 @@ public:
     TeacherDesk& Teacher() { return m_teacher; }
     HomeDesk& Home() { return m_home; }
     HelpDesk& Help() { return m_help; }
+    WindowEvents& Events() { return m_windowEvents; }
     StartUp& Starter() { return m_startUp; }
 
 Q_SIGNALS:
@@ -56,8 +59,7 @@ private:
     /// Whether the entry left a window in front that is there to be typed in or
     /// read, so that the keyboard is its own.
     bool KeepsKeyboard(const QString& entry) const;
-    void ConnectHelp();
-    void Mnu_Calc_Click();
+    void ShowHelpOf(const QString& window);
     void Mnu_Web_Click();
     void Mnu_About_Click();
 
@@ -70,6 +72,8 @@ private:
     TeacherDesk m_teacher;
     HomeDesk m_home;
     HelpDesk m_help;
+    Calculator m_calculator;
+    WindowEvents m_windowEvents;
     StartUp m_startUp;
     QHash<QString, std::function<void()>> m_commands;
     bool m_hasEnded = false;

@@ -6,7 +6,6 @@
 #include "base/whole_file.h"
 #include "forms/messages.h"
 #include "shell/data_folders.h"
-#include "shell/help_topics.h"
 #include "shell/menu_tree.h"
 #include "shell/password_store.h"
 #include "shell/product.h"
@@ -186,7 +185,6 @@ QString StartUp::NetworkJournal()
     state.DossierDepot = DepositName(m_session.settings);
     while (state.DossierDepot.isEmpty()) {
         frmDepot window(m_session.settings, m_session.messages, nullptr);
-        connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
         window.exec();
         state.DossierDepot = window.FolderName();
     }

@@ -26,7 +26,6 @@ public:
 Q_SIGNALS:
     /// The tip of the day is due.
     void TipAsked();
-    void HelpAsked(int topic);
 
 private:
     void CheckForNewVersion();

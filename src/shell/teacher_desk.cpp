@@ -10,7 +10,6 @@
 #include "shell/editor_desk.h"
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
-#include "shell/help_topics.h"
 #include "shell/session.h"
 #include "shell/tool_desk.h"
 #include "shell/windows/frm_corbeille.h"
@@ -63,7 +62,6 @@ void TeacherDesk::Ask(TeacherAction action)
     int& waiting = m_session.state.ActionMotPasse;
     waiting = static_cast<int>(action);
     frmMotPasse window(m_store, m_session.messages, &m_others.mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
     const bool isRight = window.exec() == QDialog::Accepted;
     m_others.mainWindow.activateWindow();
     const int asked = std::exchange(waiting, 0);
@@ -135,7 +133,6 @@ void TeacherDesk::Mnu_Password_Click()
 {
     WarnOfLostPassword();
     frmPassWord window(m_store, m_session.messages, &m_others.mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kPassWord); });
     window.exec();
     m_others.mainWindow.activateWindow();
 }
@@ -154,7 +151,6 @@ void TeacherDesk::KillFile()
     }
     frmCorbeille window(EquationFolder(), *names, m_session.desktop.trash, m_session.messages,
                         &m_others.mainWindow);
-    connect(&window, &ModalForm::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
     window.exec();
     m_others.mainWindow.activateWindow();
 }
@@ -266,7 +262,6 @@ void TeacherDesk::ShowText(const QString& path, const QString& caption, TextWind
         return;
     }
     connect(window, &Form::CloseAsked, this, [this, window] { CloseText(window); });
-    connect(window, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kContents); });
     m_texts.push_back(window);
     CentreOver(*window, m_session.desktop.screen, m_others.mainWindow);
     window->show();

@@ -67,9 +67,6 @@ public:
     /// Offers to save what is unsaved, at the end of the program.
     void SaveTexts();
 
-Q_SIGNALS:
-    void HelpAsked(int topic);
-
 private:
     void WarnOfLostPassword();
     void CarryOut(TeacherAction action);

@@ -10,7 +10,6 @@
 #include "shell/data_folders.h"
 #include "shell/exercise_desk.h"
 #include "shell/file_session.h"
-#include "shell/help_topics.h"
 #include "shell/password_store.h"
 #include "shell/session.h"
 #include "shell/windows/frm_stoikal.h"
@@ -69,17 +68,15 @@ void ToolDesk::Unload(QPointer<Window>& window, const char* entry)
 
 /// The window comes into the main area, and its entry has a mark.
 template <typename Window>
-void ToolDesk::ShowTool(QPointer<Window>& window, const char* entry, int topic)
+void ToolDesk::ShowTool(QPointer<Window>& window, const char* entry)
 {
-    connect(window, &Window::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
-    connect(window, &Form::HelpAsked, this, [this, topic] { Q_EMIT HelpAsked(topic); });
     m_session.menu.SetChecked(entry, true);
     m_mainWindow.AddTool(window);
 }
 
 /// Its title bar gives up a search first.
 template <typename Window>
-void ToolDesk::ShowSearchingTool(QPointer<Window>& window, const char* entry, int topic)
+void ToolDesk::ShowSearchingTool(QPointer<Window>& window, const char* entry)
 {
     const Platform& desktop = m_session.desktop;
     window = new Window({desktop.clock, desktop.dialogs, m_session.messages, m_session.settings,
@@ -87,15 +84,15 @@ void ToolDesk::ShowSearchingTool(QPointer<Window>& window, const char* entry, in
                         nullptr);
     connect(window, &Window::Unloaded, this, [this, &window, entry] { Unload(window, entry); });
     connect(window, &Form::CloseAsked, window, &Window::Close);
-    ShowTool(window, entry, topic);
+    ShowTool(window, entry);
 }
 
 /// Its title bar takes it away at once.
 template <typename Window>
-void ToolDesk::ShowStandingTool(QPointer<Window>& window, const char* entry, int topic)
+void ToolDesk::ShowStandingTool(QPointer<Window>& window, const char* entry)
 {
     connect(window, &Form::CloseAsked, this, [this, &window, entry] { Unload(window, entry); });
-    ShowTool(window, entry, topic);
+    ShowTool(window, entry);
 }
 
 void ToolDesk::Mnu_Balance_Click()
@@ -103,7 +100,7 @@ void ToolDesk::Mnu_Balance_Click()
     if (m_expert != nullptr)
         m_expert->Close();
     else
-        ShowSearchingTool(m_expert, "Mnu_Balance", help_topics::kExpert);
+        ShowSearchingTool(m_expert, "Mnu_Balance");
 }
 
 void ToolDesk::Mnu_Search_Click()
@@ -112,7 +109,7 @@ void ToolDesk::Mnu_Search_Click()
         m_search->Close();
         return;
     }
-    ShowSearchingTool(m_search, "Mnu_Search", help_topics::kSearch);
+    ShowSearchingTool(m_search, "Mnu_Search");
     connect(m_search, &frmSearch::FileGathered, this, &ToolDesk::OpenGathered);
 }
 
@@ -124,7 +121,7 @@ void ToolDesk::Mnu_Tableau_Click()
     }
     m_tableau = new frmTableauPeriodique(nullptr);
     connect(m_tableau, &frmTableauPeriodique::ElementChosen, this, &ToolDesk::ShowElement);
-    ShowStandingTool(m_tableau, "Mnu_Tableau", help_topics::kTableau);
+    ShowStandingTool(m_tableau, "Mnu_Tableau");
 }
 
 void ToolDesk::Mnu_SimulAnim_Click()
@@ -137,7 +134,7 @@ void ToolDesk::Mnu_SimulAnim_Click()
     m_simulAnim = new frmSimulAnim({desktop.clock, m_session.messages, desktop.sound, desktop.clipboard,
                                     desktop.randomness, desktop.regional.DecimalSeparator()},
                                    nullptr);
-    ShowStandingTool(m_simulAnim, "Mnu_SimulAnim", help_topics::kSimulAnim);
+    ShowStandingTool(m_simulAnim, "Mnu_SimulAnim");
 }
 
 void ToolDesk::ShowElement(int index)
@@ -146,7 +143,6 @@ void ToolDesk::ShowElement(int index)
     const Platform& desktop = m_session.desktop;
     m_dataAtomes = new frmDataAtomes(desktop.regional.DecimalSeparator(), &m_mainWindow);
     connect(m_dataAtomes, &Form::CloseAsked, this, &ToolDesk::UnloadDataAtomes);
-    connect(m_dataAtomes, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kDataAtomes); });
     m_dataAtomes->ShowElementData(index);
     m_dataAtomes->adjustSize();
     const QPoint centre((m_session.state.LargeurUtile - FromPixels(m_dataAtomes->width())) / 2,
@@ -181,8 +177,6 @@ void ToolDesk::Mnu_CalMol_Click()
     const Platform& desktop = m_session.desktop;
     m_calMol = new frmCalMol(m_calMolMessages, desktop.regional.DecimalSeparator(), &m_mainWindow);
     connect(m_calMol, &Form::CloseAsked, this, &ToolDesk::UnloadCalMol);
-    connect(m_calMol, &Form::HelpAsked, this, [this] { Q_EMIT HelpAsked(help_topics::kCalMol); });
-    connect(m_calMol, &frmCalMol::MouseMovedOver, &m_desk, &ExerciseDesk::CheckCalculatorClosed);
     m_session.menu.SetChecked("Mnu_CalMol", true);
     m_calMol->adjustSize();
     const QPoint centre((m_session.state.LargeurUtile - FromPixels(m_calMol->width())) / 2, FromPixels(120));

@@ -44,9 +44,6 @@ public:
     /// Gives up whatever a tool is doing, at the end of the program.
     void StopTools();
 
-Q_SIGNALS:
-    void HelpAsked(int topic);
-
 private:
     void OpenGathered(const QString& path);
     void ShowElement(int index);
@@ -56,11 +53,11 @@ private:
     void ShowSimulationAgain();
     void UnloadCalMol();
     template <typename Window>
-    void ShowTool(QPointer<Window>& window, const char* entry, int topic);
+    void ShowTool(QPointer<Window>& window, const char* entry);
     template <typename Window>
-    void ShowSearchingTool(QPointer<Window>& window, const char* entry, int topic);
+    void ShowSearchingTool(QPointer<Window>& window, const char* entry);
     template <typename Window>
-    void ShowStandingTool(QPointer<Window>& window, const char* entry, int topic);
+    void ShowStandingTool(QPointer<Window>& window, const char* entry);
     template <typename Window>
     void Unload(QPointer<Window>& window, const char* entry);
     template <typename Window>

@@ -1,4 +1,5 @@
 #include "balancing/windows/frm_expert.h"
+#include "forms/window_events.h"
 
 #include "searching_form_fixture.h"
 
@@ -584,8 +585,9 @@ TEST_F(FrmExpert, SavesTheEquationThatWasBalancedAndNotTheOneTypedMeanwhile)
 
 TEST_F(FrmExpert, AsksForItsHelpPageAtF1)
 {
+    const WindowEvents events;
     int asked = 0;
-    QObject::connect(&window, &Form::HelpAsked, [&asked] { ++asked; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, [&asked] { ++asked; });
 
     Press(Box(1), Qt::Key_F1);
 

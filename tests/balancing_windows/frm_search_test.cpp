@@ -1,4 +1,5 @@
 #include "balancing/windows/frm_search.h"
+#include "forms/window_events.h"
 
 #include "searching_form_fixture.h"
 #include "support/file_size_limit.h"
@@ -656,9 +657,10 @@ TEST_F(FrmSearch, WritesNothingWithoutItsFolder)
 
 TEST_F(FrmSearch, AsksForItsHelpPageAtF1)
 {
+    const WindowEvents events;
     Open();
     int asked = 0;
-    QObject::connect(&window, &Form::HelpAsked, [&asked] { ++asked; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, [&asked] { ++asked; });
 
     Press(Box(1), Qt::Key_F1);
 

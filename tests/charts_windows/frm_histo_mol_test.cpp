@@ -1,4 +1,5 @@
 #include "charts_windows/histo_mol_bench.h"
+#include "forms/window_events.h"
 
 #include "base/fatal_fault.h"
 
@@ -281,8 +282,9 @@ TEST(FrmHistoMol, ResizeDrawsBothPicturesAnew)
 
 TEST(FrmHistoMol, MouseOverItIsReported)
 {
+    const WindowEvents events;
     HistoMolBench bench;
-    QSignalSpy moves(bench.window.get(), &frmHistoMol::MouseMovedOver);
+    QSignalSpy moves(&events, &WindowEvents::PointerMoved);
     for (const char* name : {"picHistoMol", "picCourbeMol", "fraAnim"}) {
         moves.clear();
         QTest::mouseMove(&bench.Get<QWidget>(name), QPoint(6, 6));
@@ -295,8 +297,9 @@ TEST(FrmHistoMol, MouseOverItIsReported)
 
 TEST(FrmHistoMol, HelpKeyAsksForHelpFromEveryControl)
 {
+    const WindowEvents events;
     HistoMolBench bench;
-    QSignalSpy asked(bench.window.get(), &Form::HelpAsked);
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
     bench.Slider().setFocus();
     Press(bench.Slider(), Qt::Key_F1);
 

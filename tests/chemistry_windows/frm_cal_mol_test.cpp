@@ -1,4 +1,5 @@
 #include "chemistry/windows/frm_cal_mol.h"
+#include "forms/window_events.h"
 
 #include "support/fake_messages.h"
 #include "support/window_driver.h"
@@ -265,8 +266,9 @@ TEST_F(FrmCalMol, CutsNothingOfAWideResult)
 
 TEST_F(FrmCalMol, AsksForHelpByF1AndTellsOfTheMouse)
 {
-    QSignalSpy asked(window.get(), &Form::HelpAsked);
-    QSignalSpy moved(window.get(), &frmCalMol::MouseMovedOver);
+    const WindowEvents events;
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
+    QSignalSpy moved(&events, &WindowEvents::PointerMoved);
 
     Press(Box(), Qt::Key_F1);
     QTest::mouseMove(window.get(), QPoint(3, 3));

@@ -1,4 +1,5 @@
 #include "chemistry/windows/frm_data_atomes.h"
+#include "forms/window_events.h"
 
 #include "chemistry/element_table.h"
 #include "forms/colours.h"
@@ -218,7 +219,8 @@ TEST_F(FrmDataAtomes, GoesByEscapeAsItHoldsNothingToLose)
 
 TEST_F(FrmDataAtomes, AsksForHelpByF1)
 {
-    QSignalSpy asked(window.get(), &Form::HelpAsked);
+    const WindowEvents events;
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
 
     Press(*window, Qt::Key_F1);
 

@@ -1,4 +1,5 @@
 #include "chemistry/windows/frm_mass_mol.h"
+#include "forms/window_events.h"
 
 #include "base/number_text.h"
 #include "base/settings_store.h"
@@ -489,9 +490,10 @@ TEST_F(FrmMassMol, LeavesEnterAndEscapeWithoutEffect)
 
 TEST_F(FrmMassMol, AsksForHelpByF1AndTellsOfTheMouse)
 {
+    const WindowEvents events;
     Open();
-    QSignalSpy asked(window.get(), &Form::HelpAsked);
-    QSignalSpy moved(window.get(), &frmMassMol::MouseMovedOver);
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
+    QSignalSpy moved(&events, &WindowEvents::PointerMoved);
 
     Press(Box(0), Qt::Key_F1);
     QTest::mouseMove(window->windowHandle(), QPoint(3, 3));

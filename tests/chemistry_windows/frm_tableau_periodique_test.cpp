@@ -1,4 +1,5 @@
 #include "chemistry/windows/frm_tableau_periodique.h"
+#include "forms/window_events.h"
 
 #include "base/twips.h"
 #include "chemistry/windows/element_button.h"
@@ -309,7 +310,8 @@ TEST_F(FrmTableau, KeepsTheLegendOutOfTheWayOfTheKeyboard)
 
 TEST_F(FrmTableau, AsksForHelpByF1OnACell)
 {
-    QSignalSpy asked(&window, &Form::HelpAsked);
+    const WindowEvents events;
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
 
     Press(Cell("Fe"), Qt::Key_F1);
 
@@ -318,7 +320,8 @@ TEST_F(FrmTableau, AsksForHelpByF1OnACell)
 
 TEST_F(FrmTableau, TellsOfTheMouseOverItsFrameAndItsCells)
 {
-    QSignalSpy moved(&window, &frmTableauPeriodique::MouseMovedOver);
+    const WindowEvents events;
+    QSignalSpy moved(&events, &WindowEvents::PointerMoved);
 
     QTest::mouseMove(&Frame(), QPoint(Frame().width() / 2, Cell("H").y() + 4));
     QTest::mouseMove(&Frame(), QPoint(Frame().width() / 2 + 1, Cell("H").y() + 4));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/windows/frm_new_file.h"
+#include "forms/window_events.h"
 
 #include "base/settings_store.h"
 #include "support/fake_messages.h"
@@ -26,6 +27,11 @@ namespace stoikal {
 class EditorTest : public testing::Test
 {
 protected:
+    EditorTest()
+    {
+        QObject::connect(&events, &WindowEvents::HelpRequested, [this] { ++helps; });
+    }
+
     ~EditorTest() override
     {
         editor.reset();
@@ -38,7 +44,7 @@ protected:
             frmNewFile::Doors{clock, messages, screen, settings, store, WorkPath(), equationFolder.path()},
             nullptr);
         QObject::connect(editor.get(), &QDialog::finished, [this](int) { ++unloads; });
-        QObject::connect(editor.get(), &ModalForm::HelpAsked, [this] { ++helps; });
+        QObject::connect(editor.get(), &frmNewFile::HelpRequested, [this] { ++helps; });
         return *editor;
     }
 
@@ -167,6 +173,7 @@ protected:
     SettingsStore store;
     QString settingsPath = settingsFolder.filePath(QStringLiteral("ConfEQU_dupont.ini"));
     Settings settings{store, settingsPath};
+    WindowEvents events;
     int unloads = 0;
     int helps = 0;
     std::unique_ptr<frmNewFile> editor;

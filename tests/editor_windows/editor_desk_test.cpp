@@ -329,7 +329,7 @@ TEST_F(EditorDeskTest, CacheFolderThatCannotBeMadeIsTold)
 TEST_F(EditorDeskTest, HelpIsTheEditorsPage)
 {
     std::vector<int> topics;
-    QObject::connect(&Desk(), &EditorDesk::HelpAsked, [&](int topic) { topics.push_back(topic); });
+    QObject::connect(&Desk(), &EditorDesk::HelpRequested, [&](int topic) { topics.push_back(topic); });
     InTheEditor([](QWidget& editor) { Click(Control<QAbstractButton>(editor, "cmdHelp")); });
 
     Desk().OpenNew();

@@ -1,4 +1,5 @@
 #include "exercise/windows/atom_window.h"
+#include "forms/window_events.h"
 
 #include "base/settings_store.h"
 #include "exercise/atom_list.h"
@@ -287,9 +288,10 @@ TEST_F(AtomWindowTest, CallsAColourOfNoElementUnknown)
 
 TEST_F(AtomWindowTest, TellsOfTheMouseBeforeItShowsItsBubble)
 {
+    const WindowEvents events;
     window.ShowAtoms(Atoms(u"H"_s), 4);
     int moved = 0;
-    QObject::connect(&window, &AtomWindow::MouseMovedOver, &window, [this, &moved] {
+    QObject::connect(&events, &WindowEvents::PointerMoved, &window, [this, &moved] {
         ++moved;
         window.HideBubble();
     });

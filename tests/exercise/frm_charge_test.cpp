@@ -1,4 +1,5 @@
 #include "exercise/windows/frm_charge.h"
+#include "forms/window_events.h"
 
 #include "base/session_state.h"
 #include "base/settings_store.h"
@@ -211,10 +212,11 @@ TEST_F(FrmCharge, OpensInsideTheScreen)
 
 TEST_F(FrmCharge, LeavesItsClosingAndItsHelpToOthers)
 {
+    const WindowEvents events;
     int closes = 0;
     int helps = 0;
     QObject::connect(window.get(), &Form::CloseAsked, window.get(), [&closes] { ++closes; });
-    QObject::connect(window.get(), &Form::HelpAsked, window.get(), [&helps] { ++helps; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, window.get(), [&helps] { ++helps; });
     window->OpenBeside(exercise);
 
     window->close();

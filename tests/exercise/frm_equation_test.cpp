@@ -1,4 +1,5 @@
 #include "exercise/windows/frm_equation.h"
+#include "forms/window_events.h"
 
 #include "exercise/equation_bench.h"
 #include "forms/colours.h"
@@ -430,9 +431,10 @@ TEST_F(FrmEquation, ForgetsTheWordsOfAShownSolutionWhenItMovesOn)
 
 TEST_F(FrmEquation, TellsOfTheMouseOverIt)
 {
+    const WindowEvents events;
     Open(kWater);
     int moved = 0;
-    QObject::connect(window.get(), &frmEquation::MouseMovedOver, window.get(), [&moved] { ++moved; });
+    QObject::connect(&events, &WindowEvents::PointerMoved, window.get(), [&moved] { ++moved; });
 
     QMouseEvent move(QEvent::MouseMove, QPointF(5, 5), window->mapToGlobal(QPointF(5, 5)), Qt::NoButton,
                      Qt::NoButton, Qt::NoModifier);
@@ -443,11 +445,12 @@ TEST_F(FrmEquation, TellsOfTheMouseOverIt)
 
 TEST_F(FrmEquation, LeavesItsClosingAndItsHelpToOthers)
 {
+    const WindowEvents events;
     Open(kWater);
     int closes = 0;
     int helps = 0;
     QObject::connect(window.get(), &Form::CloseAsked, window.get(), [&closes] { ++closes; });
-    QObject::connect(window.get(), &Form::HelpAsked, window.get(), [&helps] { ++helps; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, window.get(), [&helps] { ++helps; });
 
     window->close();
     EXPECT_EQ(closes, 1);

@@ -1,4 +1,5 @@
 #include "exercise/windows/frm_note.h"
+#include "forms/window_events.h"
 
 #include "base/session_state.h"
 #include "forms/picture_surface.h"
@@ -373,9 +374,10 @@ TEST_F(FrmNote, TellsTheTableInWordsForReaders)
 
 TEST_F(FrmNote, AsksForHelpAtF1)
 {
+    const WindowEvents events;
     Open(frmNote::Earned{10, 12.3});
     int asked = 0;
-    QObject::connect(window.get(), &ModalForm::HelpAsked, window.get(), [&asked] { ++asked; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, window.get(), [&asked] { ++asked; });
     Press(Best(), Qt::Key_F1);
 
     EXPECT_EQ(asked, 1);

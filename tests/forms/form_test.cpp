@@ -1,4 +1,5 @@
 #include "forms/form.h"
+#include "forms/window_events.h"
 
 #include "support/window_driver.h"
 
@@ -29,14 +30,12 @@ public:
         rows->addWidget(&cmdOther);
         for (QPushButton* const button : {&cmdOk, &cmdOther})
             connect(button, &QPushButton::clicked, this, [this] { ++clicks; });
-        connect(this, &ModalForm::HelpAsked, this, [this] { ++helps; });
     }
 
     QLineEdit& txtName;
     QPushButton& cmdOk;
     QPushButton& cmdOther;
     int clicks = 0;
-    int helps = 0;
 };
 
 /// One with a cancel button, which Escape stands for.
@@ -139,10 +138,11 @@ TEST(Form, EscapeDoesNothing)
 
 TEST(Form, F1AsksForHelpFromAnyOfItsControls)
 {
+    const WindowEvents events;
     Form form(u"frmTool"_s, u"T"_s, Form::Kind::Tool, nullptr);
     QLineEdit edit(&form);
     int helps = 0;
-    QObject::connect(&form, &Form::HelpAsked, &form, [&helps] { ++helps; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, &form, [&helps] { ++helps; });
     form.show();
 
     Press(form, Qt::Key_F1);
@@ -238,12 +238,15 @@ TEST(ModalForm, TitleBarObeysTheWindowsOwnRule)
 
 TEST(ModalForm, F1AsksForHelp)
 {
+    const WindowEvents events;
+    int helps = 0;
+    QObject::connect(&events, &WindowEvents::HelpRequested, &events, [&helps] { ++helps; });
     SampleModalForm form;
     form.show();
 
     Press(form.txtName, Qt::Key_F1);
 
-    EXPECT_EQ(form.helps, 1);
+    EXPECT_EQ(helps, 1);
     EXPECT_TRUE(form.isVisible());
 }
 

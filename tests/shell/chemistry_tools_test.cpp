@@ -1,5 +1,7 @@
 #include "shell_fixture.h"
 
+#include "shell/help_topics.h"
+
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -20,7 +22,8 @@ protected:
         StartedShellTest::SetUp();
         shell->MainWindow().activateWindow();
         Settle();
-        QObject::connect(&shell->Tools(), &ToolDesk::HelpAsked, [this](int topic) { topics << topic; });
+        QObject::connect(&shell->Events(), &WindowEvents::HelpRequested,
+                         [this](const QString& name) { topics << help_topics::TopicOf(name).value_or(-1); });
     }
 
     void ChooseAndSettle(const char* entry)

@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "shell/windows/frm_name.h"
 
 #include "support/fake_messages.h"
@@ -227,7 +228,8 @@ TEST_F(FrmName, StaysWhenTheProgramIsNotToEnd)
 
 TEST_F(FrmName, AsksForHelpByF1)
 {
-    QSignalSpy asked(&window, &ModalForm::HelpAsked);
+    const WindowEvents events;
+    QSignalSpy asked(&events, &WindowEvents::HelpRequested);
 
     Press(Ident(2), Qt::Key_F1);
 

@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "shell/windows/frm_pref.h"
 
 #include "base/settings_store.h"
@@ -298,8 +299,9 @@ TEST_F(FrmPref, SwitchIsStoredAtTheNextTryAndShownSo)
 
 TEST_F(FrmPref, AsksForItsHelpPage)
 {
+    const WindowEvents events;
     Open();
-    QSignalSpy help(window.get(), &Form::HelpAsked);
+    QSignalSpy help(&events, &WindowEvents::HelpRequested);
 
     Press(Option("optColor(0)"), Qt::Key_F1);
 

@@ -1,6 +1,7 @@
 #include "shell_fixture.h"
 
 #include "base/number_text.h"
+#include "shell/help_topics.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -218,7 +219,8 @@ TEST_F(MassMolWindow, LookForAClosedCalculator)
 TEST_F(MassMolWindow, AskForTheirHelpPage)
 {
     QList<int> topics;
-    QObject::connect(&shell->Desk(), &ExerciseDesk::HelpAsked, [&topics](int topic) { topics << topic; });
+    QObject::connect(&shell->Events(), &WindowEvents::HelpRequested,
+                     [&topics](const QString& name) { topics << help_topics::TopicOf(name).value_or(-1); });
     OpenRun();
     ChooseAndSettle("Mnu_MassMol");
 

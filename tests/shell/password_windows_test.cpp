@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "shell/windows/frm_mot_passe.h"
 #include "shell/windows/frm_pass_word.h"
 
@@ -374,7 +375,8 @@ TEST_F(FrmPassWord, ChangesNothingWhenItIsCancelled)
 
 TEST_F(FrmPassWord, GoesOnEscapeAndAsksForItsHelpPage)
 {
-    QSignalSpy help(&window, &ModalForm::HelpAsked);
+    const WindowEvents events;
+    QSignalSpy help(&events, &WindowEvents::HelpRequested);
 
     Press(Old(), Qt::Key_F1);
     EXPECT_EQ(help.count(), 1);

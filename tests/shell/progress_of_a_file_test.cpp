@@ -1,6 +1,7 @@
 #include "shell_fixture.h"
 
 #include "shell/exercise_desk.h"
+#include "shell/help_topics.h"
 
 #include <QCheckBox>
 #include <QFileInfo>
@@ -379,7 +380,8 @@ TEST_F(ProgressOfAFile, OpensTheHelpOfTheDrawings)
     OpenSimulation({kCarbon});
     Click(Button("chkHistoMol"));
     int topic = 0;
-    QObject::connect(&shell->Desk(), &ExerciseDesk::HelpAsked, [&topic](int asked) { topic = asked; });
+    QObject::connect(&shell->Events(), &WindowEvents::HelpRequested,
+                     [&topic](const QString& name) { topic = help_topics::TopicOf(name).value_or(-1); });
 
     Press(*FindWindow("frmHistoMol"), Qt::Key_F1);
 

@@ -1,5 +1,7 @@
 #include "shell_fixture.h"
 
+#include "shell/help_topics.h"
+
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -80,7 +82,8 @@ TEST_F(SimulAnimDesk, ClosesByItsTitleBar)
 TEST_F(SimulAnimDesk, AsksForItsPageOfTheManual)
 {
     int topic = 0;
-    QObject::connect(&shell->Tools(), &ToolDesk::HelpAsked, [&topic](int asked) { topic = asked; });
+    QObject::connect(&shell->Events(), &WindowEvents::HelpRequested,
+                     [&topic](const QString& name) { topic = help_topics::TopicOf(name).value_or(-1); });
     ChooseAndSettle();
 
     Press(Control<QWidget>(Window(), "txtMol(0)"), Qt::Key_F1);

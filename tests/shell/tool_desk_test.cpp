@@ -1,5 +1,7 @@
 #include "shell_fixture.h"
 
+#include "shell/help_topics.h"
+
 #include <QGroupBox>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -285,7 +287,8 @@ TEST_P(EachTool, LooksForAClosedCalculator)
 TEST_P(EachTool, AsksForItsOwnHelpPage)
 {
     QList<int> topics;
-    QObject::connect(&shell->Tools(), &ToolDesk::HelpAsked, [&topics](int topic) { topics << topic; });
+    QObject::connect(&shell->Events(), &WindowEvents::HelpRequested,
+                     [&topics](const QString& name) { topics << help_topics::TopicOf(name).value_or(-1); });
     ChooseAndSettle(GetParam().entry);
 
     Press(Molecule(GetParam().window, 0), Qt::Key_F1);

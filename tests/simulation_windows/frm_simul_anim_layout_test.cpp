@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "simul_anim_fixture.h"
 
 #include <QGroupBox>
@@ -227,8 +228,9 @@ TEST_F(SimulLayout, TheTabKeyFollowsTheEye)
 
 TEST_F(SimulLayout, TellsOfTheMouseOverIt)
 {
+    const WindowEvents events;
     int moves = 0;
-    QObject::connect(&window, &frmSimulAnim::MouseMovedOver, [&moves] { ++moves; });
+    QObject::connect(&events, &WindowEvents::PointerMoved, [&moves] { ++moves; });
 
     QTest::mouseMove(&window, QPoint(3, window.height() - 3));
     QTest::mouseMove(&window, QPoint(4, window.height() - 4));

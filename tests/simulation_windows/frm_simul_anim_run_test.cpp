@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "simul_anim_fixture.h"
 
 #include "base/fatal_fault.h"
@@ -252,8 +253,9 @@ TEST_F(FrmSimulAnim, StateLineTellsWhatGoesOn)
 
 TEST_F(FrmSimulAnim, AsksForItsHelpByF1EvenFromABox)
 {
+    const WindowEvents events;
     int asked = 0;
-    QObject::connect(&window, &Form::HelpAsked, [&asked] { ++asked; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, [&asked] { ++asked; });
 
     Press(Box(0), Qt::Key_F1);
     Press(Start(), Qt::Key_F1);

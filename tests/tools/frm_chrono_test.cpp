@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "tools/windows/frm_chrono.h"
 
 #include "base/session_state.h"
@@ -424,8 +425,9 @@ TEST_F(FrmChrono, KeepsTheTimeOfARunWhileItIsHidden)
 
 TEST_F(FrmChrono, AsksForHelpAtF1)
 {
+    const WindowEvents events;
     int asked = 0;
-    QObject::connect(&window, &Form::HelpAsked, &window, [&asked] { ++asked; });
+    QObject::connect(&events, &WindowEvents::HelpRequested, &window, [&asked] { ++asked; });
 
     Press(StartStop(), Qt::Key_F1);
     EXPECT_EQ(asked, 1);

@@ -1,3 +1,4 @@
+#include "forms/window_events.h"
 #include "tools/windows/frm_tip.h"
 
 #include "base/settings_store.h"
@@ -208,8 +209,9 @@ TEST_F(FrmTip, GoesByEnterOnItsButton)
 
 TEST_F(FrmTip, AsksForItsHelpPage)
 {
+    const WindowEvents events;
     Open("a\n");
-    QSignalSpy help(window.get(), &ModalForm::HelpAsked);
+    QSignalSpy help(&events, &WindowEvents::HelpRequested);
 
     Press(AtStart(), Qt::Key_F1);
 

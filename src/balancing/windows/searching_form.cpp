@@ -53,10 +53,4 @@ void SearchingForm::Close()
     m_closesBehind = true;
 }
 
-void SearchingForm::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 } // namespace stoikal

@@ -36,12 +36,9 @@ public:
 Q_SIGNALS:
     /// The window can be freed: nothing of it is running.
     void Unloaded();
-    void MouseMovedOver();
 
 protected:
     SearchingForm(const QString& name, const QString& caption, const Doors& doors, QWidget* parent);
-
-    void mouseMoveEvent(QMouseEvent* event) override;
 
     /// A list that can be read and copied only.
     static void SetUpList(QPlainTextEdit& list);

@@ -87,7 +87,6 @@ void frmHistoMol::Build()
     for (QWidget* const widget :
          std::initializer_list<QWidget*>{m_head, fraAnim, picHistoMol, picCourbeMol}) {
         widget->setMouseTracking(true);
-        widget->installEventFilter(this);
     }
 }
 
@@ -306,19 +305,6 @@ void frmHistoMol::resizeEvent(QResizeEvent* event)
     place(*cmdCopy[1], *picHistoMol);
     place(*cmdCopy[0], *picCourbeMol);
     DrawBoth();
-}
-
-bool frmHistoMol::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() == QEvent::MouseMove)
-        Q_EMIT MouseMovedOver();
-    return Form::eventFilter(watched, event);
-}
-
-void frmHistoMol::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
 }
 
 bool frmHistoMol::focusNextPrevChild(bool next)

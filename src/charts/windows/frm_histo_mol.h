@@ -55,12 +55,9 @@ Q_SIGNALS:
     void HideEquationAsked(bool hidden);
     /// The window can be freed; its check box in the exercise is to be cleared.
     void Unloaded();
-    void MouseMovedOver();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
 private:

@@ -88,10 +88,4 @@ void frmCalMol::ShowMass(double gramsPerMole)
     lblCalMol->setAccessibleName(QStringLiteral("Masse molaire\u00A0: %1").arg(lblCalMol->text()));
 }
 
-void frmCalMol::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 } // namespace stoikal

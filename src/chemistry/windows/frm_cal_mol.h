@@ -18,12 +18,6 @@ class frmCalMol final : public Form
 public:
     frmCalMol(Messages& messages, QChar separator, QWidget* parent);
 
-Q_SIGNALS:
-    void MouseMovedOver();
-
-protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
-
 private:
     void Build();
     void txtMolecule_Change();

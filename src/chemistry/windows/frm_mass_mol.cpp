@@ -246,10 +246,4 @@ void frmMassMol::KeepData()
     KeepPlace(*this, m_doors.screen, m_doors.settings, PlaceSection());
 }
 
-void frmMassMol::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 } // namespace stoikal

@@ -53,10 +53,6 @@ public:
 Q_SIGNALS:
     /// The molar volume of the settings was computed again.
     void GasDataChanged();
-    void MouseMovedOver();
-
-protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     void BuildGas(QGridLayout& grid);

@@ -301,10 +301,4 @@ void frmTableauPeriodique::showEvent(QShowEvent* event)
     Form::showEvent(event);
 }
 
-void frmTableauPeriodique::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 } // namespace stoikal

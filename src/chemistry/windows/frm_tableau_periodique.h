@@ -25,11 +25,9 @@ public:
 
 Q_SIGNALS:
     void ElementChosen(int index);
-    void MouseMovedOver();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -89,7 +89,7 @@ void frmNewFile::Connect()
     connect(chkPreview, &QCheckBox::toggled, this, &frmNewFile::chkPreview_Click);
     connect(cmdValid, &QPushButton::clicked, this, &frmNewFile::cmdValid_Click);
     connect(cmdCancel, &QPushButton::clicked, this, [this] { Unload(Rejected); });
-    connect(cmdHelp, &QPushButton::clicked, this, &ModalForm::HelpAsked);
+    connect(cmdHelp, &QPushButton::clicked, this, &frmNewFile::HelpRequested);
     const auto move = [this](Qt::Key key, int step) {
         auto* const keys = new QShortcut(QKeySequence(key), this);
         connect(keys, &QShortcut::activated, this,
@@ -353,7 +353,6 @@ void frmNewFile::chkPreview_Click()
     }
     m_preview = new frmPreview(m_doors.screen, m_doors.settings, this);
     connect(m_preview, &Form::CloseAsked, chkPreview, [this] { chkPreview->setChecked(false); });
-    connect(m_preview, &Form::HelpAsked, this, &ModalForm::HelpAsked);
     // Stored or not, what is there is shown; a failure is told by its own box.
     (void)StoreEquation(m_desk.number);
     RefreshPreview(m_desk.count);

@@ -65,6 +65,10 @@ public:
     /// What an earlier editor left behind in the work file.
     void TakeUp(const WorkDesk& desk);
 
+Q_SIGNALS:
+    /// The help button was pressed.
+    void HelpRequested();
+
 protected:
     void EscapePressed() override;
     void TitleBarClosed() override;

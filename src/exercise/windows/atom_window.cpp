@@ -117,7 +117,6 @@ bool AtomWindow::eventFilter(QObject* watched, QEvent* event)
                 DrawAtoms();
             break;
         case QEvent::MouseMove:
-            Q_EMIT MouseMovedOver();
             ShowBubble(static_cast<QMouseEvent*>(event)->position().toPoint());
             break;
         case QEvent::MouseButtonRelease:

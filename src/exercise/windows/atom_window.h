@@ -32,7 +32,6 @@ public:
     void RefreshColour();
 
 Q_SIGNALS:
-    void MouseMovedOver();
     void MouseReleasedOver();
 
 protected:

@@ -492,10 +492,4 @@ void frmEquation::WriteResultLine()
                    AnswerLines(m_doors.session.NumEquation, Terms(), m_run.State().Score));
 }
 
-void frmEquation::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 } // namespace stoikal

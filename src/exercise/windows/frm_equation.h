@@ -74,10 +74,6 @@ Q_SIGNALS:
     /// The whole new equation stands on the screen.
     void EquationShown();
     void EndOfFileReached();
-    void MouseMovedOver();
-
-protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     void ConnectBand();

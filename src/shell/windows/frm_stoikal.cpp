@@ -113,9 +113,7 @@ frmStoikal::frmStoikal(MenuState& state)
         ShowEntry(place.key());
     setMouseTracking(true);
     m_area->viewport()->setMouseTracking(true);
-    m_area->viewport()->installEventFilter(this);
     menuBar()->setMouseTracking(true);
-    menuBar()->installEventFilter(this);
 }
 
 void frmStoikal::AddNodes(QMenu& menu, const std::vector<MenuNode>& nodes)
@@ -250,26 +248,8 @@ void frmStoikal::closeEvent(QCloseEvent* event)
     Q_EMIT CloseAsked();
 }
 
-void frmStoikal::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() != Qt::Key_F1) {
-        QMainWindow::keyPressEvent(event);
-        return;
-    }
-    // A child without a control to type in leaves its keys to this window.
-    const QMdiSubWindow* const child = m_area->activeSubWindow();
-    auto* const form
-        = child != nullptr && child->isVisible() ? qobject_cast<Form*>(child->widget()) : nullptr;
-    if (form != nullptr)
-        Q_EMIT form->HelpAsked();
-    else
-        Q_EMIT HelpAsked();
-}
-
 bool frmStoikal::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseMove)
-        Q_EMIT MouseMovedOver();
     if (event->type() == QEvent::Hide && qobject_cast<QMdiSubWindow*>(watched) != nullptr) {
         static_cast<MainArea*>(m_area)->MeasureScrollBars();
         // The child itself has still to take what is its own out of the menu bar.

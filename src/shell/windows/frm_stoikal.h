@@ -44,13 +44,9 @@ Q_SIGNALS:
     /// An entry was chosen; without a name one that the window itself carried out.
     void EntryChosen(const QString& name);
     void CloseAsked();
-    /// F1 while no child window took it.
-    void HelpAsked();
-    void MouseMovedOver();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

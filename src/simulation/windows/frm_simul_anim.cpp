@@ -284,12 +284,6 @@ void frmSimulAnim::resizeEvent(QResizeEvent* event)
     ShowState();
 }
 
-void frmSimulAnim::mouseMoveEvent(QMouseEvent* event)
-{
-    Q_EMIT MouseMovedOver();
-    Form::mouseMoveEvent(event);
-}
-
 void frmSimulAnim::paintEvent(QPaintEvent* /*event*/)
 {
     // The box and the plot lie on the window as sheets of paper with a rim.

@@ -53,12 +53,8 @@ public:
     const ParticleModel& Particles() const { return m_particles; }
     const SimulationCurves& Curves() const { return m_curves; }
 
-Q_SIGNALS:
-    void MouseMovedOver();
-
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -51,7 +51,7 @@ int main(int argc, char** argv)
     // Outside the guard: what a fault closes must still be there when it is told.
     Shell shell(desktop.Doors(), messages);
     application.RunGuarded([&] {
-        application.SetFaultCleaner([&shell] { shell.State().journal.Close(); });
+        application.SetFaultCleaner([&shell] { shell.Journal().Close(); });
         application.SetFaultPlace([&shell](const FatalFault& fault) { return shell.WithPlace(fault); });
         bool hasEnded = false;
         QObject::connect(&shell, &Shell::EndAsked, &application, [&hasEnded] {

@@ -6,6 +6,7 @@
 #include "equation_files/equation_line.h"
 #include "exercise/charge_totals.h"
 
+#include <QFileInfo>
 #include <algorithm>
 #include <span>
 
@@ -16,22 +17,38 @@ int CoefficientOf(const QString& text)
     return CountOrOne(ReadNumber(text));
 }
 
+void ExerciseRun::ChooseFile(const QString& path)
+{
+    m_state.CheminFichier = path;
+    m_state.TitreFichier = QFileInfo(path).fileName();
+    m_state.NumEquation = 0;
+}
+
+void ExerciseRun::ForgetFile()
+{
+    m_state.CheminFichier.clear();
+    m_state.TitreFichier.clear();
+}
+
 void ExerciseRun::Open(EquationFile file)
 {
     m_file = std::move(file);
     m_isOver = false;
     m_record = {};
-    m_state = {};
-    m_session.NumEquation = 0;
+    m_state.Score = 0;
+    m_state.MaxScore = 0;
+    m_state.AnswerOpen = true;
+    m_state.BadKey = false;
+    m_state.NumEquation = 0;
 }
 
 void ExerciseRun::Close()
 {
     m_file.reset();
     m_isOver = false;
-    m_session.NumEquation = 0;
-    m_session.LigneEquation.clear();
-    m_session.NumeroLigne = 0;
+    m_state.NumEquation = 0;
+    m_state.LigneEquation.clear();
+    m_state.NumeroLigne = 0;
 }
 
 ExerciseRun::Step ExerciseRun::ReadNextEquation()
@@ -44,12 +61,12 @@ ExerciseRun::Step ExerciseRun::ReadNextEquation()
         m_isOver = true;
         return Step::EndOfFile;
     }
-    m_session.LigneEquation = m_file->Line();
-    m_session.NumeroLigne = m_file->LineNumber();
-    m_session.NumEquation = Checked16(m_session.NumEquation + 1);
-    const ParsedLine parsed = ParseEquationLine(m_session.LigneEquation);
+    m_state.LigneEquation = m_file->Line();
+    m_state.NumeroLigne = m_file->LineNumber();
+    m_state.NumEquation = Checked16(m_state.NumEquation + 1);
+    const ParsedLine parsed = ParseEquationLine(m_state.LigneEquation);
     m_record = parsed.record;
-    m_session.ChargesPresentes = parsed.chargesPresent;
+    m_state.ChargesPresentes = parsed.chargesPresent;
     m_state.MaxScore = Checked32(std::int64_t(m_state.MaxScore) + parsed.points);
     return Step::Equation;
 }
@@ -80,8 +97,8 @@ void ExerciseRun::SumCharges(const Texts& coefficients)
     std::array<int, 6> counts{};
     std::transform(coefficients.begin(), coefficients.end(), counts.begin(), CoefficientOf);
     const ChargeTotals totals = ComputeChargeTotals(m_record, counts);
-    m_session.ChargeTotalReactants = totals.reactants;
-    m_session.ChargeTotalProducts = totals.products;
+    m_state.ChargeTotalReactants = totals.reactants;
+    m_state.ChargeTotalProducts = totals.products;
 }
 
 AtomList ExerciseRun::ComposeSlot(int slot, const Texts& coefficients) const
@@ -104,8 +121,8 @@ ExerciseRun::Verdict ExerciseRun::Judge(const Texts& coefficients)
     for (size_t slot = 0; slot < visible.size(); ++slot)
         visible.at(slot) = slot == 0 || slot == 3 || !m_record.Slots.at(slot).Molecule.isEmpty();
     SumCharges(coefficients);
-    const ChargeTotals charges{m_session.ChargeTotalReactants, m_session.ChargeTotalProducts};
-    switch (stoikal::Judge({m_reactants, m_products, m_session.ChargesPresentes, charges, counts, visible})) {
+    const ChargeTotals charges{m_state.ChargeTotalReactants, m_state.ChargeTotalProducts};
+    switch (stoikal::Judge({m_reactants, m_products, m_state.ChargesPresentes, charges, counts, visible})) {
     case Balance::Unbalanced:
         m_state.Score = AfterWrong(m_state.Score);
         if (m_state.Score != 0)

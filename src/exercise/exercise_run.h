@@ -1,24 +1,16 @@
 #pragma once
 
-#include "base/session_state.h"
 #include "equation_files/equation_file.h"
 #include "equation_files/equation_record.h"
 #include "exercise/answer_judge.h"
 #include "exercise/atom_list.h"
+#include "exercise/run_state.h"
 
 #include <QStringList>
 #include <array>
 #include <optional>
 
 namespace stoikal {
-
-/// The state of a run that belongs to the exercise.
-struct ExerciseState {
-    std::int32_t Score = 0; ///< points held by the pupil, never below 0
-    std::int32_t MaxScore = 0; ///< points that could have been won on the equations read so far
-    bool AnswerOpen = true; ///< false once the solution was shown to the pupil
-    bool BadKey = false; ///< the last key in a box was refused
-};
 
 /// A run over one equation file: the file's place, the current equation, the
 /// atoms of both sides, the score. It draws nothing, asks nobody and writes no
@@ -43,13 +35,22 @@ public:
         Right
     };
 
-    explicit ExerciseRun(SessionState& session)
-        : m_session(session)
+    /// Keeps its state in the record given, which must outlive it.
+    explicit ExerciseRun(RunState& state)
+        : m_state(state)
     {
     }
 
+    /// A file was chosen; nothing of it is read yet.
+    void ChooseFile(const QString& path);
+    /// No file is chosen any more.
+    void ForgetFile();
+    /// What the chosen file is for, known once its lines were counted.
+    void SetKind(RunKind kind) { m_state.kind = kind; }
+
     /// Starts over on a file: score and maximum 0, before its first equation.
     void Open(EquationFile file);
+    /// The run ends; the file stays chosen.
     void Close();
     bool IsOpen() const { return m_file.has_value(); }
     /// The end of the open file was reached: score and file do not change any more.
@@ -57,9 +58,9 @@ public:
     /// A file is open and its end was not reached yet.
     bool IsUnderWay() const { return IsOpen() && !m_isOver; }
 
-    /// Moves to the next equation of the file and reads it into the session and
+    /// Moves to the next equation of the file and reads it into the state and
     /// the record. A line that cannot be read is a FatalFault, whose place stands in
-    /// the session by then; the two faults of data are thrown as they are.
+    /// the state by then; the two faults of data are thrown as they are.
     Step ReadNextEquation();
 
     /// Counts the atoms of both sides with the coefficients as they stand in the
@@ -78,10 +79,11 @@ public:
 
     /// The run goes on: the next answer will be judged.
     void MoveOn() { m_state.AnswerOpen = true; }
+    /// A key came to a box, and was refused or not.
+    void NoteKey(bool isRefused) { m_state.BadKey = isRefused; }
 
     const EquationRecord& Record() const { return m_record; }
-    const ExerciseState& State() const { return m_state; }
-    ExerciseState& State() { return m_state; }
+    const RunState& State() const { return m_state; }
     const AtomList& Reactants() const { return m_reactants; }
     const AtomList& Products() const { return m_products; }
 
@@ -92,10 +94,9 @@ private:
     std::array<SpeciesInput, 6> Inputs(const Texts& coefficients) const;
     void SumCharges(const Texts& coefficients);
 
-    SessionState& m_session;
+    RunState& m_state;
     std::optional<EquationFile> m_file;
     EquationRecord m_record;
-    ExerciseState m_state;
     bool m_isOver = false;
     AtomList m_reactants;
     AtomList m_products;

@@ -32,9 +32,15 @@ public:
 
     Form(const QString& name, const QString& caption, Kind kind, QWidget* parent);
 
+    /// The window is to go: it gives up what it is doing, stores what it keeps, and
+    /// says `Released`, at once or as soon as it can.
+    virtual void Release() { Q_EMIT Released(); }
+
 Q_SIGNALS:
     /// The title bar's cross, or Alt+F4. The window itself stays.
     void CloseAsked();
+    /// Nothing of the window is running any more: it can be taken away.
+    void Released();
 
 protected:
     /// By Escape: only a window that holds nothing to lose answers.

@@ -2,7 +2,7 @@
 
 #include "base/file_access.h"
 #include "base/file_lock.h"
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
 #include "base/whole_file.h"
@@ -81,10 +81,10 @@ QString WithSeparator(const QString& folder)
     return folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/');
 }
 
-QString DepositFolder(const SessionState& session)
+QString DepositFolder(const Places& places)
 {
-    const QString name = session.DossierDepot.trimmed();
-    return name.isEmpty() ? session.DossierResultats : WithSeparator(session.DossierResultats) + name;
+    const QString name = places.DossierDepot.trimmed();
+    return name.isEmpty() ? places.DossierResultats : WithSeparator(places.DossierResultats) + name;
 }
 
 QString DepositName(const Settings& settings)
@@ -97,7 +97,7 @@ Outcome<QString> StoreDepositName(Settings& settings, const QString& name)
     return settings.Write(NetworkSection(), DepositKey(), name);
 }
 
-void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent)
+void FindSettingsFile(Places& places, const Platform& desktop, Messages& messages, QWidget* parent)
 {
     QString user = desktop.user.LoginName();
     if (user.isEmpty())
@@ -111,20 +111,19 @@ void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& 
                                QStringLiteral("Conf_EQU.ini"), OwnFolder() + QStringLiteral("/Conf_EQU.ini")},
                               desktop, messages, parent);
     }
-    session.DossierDonnees = WithSeparator(folder);
-    const QString own = session.DossierDonnees + OwnFolder();
+    places.DossierDonnees = WithSeparator(folder);
+    const QString own = places.DossierDonnees + OwnFolder();
     MakeFolders(own);
     // A user name is a bare name; anything else must not lead out of the folder.
     user.replace(QLatin1Char('/'), QLatin1Char('_'));
-    session.IniUtilisateur = own + QStringLiteral("/ConfEQU_") + user + QStringLiteral(".ini");
+    places.IniUtilisateur = own + QStringLiteral("/ConfEQU_") + user + QStringLiteral(".ini");
 }
 
-ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop, Messages& messages,
-                                 QWidget* parent)
+ResultFolders ResolveDataFolders(Places& places, const Platform& desktop, Messages& messages, QWidget* parent)
 {
     const QString root = desktop.folders.NetworkRoot();
-    session.ModeReseau = !root.isEmpty();
-    if (session.ModeReseau) {
+    places.ModeReseau = !root.isEmpty();
+    if (places.ModeReseau) {
         const QString program = desktop.folders.Program();
         const QString below = QDir(root).relativeFilePath(program);
         return {root,
@@ -132,7 +131,7 @@ ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop,
                                                       : QDir::cleanPath(WithSeparator(root) + below)};
     }
     QString documents = desktop.folders.CommonDocuments();
-    if (documents.isEmpty() && session.DossierDocuments.isEmpty()) {
+    if (documents.isEmpty() && places.DossierDocuments.isEmpty()) {
         const QString base
             = QStringLiteral("/Documents and Settings/All Users/Documents partagés/%1/").arg(OwnFolder());
         documents = AskForFolder({base + QStringLiteral("Resultat.txt"), base,
@@ -141,8 +140,8 @@ ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop,
                                  desktop, messages, parent);
     }
     if (!documents.isEmpty())
-        session.DossierDocuments = WithSeparator(documents);
-    return {session.DossierDocuments + OwnFolder(), {}};
+        places.DossierDocuments = WithSeparator(documents);
+    return {places.DossierDocuments + OwnFolder(), {}};
 }
 
 Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& desktop)

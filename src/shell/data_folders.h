@@ -11,14 +11,14 @@ namespace stoikal {
 class Messages;
 class Settings;
 struct Platform;
-struct SessionState;
+struct Places;
 
 /// The folder of the house below the common folders, without outer separators.
 QString OwnFolder();
 
 /// Finds the common application data folder, asking the user for a landmark
 /// file until it is known, and names this user's settings file.
-void FindSettingsFile(SessionState& session, const Platform& desktop, Messages& messages, QWidget* parent);
+void FindSettingsFile(Places& places, const Platform& desktop, Messages& messages, QWidget* parent);
 
 /// The outcome of looking where the program runs.
 struct ResultFolders {
@@ -29,7 +29,7 @@ struct ResultFolders {
 /// Decides whether the program runs from a network folder (`ModeReseau`) and
 /// where the results go: the network root, or the house's folder in the common
 /// documents, which the user is asked for until it is known.
-ResultFolders ResolveDataFolders(SessionState& session, const Platform& desktop, Messages& messages,
+ResultFolders ResolveDataFolders(Places& places, const Platform& desktop, Messages& messages,
                                  QWidget* parent);
 
 /// Makes the folder of equation files when it is missing, filled with the shipped
@@ -41,7 +41,7 @@ Outcome<QString> SeedEquationFolder(const QString& folder, const Platform& deskt
 /// The folder of a network share that takes the journals, the high scores and
 /// the one password; without a separator at its end. Its name is trimmed: one of
 /// blanks means the share itself.
-QString DepositFolder(const SessionState& session);
+QString DepositFolder(const Places& places);
 
 /// The name of that folder as the user's settings have it, empty when it was
 /// never asked for.

@@ -2,23 +2,25 @@
 
 #include "base/fatal_fault.h"
 #include "base/password_file.h"
+#include "base/settings_store.h"
 #include "equation_files/equation_file.h"
+#include "exercise/exercise_run.h"
 #include "exercise/journal_lines.h"
 #include "exercise/mark.h"
+#include "exercise/results_journal.h"
 #include "exercise/windows/frm_note.h"
 #include "exercise/windows/journal_messages.h"
 #include "forms/messages.h"
+#include "platform/doors.h"
 #include "shell/data_folders.h"
-#include "shell/exercise_desk.h"
-#include "shell/menu_tree.h"
 #include "shell/password_store.h"
 #include "shell/product.h"
-#include "shell/session.h"
+#include "shell/run_controller.h"
+#include "shell/session_state.h"
+#include "shell/stopwatch_controller.h"
 #include "shell/windows/frm_name.h"
 #include "shell/windows/frm_stoikal.h"
 #include "shell/windows/option_form.h"
-
-#include <QFileInfo>
 
 namespace stoikal {
 namespace {
@@ -56,42 +58,40 @@ QString EmptyFileText(const QString& title)
 
 } // namespace
 
-FileSession::FileSession(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk)
-    : m_session(session)
+FileSession::FileSession(const Services& services, frmStoikal& mainWindow, RunController& windows,
+                         StopwatchController& stopwatch)
+    : m_services(services)
     , m_mainWindow(mainWindow)
-    , m_desk(desk)
+    , m_windows(windows)
+    , m_stopwatch(stopwatch)
 {
     // The mark's window comes once the click that ended the file is over.
-    connect(&desk, &ExerciseDesk::EndOfFileReached, this, &FileSession::EndOfFile, Qt::QueuedConnection);
-    connect(&desk, &ExerciseDesk::CloseAsked, this, &FileSession::Mnu_Close_Click);
+    connect(&windows, &RunController::EndOfFileReached, this, &FileSession::EndOfFile, Qt::QueuedConnection);
+    connect(&windows, &RunController::CloseAsked, this, &FileSession::Mnu_Close_Click);
 }
 
 void FileSession::Mnu_Open_Click(int index)
 {
     Q_EMIT OpenConsidered();
-    if (m_session.state.NomEleve.isEmpty() && !Identify())
+    if (!m_services.pupil.IsIdentified() && !Identify())
         return;
-    m_session.settings.Remember(Options(), FilesByDefault(),
-                                index == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+    m_services.settings.Remember(Options(), FilesByDefault(),
+                                 index == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
     OpenEquationFile();
 }
 
 bool FileSession::Identify()
 {
-    SessionState& state = m_session.state;
-    frmName window(m_session.messages, m_session.desktop.sound, &m_mainWindow);
+    Pupil& pupil = m_services.pupil;
+    frmName window(m_services.messages, m_services.sound, &m_mainWindow);
     switch (window.exec()) {
     case frmName::Identified:
-        state.NomEleve = window.Nom();
-        state.PrenomEleve = window.Prenom();
-        state.ClasseEleve = window.Classe();
-        WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
-                       IdentityLines(state.NomEleve, state.PrenomEleve, state.ClasseEleve));
+        pupil = {window.Nom(), window.Prenom(), window.Classe()};
+        WriteToJournal(m_services.journal, m_services.messages, &m_mainWindow,
+                       IdentityLines(pupil.NomEleve, pupil.PrenomEleve, pupil.ClasseEleve));
         break;
     case frmName::Cancelled:
-        state.NomEleve.clear();
-        state.PrenomEleve.clear();
-        state.ClasseEleve.clear();
+        pupil = {};
         m_mainWindow.activateWindow();
         break;
     case frmName::EndOfProgram:
@@ -100,65 +100,62 @@ bool FileSession::Identify()
     default:
         break;
     }
-    return !state.NomEleve.isEmpty();
+    return pupil.IsIdentified();
 }
 
 bool FileSession::ChooseFile()
 {
-    SessionState& state = m_session.state;
-    QString byDefault = m_session.settings.Read(Options(), FilesByDefault());
+    QString byDefault = m_services.settings.Read(Options(), FilesByDefault());
     if (!IsFilterSetting(byDefault)) {
-        m_session.settings.Remember(Options(), FilesByDefault(), QStringLiteral("EQU"));
+        m_services.settings.Remember(Options(), FilesByDefault(), QStringLiteral("EQU"));
         frmEtude window(&m_mainWindow);
         window.exec();
         const auto written
-            = m_session.settings.Write(Options(), FilesByDefault(),
-                                       window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
+            = m_services.settings.Write(Options(), FilesByDefault(),
+                                        window.Chosen() == 0 ? QStringLiteral("EQU") : QStringLiteral("AVT"));
         if (!written)
-            m_session.messages.Critical(
+            m_services.messages.Critical(
                 &m_mainWindow, QStringLiteral("Stoikal"),
                 QStringLiteral("Votre choix n'a pas été enregistré\u00A0: il sera redemandé.\n\n%1")
                     .arg(written.Reason()));
-        byDefault = m_session.settings.Read(Options(), FilesByDefault());
+        byDefault = m_services.settings.Read(Options(), FilesByDefault());
     }
-    const auto choice = m_session.desktop.dialogs.OpenFile(
+    const auto choice = m_services.dialogs.OpenFile(
         &m_mainWindow,
         {QStringLiteral("cdgOpen"),
          QStringLiteral("Ouvrir un fichier d'équations"),
-         state.DossierDocuments + OwnFolder(),
+         m_services.places.DossierDocuments + OwnFolder(),
          {QStringLiteral("Stoikal Equilibrage (*.Equ)"), QStringLiteral("Stoikal Avancement (*.Avt)")},
          byDefault == QLatin1String("AVT") ? 1 : 0,
          {}});
     if (!choice)
         return false;
-    state.CheminFichier = choice->path;
-    state.TitreFichier = QFileInfo(choice->path).fileName();
-    m_session.settings.Remember(Options(), FilesByDefault(),
-                                choice->filter == 1 ? QStringLiteral("AVT") : QStringLiteral("EQU"));
+    m_services.run.ChooseFile(choice->path);
+    m_services.settings.Remember(Options(), FilesByDefault(),
+                                 choice->filter == 1 ? QStringLiteral("AVT") : QStringLiteral("EQU"));
     return true;
 }
 
 bool FileSession::OpenEquationFile()
 {
-    m_desk.ResetChrono();
+    m_stopwatch.Reset();
     return ChooseFile() && ReadChosenFile();
 }
 
 void FileSession::OpenKnownFile(const QString& path)
 {
-    if (m_session.state.NomEleve.isEmpty() && !Identify())
+    if (!m_services.pupil.IsIdentified() && !Identify())
         return;
-    m_desk.ResetChrono();
-    m_session.state.CheminFichier = path;
-    m_session.state.TitreFichier = QFileInfo(path).fileName();
+    m_stopwatch.Reset();
+    m_services.run.ChooseFile(path);
     ReadChosenFile();
 }
 
 bool FileSession::ReadChosenFile()
 {
-    SessionState& state = m_session.state;
-    state.NumEquation = 0;
-    if (IsPasswordFile(state.CheminFichier, CommonPasswordFile(state))) {
+    ExerciseRun& run = m_services.run;
+    const RunState& state = run.State();
+    if (IsPasswordFile(state.CheminFichier, CommonPasswordFile(m_services.places))) {
         RefuseFile(PasswordFileRefusal());
         return false;
     }
@@ -170,51 +167,51 @@ bool FileSession::ReadChosenFile()
     if (!file)
         throw FatalFault(file.Reason(), state.CheminFichier, 0, {});
     const FirstPass pass = file->Pass();
-    state.FichierAvancement = pass.hasProgressData;
-    state.SerieExercices = false;
     if (pass.equationCount == 0) {
         RefuseFile(EmptyFileText(state.TitreFichier));
         return false;
     }
-    if (state.FichierAvancement) {
-        frmChoixSimul window(&m_mainWindow);
-        window.exec();
-        state.SerieExercices = window.Chosen() == 0;
-    }
+    run.SetKind(pass.hasProgressData ? AskForKind() : RunKind::Balancing);
     if (state.IsScored())
-        m_desk.LockChrono(true);
-    m_session.run.Open(*file);
+        m_stopwatch.Lock(true);
+    run.Open(*file);
     StartRun(pass.equationCount);
     return true;
 }
 
+RunKind FileSession::AskForKind()
+{
+    frmChoixSimul window(&m_mainWindow);
+    window.exec();
+    return window.Chosen() == 0 ? RunKind::Series : RunKind::FreeSimulation;
+}
+
 void FileSession::RefuseFile(const QString& reason)
 {
-    m_session.state.CheminFichier.clear();
-    m_session.state.TitreFichier.clear();
-    m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), reason);
+    m_services.run.ForgetFile();
+    m_services.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), reason);
 }
 
 void FileSession::StartRun(int equationCount)
 {
-    const QString& title = m_session.state.TitreFichier;
+    const QString& title = m_services.run.State().TitreFichier;
     m_mainWindow.SetCaption(QStringLiteral("%1 - %2 - %3 équations")
                                 .arg(product::Caption(), title, QString::number(equationCount)));
-    WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
-                   HeaderLines(title, equationCount, m_session.desktop.clock.Now()));
-    SetFileSessionMenus(m_session.menu, true);
+    WriteToJournal(m_services.journal, m_services.messages, &m_mainWindow,
+                   HeaderLines(title, equationCount, m_services.clock.Now()));
+    m_windows.CloseMolarMasses();
     Q_EMIT ToolsToHide();
     Q_EMIT RunBegins();
-    m_desk.Open();
+    m_windows.Open();
 }
 
 void FileSession::LeaveRun()
 {
-    m_session.run.Close();
+    m_services.run.Close();
+    m_windows.CloseMolarMasses();
     Q_EMIT ToolsToHide();
-    m_desk.CloseExercise();
+    m_windows.CloseExercise();
     m_mainWindow.SetCaption(product::Caption());
-    SetFileSessionMenus(m_session.menu, false);
     Q_EMIT RunEnded();
 }
 
@@ -226,45 +223,44 @@ void FileSession::CloseRun()
 
 void FileSession::ReturnHome()
 {
-    m_desk.CloseAtoms();
-    m_session.state.CheminFichier.clear();
-    m_session.state.TitreFichier.clear();
-    m_desk.ResetChrono();
+    m_windows.CloseAtoms();
+    m_services.run.ForgetFile();
+    m_stopwatch.Reset();
     m_mainWindow.activateWindow();
 }
 
 void FileSession::Mnu_Close_Click()
 {
-    if (!m_session.run.IsUnderWay())
+    if (!m_services.run.IsUnderWay())
         return;
     Q_EMIT CloseConsidered();
-    m_desk.HideWindowsOfRun();
+    m_windows.HideWindowsOfRun();
     const bool closes
-        = m_session.messages.Ask(&m_mainWindow, QStringLiteral("Stoikal"),
-                                 QStringLiteral("Etes-vous sûr de vouloir fermer ce fichier ?"));
-    m_desk.ShowExercise();
+        = m_services.messages.Ask(&m_mainWindow, QStringLiteral("Stoikal"),
+                                  QStringLiteral("Etes-vous sûr de vouloir fermer ce fichier ?"));
+    m_windows.ShowExercise();
     if (closes)
         CloseRun();
     else
-        m_desk.ShowWindowsOfRun();
+        m_windows.ShowWindowsOfRun();
 }
 
 /// The table with the result in it; nothing when it could not be recorded, which was
 /// told then.
 std::optional<std::vector<HighScore>> FileSession::RecordHighScore(const NewResult& own, QChar separator)
 {
-    const SessionState& state = m_session.state;
-    HighScoreFile file(state.ModeReseau ? DepositFolder(state) : state.DossierResultats);
+    const Places& places = m_services.places;
+    HighScoreFile file(places.ModeReseau ? DepositFolder(places) : places.DossierResultats);
     for (;;) {
-        const auto section = file.Record(state.TitreFichier, own, separator);
+        const auto section = file.Record(m_services.run.State().TitreFichier, own, separator);
         if (section)
             return *section;
         if (!file.WasBusy()) {
-            m_session.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), section.Reason());
+            m_services.messages.Critical(&m_mainWindow, QStringLiteral("Stoikal"), section.Reason());
             return std::nullopt;
         }
-        if (!m_session.messages.AskRetry(&m_mainWindow, QStringLiteral("Stoikal"),
-                                         BusyText(section.Reason())))
+        if (!m_services.messages.AskRetry(&m_mainWindow, QStringLiteral("Stoikal"),
+                                          BusyText(section.Reason())))
             return std::nullopt;
     }
 }
@@ -272,32 +268,32 @@ std::optional<std::vector<HighScore>> FileSession::RecordHighScore(const NewResu
 void FileSession::EndOfFile()
 {
     // The run may have been closed since, by the end of the program.
-    if (!m_session.run.IsOver())
+    if (!m_services.run.IsOver())
         return;
-    SessionState& state = m_session.state;
-    const QChar separator = m_session.desktop.regional.DecimalSeparator();
-    const ExerciseState result = m_session.run.State();
+    const RunState& state = m_services.run.State();
+    const QChar separator = m_services.regional.DecimalSeparator();
     const bool isScored = state.IsScored();
-    const NewResult own{state.NomEleve, Mark(result.Score, result.MaxScore), state.ElapsedSeconds};
+    const NewResult own{m_services.pupil.NomEleve, Mark(state.Score, state.MaxScore),
+                        m_services.seconds.ElapsedSeconds};
     std::optional<frmNote::Earned> earned;
     if (isScored)
         earned = frmNote::Earned{own.mark, own.seconds};
 
-    frmNote window(state, separator, state.TitreFichier, earned, &m_mainWindow);
-    m_desk.HideAtoms();
-    m_desk.StopChrono();
+    frmNote window(m_services.places, separator, state.TitreFichier, earned, &m_mainWindow);
+    m_windows.HideAtoms();
+    m_stopwatch.Stop();
     if (isScored)
-        WriteToJournal(m_session.journal, m_session.messages, &m_mainWindow,
+        WriteToJournal(m_services.journal, m_services.messages, &m_mainWindow,
                        {MarkLine(own.mark, own.seconds, separator)});
     LeaveRun();
     if (isScored) {
         if (const auto section = RecordHighScore(own, separator))
             window.ShowHighScores(*section, own);
     }
-    window.Place(m_session.desktop.screen);
+    window.Place(m_services.screen);
     switch (window.exec()) {
     case frmNote::Again:
-        m_desk.CloseAtoms();
+        m_windows.CloseAtoms();
         if (!OpenEquationFile())
             ReturnHome();
         break;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exercise/high_score_file.h"
+#include "exercise/run_state.h"
 
 #include <QObject>
 #include <optional>
@@ -8,19 +9,47 @@
 
 namespace stoikal {
 
-class ExerciseDesk;
+class Clock;
+class Dialogs;
+class ExerciseRun;
 class frmStoikal;
-struct Session;
+class Messages;
+class Regional;
+class ResultsJournal;
+class RunController;
+class Screen;
+class Settings;
+class Sound;
+class StopwatchController;
+struct Places;
+struct Pupil;
+struct StopwatchSeconds;
 
 /// The life of an equation file in the program: who opens it, its first pass,
 /// the run over it, its closing and the mark at its end. The windows of the run
-/// are the desk's.
+/// are not its matter.
 class FileSession final : public QObject
 {
     Q_OBJECT
 
 public:
-    FileSession(Session& session, frmStoikal& mainWindow, ExerciseDesk& desk);
+    struct Services {
+        Pupil& pupil;
+        ExerciseRun& run;
+        ResultsJournal& journal;
+        const Places& places;
+        const StopwatchSeconds& seconds;
+        Settings& settings;
+        Messages& messages;
+        Dialogs& dialogs;
+        Sound& sound;
+        const Clock& clock;
+        const Screen& screen;
+        const Regional& regional;
+    };
+
+    FileSession(const Services& services, frmStoikal& mainWindow, RunController& windows,
+                StopwatchController& stopwatch);
 
     /// The menu's open command: 0 for balancing, 1 for progress.
     void Mnu_Open_Click(int index);
@@ -57,6 +86,7 @@ private:
     bool Identify();
     bool ChooseFile();
     bool ReadChosenFile();
+    RunKind AskForKind();
     void RefuseFile(const QString& reason);
     void StartRun(int equationCount);
     void EndOfFile();
@@ -64,9 +94,10 @@ private:
     void LeaveRun();
     void ReturnHome();
 
-    Session& m_session;
+    Services m_services;
     frmStoikal& m_mainWindow;
-    ExerciseDesk& m_desk;
+    RunController& m_windows;
+    StopwatchController& m_stopwatch;
 };
 
 } // namespace stoikal

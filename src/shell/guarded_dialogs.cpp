@@ -29,7 +29,7 @@ std::optional<Dialogs::Choice> GuardedDialogs::ChooseAnother(Chooser chooser, QW
 {
     for (;;) {
         const auto choice = (m_dialogs.*chooser)(parent, request);
-        if (!choice || !IsPasswordFile(choice->path, CommonPasswordFile(m_state)))
+        if (!choice || !IsPasswordFile(choice->path, CommonPasswordFile(m_places)))
             return choice;
         m_messages.Critical(parent, QStringLiteral("Stoikal"), PasswordFileRefusal());
         // The dialog comes back where it was left.

@@ -5,17 +5,17 @@
 namespace stoikal {
 
 class Messages;
-struct SessionState;
+struct Places;
 
 /// The dialogs of the desktop with one rule for all windows: the file of the
 /// password is never what they give. Who chooses it is told so and chooses again.
 class GuardedDialogs final : public Dialogs
 {
 public:
-    GuardedDialogs(Dialogs& dialogs, Messages& messages, const SessionState& state)
+    GuardedDialogs(Dialogs& dialogs, Messages& messages, const Places& places)
         : m_dialogs(dialogs)
         , m_messages(messages)
-        , m_state(state)
+        , m_places(places)
     {
     }
 
@@ -30,7 +30,7 @@ private:
 
     Dialogs& m_dialogs;
     Messages& m_messages;
-    const SessionState& m_state;
+    const Places& m_places;
 };
 
 } // namespace stoikal

@@ -1,30 +1,25 @@
 #pragma once
 
+#include "shell/command.h"
+
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace stoikal {
 
-class MenuState;
-
-/// One entry of the menu tree, as the house knows it.
+/// One entry of the menu tree. The names of entries stand here and nowhere else.
 struct MenuNode {
+    std::optional<Command> command; ///< none for a separator
     QString name; ///< "Mnu_Taille(1)"
     QString caption; ///< with "&" before the access key; empty for a separator
     bool canBeMarked = false;
-    bool isMarkedAtStart = false;
     std::vector<MenuNode> children;
 
-    bool IsSeparator() const { return caption.isEmpty(); }
+    bool IsSeparator() const { return !command.has_value(); }
 };
 
 /// The whole menu bar from left to right.
 const std::vector<MenuNode>& MenuTree();
-
-/// Enters all entries into the menu state, as they stand at start.
-void FillMenuState(MenuState& state);
-
-/// Moves the entries that depend on an open equation file.
-void SetFileSessionMenus(MenuState& state, bool open);
 
 } // namespace stoikal

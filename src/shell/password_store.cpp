@@ -3,8 +3,8 @@
 #include "base/file_access.h"
 #include "base/file_stamp.h"
 #include "base/password_file.h"
+#include "base/places.h"
 #include "base/profile_text.h"
-#include "base/session_state.h"
 #include "base/settings_store.h"
 #include "base/shown_path.h"
 #include "base/text_lines.h"
@@ -63,23 +63,23 @@ Failure NotSureToBeKept()
 
 } // namespace
 
-QString CommonPasswordFile(const SessionState& state)
+QString CommonPasswordFile(const Places& places)
 {
-    if (!state.ModeReseau)
+    if (!places.ModeReseau)
         return {};
     // The folder is the one found at start: a share that has gone since must not
     // make the program fall back on another, less guarded place.
-    return DepositFolder(state) + QLatin1Char('/') + PasswordFileName();
+    return DepositFolder(places) + QLatin1Char('/') + PasswordFileName();
 }
 
 Outcome<QString> PasswordStore::Read() const
 {
-    return m_state.ModeReseau ? ReadCommonFile() : ReadFromSettings();
+    return m_places.ModeReseau ? ReadCommonFile() : ReadFromSettings();
 }
 
 Outcome<QString> PasswordStore::ReadFromSettings() const
 {
-    const QString& path = m_state.IniUtilisateur;
+    const QString& path = m_places.IniUtilisateur;
     const auto bytes = ReadOwnFile(path, kSettingsLimit);
     if (!bytes && !bytes.IsMissing())
         return CannotReadSettings(path, bytes.Reason());
@@ -88,7 +88,7 @@ Outcome<QString> PasswordStore::ReadFromSettings() const
 
 Outcome<QString> PasswordStore::Write(const QString& password)
 {
-    auto written = m_state.ModeReseau ? WriteCommonFile(password) : WriteToSettings(password);
+    auto written = m_places.ModeReseau ? WriteCommonFile(password) : WriteToSettings(password);
     if (written)
         return written;
     // Nobody is to be told that the old one is valid when it is not.
@@ -108,9 +108,9 @@ Outcome<QString> PasswordStore::WriteToSettings(const QString& password)
 
 Outcome<QString> PasswordStore::ReadCommonFile() const
 {
-    const auto bytes = ReadWholeFile(CommonPasswordFile(m_state), kPasswordLimit, Links::Refused);
+    const auto bytes = ReadWholeFile(CommonPasswordFile(m_places), kPasswordLimit, Links::Refused);
     if (!bytes)
-        return CannotRead(CommonPasswordFile(m_state), bytes.Reason());
+        return CannotRead(CommonPasswordFile(m_places), bytes.Reason());
     const QByteArray text = NormaliseTextBytes(*bytes);
     LineWalker lines(text);
     return lines.AtEnd() ? QString() : DecodeLine(lines.Next());
@@ -119,19 +119,19 @@ Outcome<QString> PasswordStore::ReadCommonFile() const
 Outcome<QString> PasswordStore::WriteCommonFile(const QString& password) const
 {
     const auto written
-        = ReplaceFile(CommonPasswordFile(m_state), EncodeLine(password) + "\r\n", Sharing::FolderReads);
+        = ReplaceFile(CommonPasswordFile(m_places), EncodeLine(password) + "\r\n", Sharing::FolderReads);
     if (!written)
-        return CannotWrite(CommonPasswordFile(m_state), written.Reason());
+        return CannotWrite(CommonPasswordFile(m_places), written.Reason());
     return password;
 }
 
 bool PasswordStore::HasBeenLost() const
 {
-    const FileStamp file = m_state.ModeReseau ? StampOf(CommonPasswordFile(m_state)) : FileStamp();
+    const FileStamp file = m_places.ModeReseau ? StampOf(CommonPasswordFile(m_places)) : FileStamp();
     // An empty password that somebody set is a line that is empty.
     if (!file.exists || file.size != 0)
         return false;
-    const QDir deposit(DepositFolder(m_state));
+    const QDir deposit(DepositFolder(m_places));
     const QStringList journals = deposit.entryList({QStringLiteral("EQU_*.txt")}, QDir::Files);
     return std::any_of(journals.begin(), journals.end(), [&](const QString& name) {
         return StampOf(deposit.filePath(name)).changedNs < file.changedNs;
@@ -140,7 +140,7 @@ bool PasswordStore::HasBeenLost() const
 
 Outcome<QString> PasswordStore::MakeCommonFile() const
 {
-    const QString path = CommonPasswordFile(m_state);
+    const QString path = CommonPasswordFile(m_places);
     const auto made = OpenForAppending(path, IfMissing::Make, Sharing::FolderReads);
     // A teacher may let the pupils' accounts read his file and not write it.
     if (made || OpenForReading(path, Links::Refused))

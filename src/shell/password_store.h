@@ -7,11 +7,11 @@
 namespace stoikal {
 
 class Settings;
-struct SessionState;
+struct Places;
 
 /// The path of the file with the one password of all who run the program from a
 /// network folder; empty for a program of one machine.
-QString CommonPasswordFile(const SessionState& state);
+QString CommonPasswordFile(const Places& places);
 
 /// Where the teacher's password stands: in the settings of the user, or, when
 /// the program runs from a network folder, as the first line of one file of the
@@ -20,8 +20,8 @@ QString CommonPasswordFile(const SessionState& state);
 class PasswordStore
 {
 public:
-    PasswordStore(const SessionState& state, Settings& settings)
-        : m_state(state)
+    PasswordStore(const Places& places, Settings& settings)
+        : m_places(places)
         , m_settings(settings)
     {
     }
@@ -50,7 +50,7 @@ private:
     Outcome<QString> WriteToSettings(const QString& password);
     Outcome<QString> WriteCommonFile(const QString& password) const;
 
-    const SessionState& m_state;
+    const Places& m_places;
     Settings& m_settings;
 };
 

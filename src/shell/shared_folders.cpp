@@ -4,7 +4,7 @@
 #include "base/file_lock.h"
 #include "base/litter.h"
 #include "base/password_file.h"
-#include "base/session_state.h"
+#include "base/places.h"
 #include "shell/data_folders.h"
 
 #include <QDir>
@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ScoresFolder(const SessionState& state)
+QString ScoresFolder(const Places& places)
 {
-    return state.ModeReseau ? DepositFolder(state) : state.DossierResultats;
+    return places.ModeReseau ? DepositFolder(places) : places.DossierResultats;
 }
 
 /// A start that was cut short has filled it no further.
@@ -34,27 +34,27 @@ void SweepHalfFilledFolder(const QString& folder)
 
 } // namespace
 
-void SweepLeftFiles(const SessionState& state, const QString& cache)
+void SweepLeftFiles(const Places& places, const QString& cache)
 {
-    const QFileInfo settings(state.IniUtilisateur);
+    const QFileInfo settings(places.IniUtilisateur);
     SweepLitter(settings.path(), {settings.fileName()});
-    SweepLitter(ScoresFolder(state), {u"HighScore.txt"_s, PasswordFileName()});
-    const QString equations = state.DossierDocuments + OwnFolder();
+    SweepLitter(ScoresFolder(places), {u"HighScore.txt"_s, PasswordFileName()});
+    const QString equations = places.DossierDocuments + OwnFolder();
     SweepLitter(equations, {u"*.Equ"_s, u"*.Avt"_s, u"TipOfDayEqChm.txt"_s});
     SweepLitter(cache,
                 {u"FileTemp.txt"_s, u"FileTemp_?.txt"_s, u"FileTemp_??.txt"_s, u"FileTemp*.txt.editeur"_s,
                  u"Delete_Me.txt"_s});
-    if (!state.ModeReseau) {
-        SweepHalfFilledFolder(state.DossierResultats);
-        const QFileInfo own(state.DossierResultats);
+    if (!places.ModeReseau) {
+        SweepHalfFilledFolder(places.DossierResultats);
+        const QFileInfo own(places.DossierResultats);
         SweepLitter(own.path(), {own.fileName()});
     }
 }
 
-QStringList FoldersWithoutLocks(const SessionState& state)
+QStringList FoldersWithoutLocks(const Places& places)
 {
     QStringList folders;
-    for (const QString& file : {state.IniUtilisateur, ScoresFolder(state) + u"/HighScore.txt"_s}) {
+    for (const QString& file : {places.IniUtilisateur, ScoresFolder(places) + u"/HighScore.txt"_s}) {
         const FileLock lock(file, 0);
         if (lock.IsHeld() && !lock.IsProtected())
             folders << QFileInfo(file).path();

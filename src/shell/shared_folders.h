@@ -5,14 +5,14 @@
 
 namespace stoikal {
 
-struct SessionState;
+struct Places;
 
 /// Takes away what programs that were killed have left in the folders of this run.
 /// `cache` is the account's own folder for passing things.
-void SweepLeftFiles(const SessionState& state, const QString& cache);
+void SweepLeftFiles(const Places& places, const QString& cache);
 
 /// Those of the folders of settings and results where no lock of any kind can be had:
 /// two programs that write at the same moment may lose what one of them writes.
-QStringList FoldersWithoutLocks(const SessionState& state);
+QStringList FoldersWithoutLocks(const Places& places);
 
 } // namespace stoikal

@@ -2,14 +2,16 @@
 
 #include "base/fatal_fault.h"
 #include "base/file_access.h"
+#include "base/places.h"
+#include "base/settings_store.h"
 #include "base/shown_path.h"
 #include "base/whole_file.h"
+#include "exercise/results_journal.h"
 #include "forms/messages.h"
+#include "platform/doors.h"
 #include "shell/data_folders.h"
-#include "shell/menu_tree.h"
 #include "shell/password_store.h"
 #include "shell/product.h"
-#include "shell/session.h"
 #include "shell/shared_folders.h"
 #include "shell/version_check.h"
 #include "shell/windows/frm_depot.h"
@@ -37,15 +39,15 @@ QString Options()
 
 } // namespace
 
-StartUp::StartUp(Session& session, frmStoikal& mainWindow)
-    : m_session(session)
+StartUp::StartUp(const Services& services, frmStoikal& mainWindow)
+    : m_services(services)
     , m_mainWindow(mainWindow)
 {
 }
 
 void StartUp::Run()
 {
-    SessionState& state = m_session.state;
+    Places& places = m_services.places;
     m_steps << QStringLiteral("update check");
     CheckForNewVersion();
     m_steps << QStringLiteral("window size");
@@ -55,19 +57,17 @@ void StartUp::Run()
     m_steps << QStringLiteral("background");
     ChooseBackground();
     m_steps << QStringLiteral("user and settings");
-    FindSettingsFile(state, m_session.desktop, m_session.messages, &m_mainWindow);
+    FindSettingsFile(places, m_services.desktop, m_services.messages, &m_mainWindow);
     ReportUnreadableSettings();
     // The package of the distribution enters the file types.
     m_steps << QStringLiteral("file types");
     // The clock itself knows how often it counts.
     m_steps << QStringLiteral("counter");
     m_steps << QStringLiteral("menus");
-    SetFileSessionMenus(m_session.menu, false);
-    m_session.menu.SetChecked("Mnu_Atome", true);
     m_steps << QStringLiteral("data folders");
     FindJournal();
     m_steps << QStringLiteral("journal");
-    SweepLeftFiles(state, m_session.desktop.folders.Cache());
+    SweepLeftFiles(m_services.places, m_services.desktop.folders.Cache());
     OpenJournal();
     ReportFoldersWithoutLocks();
     m_steps << QStringLiteral("splash");
@@ -80,16 +80,16 @@ void StartUp::Run()
 
 void StartUp::CheckForNewVersion()
 {
-    const QString site = m_session.desktop.web.Site();
+    const QString site = m_services.desktop.web.Site();
     if (site.isEmpty())
         return;
-    m_session.desktop.web.Get(site + QStringLiteral("/chimie/stoikal/version_stoikal.txt"),
-                              [this](const QByteArray& bytes) { TakeVersionFile(bytes); });
+    m_services.desktop.web.Get(site + QStringLiteral("/chimie/stoikal/version_stoikal.txt"),
+                               [this](const QByteArray& bytes) { TakeVersionFile(bytes); });
 }
 
 void StartUp::TakeVersionFile(const QByteArray& bytes)
 {
-    const QString folder = m_session.desktop.folders.Cache();
+    const QString folder = m_services.desktop.folders.Cache();
     MakeFolders(folder);
     // The copy is a courtesy: the check goes on without it.
     (void)ReplaceFile(folder + QStringLiteral("/Delete_Me.txt"), bytes, Sharing::Account);
@@ -106,24 +106,24 @@ void StartUp::TellNewVersion()
     if (!m_canTell || m_newVersion.isEmpty())
         return;
     const QString version = std::exchange(m_newVersion, QString());
-    m_session.messages.Information(&m_mainWindow, QStringLiteral("Stoikal - Nouvelle version"),
-                                   QStringLiteral("La version %1 de Stoikal est téléchargeable sur\n%2")
-                                       .arg(version, m_session.desktop.web.Site()));
+    m_services.messages.Information(&m_mainWindow, QStringLiteral("Stoikal - Nouvelle version"),
+                                    QStringLiteral("La version %1 de Stoikal est téléchargeable sur\n%2")
+                                        .arg(version, m_services.desktop.web.Site()));
 }
 
 void StartUp::SizeMainWindow()
 {
-    const QRect area = m_session.desktop.screen.WorkArea();
-    m_session.state.HauteurUtile = FromPixels(area.height()) - 750;
-    m_session.state.LargeurUtile = FromPixels(area.width()) - 50;
-    m_mainWindow.resize(ToPixels(m_session.state.LargeurUtile), ToPixels(m_session.state.HauteurUtile));
+    const QRect area = m_services.desktop.screen.WorkArea();
+    m_services.places.HauteurUtile = FromPixels(area.height()) - 750;
+    m_services.places.LargeurUtile = FromPixels(area.width()) - 50;
+    m_mainWindow.resize(ToPixels(m_services.places.LargeurUtile), ToPixels(m_services.places.HauteurUtile));
     m_mainWindow.move(area.topLeft());
 }
 
 void StartUp::ChooseBackground()
 {
     QString name;
-    switch (m_session.desktop.screen.Width()) {
+    switch (m_services.desktop.screen.Width()) {
     case 800:
         name = QStringLiteral("logo800x600.jpg");
         break;
@@ -136,7 +136,7 @@ void StartUp::ChooseBackground()
     default:
         return;
     }
-    m_background = WithSeparator(m_session.desktop.folders.Program()) + name;
+    m_background = WithSeparator(m_services.desktop.folders.Program()) + name;
 }
 
 void StartUp::LoadBackground()
@@ -149,11 +149,11 @@ void StartUp::LoadBackground()
 /// Without this word a pupil would find all as on the first day, and nobody knew why.
 void StartUp::ReportUnreadableSettings()
 {
-    const QString& path = m_session.state.IniUtilisateur;
+    const QString& path = m_services.places.IniUtilisateur;
     const auto bytes = ReadOwnFile(path, kSettingsLimit);
     if (bytes || bytes.IsMissing())
         return;
-    m_session.messages.Warning(
+    m_services.messages.Warning(
         &m_mainWindow, QStringLiteral("Stoikal"),
         QStringLiteral("Vos réglages ne peuvent pas être lus\u00A0:\n%1\n(%2)\n\n"
                        "Stoikal démarre avec les réglages d'origine, et les changements ne seront pas "
@@ -163,36 +163,36 @@ void StartUp::ReportUnreadableSettings()
 
 void StartUp::FindJournal()
 {
-    SessionState& state = m_session.state;
-    state.DossierResultats
-        = ResolveDataFolders(state, m_session.desktop, m_session.messages, &m_mainWindow).results;
-    if (state.ModeReseau) {
-        state.FichierResultat = NetworkJournal();
+    Places& places = m_services.places;
+    places.DossierResultats
+        = ResolveDataFolders(places, m_services.desktop, m_services.messages, &m_mainWindow).results;
+    if (places.ModeReseau) {
+        places.FichierResultat = NetworkJournal();
         return;
     }
-    const auto folder = SeedEquationFolder(state.DossierResultats, m_session.desktop);
+    const auto folder = SeedEquationFolder(places.DossierResultats, m_services.desktop);
     if (!folder) {
         throw FatalFault(QStringLiteral("le dossier des fichiers d'équations ne peut pas être créé (%1).")
                              .arg(folder.Reason()),
-                         state.DossierResultats, 0, {});
+                         places.DossierResultats, 0, {});
     }
-    state.FichierResultat = WithSeparator(state.DossierResultats) + QStringLiteral("Resultat.txt");
+    places.FichierResultat = WithSeparator(places.DossierResultats) + QStringLiteral("Resultat.txt");
 }
 
 QString StartUp::NetworkJournal()
 {
-    SessionState& state = m_session.state;
-    state.DossierDepot = DepositName(m_session.settings);
-    while (state.DossierDepot.isEmpty()) {
-        frmDepot window(m_session.settings, m_session.messages, nullptr);
+    Places& places = m_services.places;
+    places.DossierDepot = DepositName(m_services.settings);
+    while (places.DossierDepot.isEmpty()) {
+        frmDepot window(m_services.settings, m_services.messages, nullptr);
         window.exec();
-        state.DossierDepot = window.FolderName();
+        places.DossierDepot = window.FolderName();
     }
-    QString user = m_session.desktop.user.LoginName();
+    QString user = m_services.desktop.user.LoginName();
     if (user.isEmpty())
         user = QStringLiteral("Inconnu");
     // One password for all pupils: an empty file until a teacher sets one.
-    const PasswordStore password(state, m_session.settings);
+    const PasswordStore password(places, m_services.settings);
     const auto made = password.MakeCommonFile();
     if (!made) {
         throw FatalFault(
@@ -201,10 +201,11 @@ QString StartUp::NetworkJournal()
                 "Vérifiez ce dossier, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» (section "
                 "«\u00A0Réseau\u00A0») du "
                 "fichier %2")
-                .arg(made.Reason(), ShownPath(state.IniUtilisateur)),
-            CommonPasswordFile(state), 0, {});
+                .arg(made.Reason(), ShownPath(places.IniUtilisateur)),
+            CommonPasswordFile(places), 0, {});
     }
-    return DepositFolder(state) + QLatin1Char('/') + NetworkJournalName(user, m_session.desktop.clock.Now());
+    return DepositFolder(places) + QLatin1Char('/')
+        + NetworkJournalName(user, m_services.desktop.clock.Now());
 }
 
 QString NetworkJournalName(const QString& user, const QDateTime& now)
@@ -220,46 +221,46 @@ QString NetworkJournalName(const QString& user, const QDateTime& now)
 
 void StartUp::OpenJournal()
 {
-    const SessionState& state = m_session.state;
+    const Places& places = m_services.places;
     // A journal of one start is its account's: the others of the class may not alter it.
-    const auto opened = m_session.journal.Open(state.FichierResultat,
-                                               state.ModeReseau ? Sharing::FolderReads : Sharing::Folder);
+    const auto opened = m_services.journal.Open(places.FichierResultat,
+                                                places.ModeReseau ? Sharing::FolderReads : Sharing::Folder);
     if (opened) {
         ReportTornJournal();
         return;
     }
     QString cause
         = QStringLiteral("le fichier des résultats ne peut pas être ouvert (%1).").arg(opened.Reason());
-    if (state.ModeReseau) {
+    if (places.ModeReseau) {
         cause += QStringLiteral(
                      "\nVérifiez le dossier de dépôt, ou corrigez le réglage «\u00A0Dossier Dépôt\u00A0» "
                      "(section «\u00A0Réseau\u00A0») du fichier %1")
-                     .arg(ShownPath(state.IniUtilisateur));
+                     .arg(ShownPath(places.IniUtilisateur));
     }
-    throw FatalFault(cause, state.FichierResultat, 0, {});
+    throw FatalFault(cause, places.FichierResultat, 0, {});
 }
 
 void StartUp::ReportTornJournal()
 {
-    if (!m_session.journal.HadTornEnd())
+    if (!m_services.journal.HadTornEnd())
         return;
-    m_session.messages.Warning(
+    m_services.messages.Warning(
         &m_mainWindow, QStringLiteral("Stoikal"),
         QStringLiteral("Le fichier des résultats s'arrêtait au milieu d'une ligne\u00A0:\n%1\n"
                        "Une coupure de courant en est sans doute la cause.\n\n"
                        "La suite sera écrite sur une ligne à part. Prévenez votre professeur\u00A0: "
                        "la dernière réponse d'avant la coupure peut manquer.")
-            .arg(ShownPath(m_session.journal.Path())));
+            .arg(ShownPath(m_services.journal.Path())));
 }
 
 void StartUp::ReportFoldersWithoutLocks()
 {
-    const QStringList folders = FoldersWithoutLocks(m_session.state);
+    const QStringList folders = FoldersWithoutLocks(m_services.places);
     if (folders.isEmpty())
         return;
     QStringList shown;
     std::transform(folders.begin(), folders.end(), std::back_inserter(shown), ShownPath);
-    m_session.messages.Warning(
+    m_services.messages.Warning(
         &m_mainWindow, QStringLiteral("Stoikal"),
         QStringLiteral(
             "Ce disque ou ce partage ne permet pas de réserver un fichier pendant qu'il est écrit\u00A0:\n"
@@ -283,7 +284,7 @@ void StartUp::ShowSplash()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_mainWindow.menuBar()->show();
     LoadBackground();
-    frmSplash splash(m_session.desktop.folders.Program(), m_session.desktop.user.RealName(), &m_mainWindow);
+    frmSplash splash(m_services.desktop.folders.Program(), m_services.desktop.user.RealName(), &m_mainWindow);
     m_canTell = true;
     QTimer::singleShot(0, this, &StartUp::TellNewVersion);
     splash.exec();
@@ -292,9 +293,9 @@ void StartUp::ShowSplash()
 void StartUp::ShowTip()
 {
     const QString key = QStringLiteral("Show Tips at Startup");
-    const QString value = m_session.settings.Read(Options(), key);
+    const QString value = m_services.settings.Read(Options(), key);
     const bool shows = value.isEmpty() || value == QLatin1String("1");
-    m_session.settings.Remember(Options(), key, shows ? QStringLiteral("1") : QStringLiteral("0"));
+    m_services.settings.Remember(Options(), key, shows ? QStringLiteral("1") : QStringLiteral("0"));
     if (shows)
         Q_EMIT TipAsked();
 }
@@ -302,8 +303,8 @@ void StartUp::ShowTip()
 void StartUp::PresetBubbles()
 {
     const QString key = QStringLiteral("Show info-bulles at Startup");
-    if (m_session.settings.Read(Options(), key).isEmpty())
-        m_session.settings.Remember(Options(), key, QStringLiteral("1"));
+    if (m_services.settings.Read(Options(), key).isEmpty())
+        m_services.settings.Remember(Options(), key, QStringLiteral("1"));
 }
 
 } // namespace stoikal

@@ -6,7 +6,11 @@
 namespace stoikal {
 
 class frmStoikal;
-struct Session;
+class Messages;
+class ResultsJournal;
+class Settings;
+struct Places;
+struct Platform;
 
 /// All that a run of the program needs before the user acts, in a fixed order.
 class StartUp final : public QObject
@@ -14,7 +18,15 @@ class StartUp final : public QObject
     Q_OBJECT
 
 public:
-    StartUp(Session& session, frmStoikal& mainWindow);
+    struct Services {
+        Places& places; ///< found here
+        ResultsJournal& journal; ///< opened here
+        Settings& settings;
+        Messages& messages;
+        const Platform& desktop;
+    };
+
+    StartUp(const Services& services, frmStoikal& mainWindow);
 
     /// Runs all steps; comes back once the splash and the tip are gone. A journal
     /// that cannot be opened is a FatalFault.
@@ -44,7 +56,7 @@ private:
     void ShowTip();
     void PresetBubbles();
 
-    Session& m_session;
+    Services m_services;
     frmStoikal& m_mainWindow;
     QStringList m_steps;
     QString m_background; ///< path of the picture that fits the screen; empty for none

@@ -5,6 +5,12 @@
 
 namespace stoikal {
 
+/// What the stopwatch shows, and what a run had used before its last restart.
+struct StopwatchSeconds {
+    double ElapsedSeconds = 0;
+    double BankedSeconds = 0;
+};
+
 /// A stopwatch without a window and without a clock: the caller gives the
 /// counter's reading. Suspending stops the display, not the time: the start is
 /// set only at rest, or by `RestartFrom`.

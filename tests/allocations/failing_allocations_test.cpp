@@ -1,6 +1,6 @@
 #include "scarce_memory.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "editor/work_file.h"
 #include "equation_files/equation_file.h"
@@ -133,7 +133,7 @@ TEST_F(FailingAllocations, SettingsAreReadByAStoreThatCouldNotReadThemBefore)
 TEST_F(FailingAllocations, PasswordOfAClassIsReadOrNot)
 {
     File(u"MotDePasse.txt"_s, "un mot de passe assez long\r\n");
-    SessionState state;
+    Places state;
     state.ModeReseau = true;
     state.DossierResultats = folder.path();
     SettingsStore store;

@@ -373,7 +373,7 @@ TEST_F(FrmExpert, StopsASearchBeforeItGoes)
     FillASearch();
     int unloadsThen = -1;
     DuringTheSearch([&] {
-        window.Close();
+        window.Release();
         unloadsThen = unloads;
     });
 
@@ -387,7 +387,7 @@ TEST_F(FrmExpert, StopsASearchBeforeItGoes)
 
 TEST_F(FrmExpert, GoesAtOnceWithoutASearch)
 {
-    window.Close();
+    window.Release();
     EXPECT_EQ(unloads, 1);
 }
 

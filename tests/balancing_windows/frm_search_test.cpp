@@ -379,7 +379,7 @@ TEST_F(FrmSearch, StopsASearchBeforeItGoes)
     int unloadsThen = -1;
     Open();
     QTimer::singleShot(0, &window, [&] {
-        window.Close();
+        window.Release();
         unloadsThen = unloads;
     });
 
@@ -440,7 +440,7 @@ TEST_F(FrmSearch, HasItsFindingsInTheFileWheneverTheProgramMayEnd)
 TEST_F(FrmSearch, GoesAtOnceWithoutASearch)
 {
     Open();
-    window.Close();
+    window.Release();
     EXPECT_EQ(unloads, 1);
 }
 

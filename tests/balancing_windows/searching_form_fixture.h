@@ -22,7 +22,7 @@ class SearchingFormTest : public testing::Test
 protected:
     SearchingFormTest()
     {
-        QObject::connect(&window, &Window::Unloaded, [this] { ++unloads; });
+        QObject::connect(&window, &Form::Released, [this] { ++unloads; });
     }
 
     void Open()

@@ -443,7 +443,7 @@ TEST_F(FrmMassMol, KeepsItsFourSettingsAtItsEnd)
     Store(u"Volume molaire"_s, u"1"_s);
     Enter(1, u"50"_s); // Typed, not computed with.
 
-    window->KeepData();
+    window->Release();
 
     EXPECT_EQ(Stored(u"Left"_s, u"MassMol Window"_s), u"6000"_s);
     EXPECT_EQ(Stored(u"Top"_s, u"MassMol Window"_s), u"3000"_s);

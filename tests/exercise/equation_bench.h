@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/places.h"
 #include "base/text_lines.h"
 #include "exercise/open_run.h"
 #include "exercise/results_journal.h"
 #include "exercise/windows/frm_equation.h"
 #include "forms/filter_edit.h"
-#include "forms/menu_state.h"
 #include "support/fake_messages.h"
 #include "support/fake_platform.h"
 #include "support/window_driver.h"
@@ -19,33 +19,27 @@
 
 namespace stoikal {
 
-enum class RunKind { Balancing, Series, FreeSimulation };
-
 /// The exercise on the screen over an equation file of its own, set up as the
-/// main window does it: the entry of the charges follows the equation.
+/// main window does it.
 class EquationBench : public testing::Test
 {
 protected:
     EquationBench()
     {
-        menu.Add(QStringLiteral("Mnu_Charge"), {false, false, true, {}});
-        session.LargeurUtile = 15310; // 1024 * 15 - 50
-        session.HauteurUtile = 10770; // 768 * 15 - 750
-        session.TitreFichier = QStringLiteral("chimie.Equ");
+        places.LargeurUtile = 15310; // 1024 * 15 - 50
+        places.HauteurUtile = 10770; // 768 * 15 - 750
+        run.ChooseFile(folder.filePath(QStringLiteral("chimie.Equ")));
         EXPECT_TRUE(journal.Open(folder.filePath(QStringLiteral("Resultat.txt"))));
     }
 
-    void OpenFile(const QByteArray& text) { OpenRun(run, folder.filePath(session.TitreFichier), text); }
+    void OpenFile(const QByteArray& text) { OpenRun(run, run.State().CheminFichier, text); }
 
     void Open(const QByteArray& text, RunKind kind = RunKind::Balancing)
     {
-        session.FichierAvancement = kind != RunKind::Balancing;
-        session.SerieExercices = kind == RunKind::Series;
+        run.SetKind(kind);
         OpenFile(text);
         window = std::make_unique<frmEquation>(
-            run, frmEquation::Doors{session, menu, journal, messages, screen, sound}, nullptr);
-        QObject::connect(window.get(), &frmEquation::EquationRead, window.get(),
-                         [this] { menu.SetEnabled("Mnu_Charge", session.ChargesPresentes); });
+            run, frmEquation::Doors{places, journal, messages, screen, sound}, nullptr);
         QObject::connect(window.get(), &frmEquation::Recomposed, window.get(), [this] { ++recomposed; });
         QObject::connect(window.get(), &frmEquation::EndOfFileReached, window.get(), [this] { ++ends; });
         window->ReadNextEquation();
@@ -124,13 +118,13 @@ protected:
     }
 
     QTemporaryDir folder;
-    SessionState session;
-    MenuState menu;
+    Places places;
+    RunState state;
     ResultsJournal journal;
     FakeMessages messages;
     FakeScreen screen;
     FakeSound sound;
-    ExerciseRun run{session};
+    ExerciseRun run{state};
     std::unique_ptr<frmEquation> window;
     int recomposed = 0;
     int ends = 0;

@@ -20,8 +20,8 @@ using Verdict = ExerciseRun::Verdict;
 /// A run over an equation file of its own.
 struct Bench {
     QTemporaryDir folder;
-    SessionState session;
-    ExerciseRun run{session};
+    RunState state;
+    ExerciseRun run{state};
 
     explicit Bench(const QByteArray& text) { Open(text); }
 
@@ -54,10 +54,10 @@ TEST(ExerciseRun, ReadsTheEquationsInTheOrderOfTheFile)
 
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::Equation);
     EXPECT_EQ(bench.run.Record().Slots[0].Molecule, u"H2"_s);
-    EXPECT_EQ(bench.session.NumEquation, 1);
+    EXPECT_EQ(bench.run.State().NumEquation, 1);
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::Equation);
     EXPECT_EQ(bench.run.Record().Slots[0].Molecule, u"C"_s);
-    EXPECT_EQ(bench.session.NumEquation, 2);
+    EXPECT_EQ(bench.run.State().NumEquation, 2);
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::EndOfFile);
 }
 
@@ -67,9 +67,9 @@ TEST(ExerciseRun, PassesOverCommentsAndEmptyLines)
 
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::Equation);
 
-    EXPECT_EQ(bench.session.NumEquation, 1);
-    EXPECT_EQ(bench.session.NumeroLigne, 4);
-    EXPECT_EQ(bench.session.LigneEquation, u"H2+O2=H2O/2,1,2"_s);
+    EXPECT_EQ(bench.run.State().NumEquation, 1);
+    EXPECT_EQ(bench.run.State().NumeroLigne, 4);
+    EXPECT_EQ(bench.run.State().LigneEquation, u"H2+O2=H2O/2,1,2"_s);
 }
 
 TEST(ExerciseRun, EndsBehindTrailingComments)
@@ -124,8 +124,8 @@ TEST(ExerciseRun, GivesAndTakesPointsForTheStepsOfATable)
 
 TEST(ExerciseRun, ReadsNothingWithoutAFile)
 {
-    SessionState session;
-    ExerciseRun run(session);
+    RunState state;
+    ExerciseRun run(state);
     EXPECT_FALSE(run.IsOpen());
     EXPECT_EQ(run.ReadNextEquation(), Step::NoFile);
 
@@ -134,7 +134,7 @@ TEST(ExerciseRun, ReadsNothingWithoutAFile)
     bench.run.Close();
     EXPECT_FALSE(bench.run.IsOpen());
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::NoFile);
-    EXPECT_EQ(bench.session.NumEquation, 0);
+    EXPECT_EQ(bench.run.State().NumEquation, 0);
 }
 
 TEST(ExerciseRun, CountsThePointsThatCouldBeWonWhileReading)
@@ -162,9 +162,9 @@ TEST(ExerciseRun, StartsOverWithEachFile)
 
     EXPECT_EQ(bench.run.State().Score, 0);
     EXPECT_EQ(bench.run.State().MaxScore, 0);
-    EXPECT_EQ(bench.session.NumEquation, 0);
+    EXPECT_EQ(bench.run.State().NumEquation, 0);
     EXPECT_EQ(bench.run.ReadNextEquation(), Step::Equation);
-    EXPECT_EQ(bench.session.NumEquation, 1);
+    EXPECT_EQ(bench.run.State().NumEquation, 1);
 }
 
 TEST(ExerciseRun, JudgesAgainInTheFileAfterAShownSolution)
@@ -184,20 +184,20 @@ TEST(ExerciseRun, TellsOfEachEquationWhetherItIsCharged)
     Bench bench("Ag{+}+Cl{-}=AgCl/1,1,1\nC+O2=CO2/1,1,1\n");
 
     bench.run.ReadNextEquation();
-    EXPECT_TRUE(bench.session.ChargesPresentes);
+    EXPECT_TRUE(bench.run.State().ChargesPresentes);
     bench.run.ReadNextEquation();
-    EXPECT_FALSE(bench.session.ChargesPresentes);
+    EXPECT_FALSE(bench.run.State().ChargesPresentes);
 }
 
-TEST(ExerciseRun, LeavesThePlaceOfAFaultyLineInTheSession)
+TEST(ExerciseRun, LeavesThePlaceOfAFaultyLineInTheState)
 {
     Bench bench("' title\nC+O2=CO2/1,1,1\nH2+O2\n");
     bench.run.ReadNextEquation();
 
     EXPECT_THROW(bench.run.ReadNextEquation(), FatalFault);
 
-    EXPECT_EQ(bench.session.NumeroLigne, 3);
-    EXPECT_EQ(bench.session.LigneEquation, u"H2+O2"_s);
+    EXPECT_EQ(bench.run.State().NumeroLigne, 3);
+    EXPECT_EQ(bench.run.State().LigneEquation, u"H2+O2"_s);
     EXPECT_EQ(bench.run.State().MaxScore, 5);
     EXPECT_EQ(bench.run.Record().Slots[0].Molecule, u"C"_s);
 }
@@ -276,15 +276,15 @@ TEST(ExerciseRun, CannotCountASpeciesThatBeginsWithASmallLetter)
     EXPECT_THROW(bench.run.Compose(kEmpty), FatalFault);
 }
 
-TEST(ExerciseRun, SumsTheChargesIntoTheSession)
+TEST(ExerciseRun, SumsTheChargesIntoTheState)
 {
     Bench bench("Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1\n");
     bench.run.ReadNextEquation();
 
     bench.run.Compose({u"5"_s, u""_s, u""_s, u"2"_s, u"3"_s, u""_s});
 
-    EXPECT_EQ(bench.session.ChargeTotalReactants, 15); // 5 * 3
-    EXPECT_EQ(bench.session.ChargeTotalProducts, 10); // 2 * 2 + 3 * 2
+    EXPECT_EQ(bench.run.State().ChargeTotalReactants, 15); // 5 * 3
+    EXPECT_EQ(bench.run.State().ChargeTotalProducts, 10); // 2 * 2 + 3 * 2
 }
 
 TEST(ExerciseRun, CountsOneSpeciesAlone)
@@ -314,7 +314,7 @@ TEST(ExerciseRun, TakesTwoPointsForAWrongAnswer)
 {
     Bench bench("H2+O2=H2O/2,1,2\n");
     bench.run.ReadNextEquation();
-    bench.run.State().Score = 5;
+    bench.state.Score = 5;
 
     EXPECT_EQ(bench.Answer(kEmpty), Verdict::Wrong);
 
@@ -326,7 +326,7 @@ TEST(ExerciseRun, ShowsTheSolutionOnceTheScoreHasFallenToZero)
 {
     Bench bench("H2+O2=H2O/2,1,2\n");
     bench.run.ReadNextEquation();
-    bench.run.State().Score = 5;
+    bench.state.Score = 5;
 
     EXPECT_EQ(bench.Answer(kEmpty), Verdict::Wrong); // 5 - 2
     EXPECT_EQ(bench.run.State().Score, 3);
@@ -354,7 +354,7 @@ TEST(ExerciseRun, NeitherGivesNorTakesForAReducibleAnswer)
 {
     Bench bench("H2+O2=H2O/2,1,2\n");
     bench.run.ReadNextEquation();
-    bench.run.State().Score = 3;
+    bench.state.Score = 3;
 
     EXPECT_EQ(bench.Answer({u"4"_s, u"2"_s, u""_s, u"4"_s, u""_s, u""_s}), Verdict::Reducible);
 
@@ -384,7 +384,7 @@ TEST(ExerciseRun, WantsTheChargesToBalanceToo)
 {
     Bench bench("Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1\n");
     bench.run.ReadNextEquation();
-    bench.run.State().Score = 5;
+    bench.state.Score = 5;
 
     // Fe 1 and Cu 1 on both sides, but the charges are 3 and 2 + 2.
     EXPECT_EQ(bench.Answer(kEmpty), Verdict::Wrong);
@@ -401,8 +401,8 @@ TEST(ExerciseRun, ForgetsTheChargesOfTheEquationBefore)
 
     EXPECT_EQ(bench.Answer(kEmpty), Verdict::Right);
 
-    EXPECT_EQ(bench.session.ChargeTotalReactants, 0);
-    EXPECT_EQ(bench.session.ChargeTotalProducts, 0);
+    EXPECT_EQ(bench.run.State().ChargeTotalReactants, 0);
+    EXPECT_EQ(bench.run.State().ChargeTotalProducts, 0);
 }
 
 } // namespace stoikal

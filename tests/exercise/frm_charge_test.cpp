@@ -1,8 +1,9 @@
 #include "exercise/windows/frm_charge.h"
 #include "forms/window_events.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
+#include "exercise/run_state.h"
 #include "support/fake_platform.h"
 #include "support/window_driver.h"
 
@@ -24,8 +25,8 @@ class FrmCharge : public testing::Test
 protected:
     FrmCharge()
     {
-        session.LargeurUtile = 15310; // 1024 * 15 - 50
-        session.HauteurUtile = 10770; // 768 * 15 - 750
+        places.LargeurUtile = 15310; // 1024 * 15 - 50
+        places.HauteurUtile = 10770; // 768 * 15 - 750
         exercise.resize(400, 135);
         exercise.show();
         exercise.move(300, 603);
@@ -33,7 +34,7 @@ protected:
         Make();
     }
 
-    void Make() { window = std::make_unique<frmCharge>(session, settings, screen, nullptr); }
+    void Make() { window = std::make_unique<frmCharge>(run, places, settings, screen, nullptr); }
 
     QString Reactants() { return Control<QLabel>(*window, "lblChargeReac").text(); }
     QString Products() { return Control<QLabel>(*window, "lblChargeProd").text(); }
@@ -51,7 +52,8 @@ protected:
     QString file = folder.filePath(u"ConfEQU_dupont.ini"_s);
     SettingsStore store;
     Settings settings{store, file};
-    SessionState session;
+    RunState run;
+    Places places;
     FakeScreen screen;
     QWidget exercise;
     std::unique_ptr<frmCharge> window;
@@ -61,8 +63,8 @@ protected:
 
 TEST_F(FrmCharge, ShowsTheTotalsOfBothSides)
 {
-    session.ChargeTotalReactants = 3;
-    session.ChargeTotalProducts = -2;
+    run.ChargeTotalReactants = 3;
+    run.ChargeTotalProducts = -2;
     Make();
 
     EXPECT_EQ(window->windowTitle(), u"Total des charges"_s);
@@ -78,8 +80,8 @@ TEST_F(FrmCharge, ShowsZeroWithoutASign)
 
 TEST_F(FrmCharge, FollowsTheTotals)
 {
-    session.ChargeTotalReactants = -12;
-    session.ChargeTotalProducts = 120;
+    run.ChargeTotalReactants = -12;
+    run.ChargeTotalProducts = 120;
     window->ShowTotals();
 
     EXPECT_EQ(Reactants(), u"- 12"_s);

@@ -73,13 +73,13 @@ TEST_F(FrmEquationKeys, RecountTheAtomsAtEachDigit)
 TEST_F(FrmEquationKeys, RecountTheChargesAtEachDigit)
 {
     Open("Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1\n");
-    EXPECT_EQ(session.ChargeTotalReactants, 3);
-    EXPECT_EQ(session.ChargeTotalProducts, 4);
+    EXPECT_EQ(state.ChargeTotalReactants, 3);
+    EXPECT_EQ(state.ChargeTotalProducts, 4);
 
     Type(Box(0), u"4"_s);
-    EXPECT_EQ(session.ChargeTotalReactants, 12); // 4 * 3
+    EXPECT_EQ(state.ChargeTotalReactants, 12); // 4 * 3
     Type(Box(4), u"5"_s);
-    EXPECT_EQ(session.ChargeTotalProducts, 12); // 2 + 5 * 2
+    EXPECT_EQ(state.ChargeTotalProducts, 12); // 2 + 5 * 2
 }
 
 TEST_F(FrmEquationKeys, CountAnEmptiedBoxAsOne)

@@ -149,7 +149,7 @@ TEST_F(FrmEquationLayout, StandsThePlusMidway)
 TEST_F(FrmEquationLayout, ShowsSixLongSpeciesWholeOnANarrowScreen)
 {
     for (const int across : {1366, 1024, 800}) {
-        session.LargeurUtile = FromPixels(across) - 50;
+        places.LargeurUtile = FromPixels(across) - 50;
         Open(kSixLong);
 
         EXPECT_LE(window->width(), across) << across;
@@ -168,7 +168,7 @@ TEST_F(FrmEquationLayout, ShowsSixLongSpeciesWholeOnANarrowScreen)
 
 TEST_F(FrmEquationLayout, TakesTheUsualTypeAgainAfterALongEquation)
 {
-    session.LargeurUtile = FromPixels(800) - 50;
+    places.LargeurUtile = FromPixels(800) - 50;
     Open(kSixLong + kWater);
     const QFont small = Species(0).font();
     EXPECT_EQ(Box(0).font(), small);

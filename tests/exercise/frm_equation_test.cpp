@@ -96,7 +96,7 @@ TEST_F(FrmEquation, JudgesNothingDuringAFlash)
 TEST_F(FrmEquation, TakesTwoPointsForAWrongAnswerAndEmptiesTheBoxes)
 {
     Open(kWater);
-    run.State().Score = 5;
+    state.Score = 5;
     Answer({u"3"_s, u""_s, u""_s, u"2"_s});
 
     EXPECT_EQ(Score().text(), u"3"_s);
@@ -116,7 +116,7 @@ TEST_F(FrmEquation, TakesTwoPointsForAWrongAnswerAndEmptiesTheBoxes)
 TEST_F(FrmEquation, CountsTheAtomsOfTheEmptiedBoxes)
 {
     Open(kWater);
-    run.State().Score = 5;
+    state.Score = 5;
     Answer({u"3"_s, u""_s, u""_s, u"2"_s});
 
     EXPECT_EQ(Totals(run.Reactants()), u"H2 O2"_s);
@@ -213,7 +213,7 @@ TEST_F(FrmEquation, TakesEmptyBoxesForOneAndFillsThem)
 TEST_F(FrmEquation, SaysThatThereIsASimplerAnswer)
 {
     Open(kWaterThenCarbon);
-    run.State().Score = 3;
+    state.Score = 3;
     Answer({u"4"_s, u"2"_s, u""_s, u"4"_s});
 
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -255,7 +255,7 @@ TEST_F(FrmEquation, SeesNoSimplerAnswerThanSixThreeNine)
 TEST_F(FrmEquation, IsWrongWithoutAWordOnTheReasonWhenOnlyTheChargesDiffer)
 {
     Open("Fe{3+}+Cu=Fe{2+}+Cu{2+}/2,1,2,1\n");
-    run.State().Score = 5;
+    state.Score = 5;
     Click(Other()); // Fe 1 and Cu 1 on both sides, charges 3 and 2 + 2
 
     EXPECT_EQ(Score().text(), u"3"_s);
@@ -275,7 +275,7 @@ TEST_F(FrmEquation, WritesTheSpeciesAsTheyAreShown)
 TEST_F(FrmEquation, WritesAnEmptySecondReactantAsABlank)
 {
     Open("CaCO3=CaO+CO2/1,1,1\n");
-    run.State().Score = 5;
+    state.Score = 5;
     Answer({u"2"_s});
 
     // "2 CaCO3", " + ", nothing, a blank, nothing, " ---> ", nothing, a blank ...
@@ -294,7 +294,7 @@ TEST_F(FrmEquation, TellsOnceThatTheJournalCannotBeWritten)
 {
     Open(kWater);
     journal.Close();
-    run.State().Score = 9;
+    state.Score = 9;
     Answer({u"3"_s});
     Answer({u"3"_s});
 

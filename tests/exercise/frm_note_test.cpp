@@ -1,7 +1,7 @@
 #include "exercise/windows/frm_note.h"
 #include "forms/window_events.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "forms/picture_surface.h"
 #include "support/fake_platform.h"
 #include "support/window_driver.h"
@@ -28,13 +28,13 @@ class FrmNote : public testing::Test
 protected:
     FrmNote()
     {
-        session.LargeurUtile = 15310; // 1024 * 15 - 50
-        session.HauteurUtile = 10770; // 768 * 15 - 750
+        places.LargeurUtile = 15310; // 1024 * 15 - 50
+        places.HauteurUtile = 10770; // 768 * 15 - 750
     }
 
     void Open(std::optional<frmNote::Earned> earned)
     {
-        window = std::make_unique<frmNote>(session, u',', u"chimie.Equ"_s, earned, nullptr);
+        window = std::make_unique<frmNote>(places, u',', u"chimie.Equ"_s, earned, nullptr);
         window->Place(screen);
         window->show();
         Settle();
@@ -71,7 +71,7 @@ protected:
 
     double Percent(int x) { return 100.0 * x / Table().width(); }
 
-    SessionState session;
+    Places places;
     FakeScreen screen;
     std::unique_ptr<frmNote> window;
 };

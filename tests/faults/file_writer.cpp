@@ -10,7 +10,7 @@
 
 #include "balancing/equation_search.h"
 #include "base/full_disk.h"
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "base/shared_file.h"
 #include "base/whole_file.h"
@@ -85,7 +85,7 @@ Outcome<QString> MendHighScores(const QString& folder, const QString&)
 
 Outcome<QString> SetPassword(const QString& folder, const QString& text)
 {
-    SessionState state;
+    Places state;
     state.ModeReseau = true;
     state.DossierResultats = folder;
     SettingsStore store;

@@ -468,12 +468,12 @@ void Monkey::LetTimePass()
 /// validation of them all.
 void Monkey::AnswerExercise()
 {
-    frmEquation* const exercise = m_shell == nullptr ? nullptr : m_shell->Desk().Exercise();
+    frmEquation* const exercise = m_shell == nullptr ? nullptr : m_shell->RunWindows().Exercise();
     if (exercise == nullptr || QApplication::activeModalWidget() != nullptr) {
         ClickSomething();
         return;
     }
-    const EquationRecord& record = m_shell->State().run.Record();
+    const EquationRecord& record = m_shell->Run().Record();
     bool isFilled = false;
     for (std::size_t slot = 0; slot < record.Slots.size(); ++slot) {
         auto* const box = exercise->findChild<QLineEdit*>(ArrayName("txtCoef", static_cast<int>(slot)));

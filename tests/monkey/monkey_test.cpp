@@ -8,7 +8,7 @@
 #include "monkey.h"
 
 #include "calibration.h"
-#include "program_state.h"
+#include "seen_state.h"
 #include "virtual_time.h"
 
 #include "base/fatal_fault.h"
@@ -241,11 +241,11 @@ private:
         monkey.Begin(*shell, std::min(m_actions, monkey.Done() + kSessionActions));
         shell->Start();
         EXPECT_TRUE(
-            shell->State().settings.Write(u"Options"_s, u"PassWord"_s, QLatin1String(Monkey::kPassword)));
+            shell->UserSettings().Write(u"Options"_s, u"PassWord"_s, QLatin1String(Monkey::kPassword)));
         if (!m_hasEnded)
             QApplication::exec();
         monkey.End();
-        monkey.AddToDigest(ProgramState(m_folder.Path()));
+        monkey.AddToDigest(SeenState(m_folder.Path()));
         shell.reset();
         Settle();
     }

@@ -94,10 +94,10 @@ TEST_F(RunOnALowScreen, OfAnAnswer)
     OpenFile({kPropane, kMethane, kAlumina}, u"Combustions.Equ"_s);
     Choose("Mnu_Taille(3)");
     Choose("Mnu_Chrono");
-    shell->Desk().Chrono().move(716, 236);
+    shell->Stopwatch().Window().move(716, 236);
     ClockReaches(374);
     Fill(Exercise(), "txtCoef", {u"1"_s, u"5"_s, {}, u"3"_s, u"3"_s});
-    KeepDesk(u"run"_s, {&shell->Desk().Chrono(), &Exercise()});
+    KeepDesk(u"run"_s, {&shell->Stopwatch().Window(), &Exercise()});
     Choose("Mnu_Chrono");
     Validate({{}, {}, {}, {}, u"4"_s});
     Keep(Exercise(), u"run_right"_s);

@@ -22,16 +22,15 @@ class ProgressBench : public EquationBench, protected ProgressExercise
 protected:
     void OpenProgress(const QByteArray& text, RunKind kind)
     {
-        session.FichierAvancement = kind != RunKind::Balancing;
-        session.SerieExercices = kind == RunKind::Series;
+        run.SetKind(kind);
         OpenFile(text);
         window = std::make_unique<frmEquation>(
-            run, frmEquation::Doors{session, menu, journal, messages, screen, sound}, nullptr);
+            run, frmEquation::Doors{places, journal, messages, screen, sound}, nullptr);
         pane = new ProgressPane({settings, messages, QLatin1Char(',')}, *this);
         window->SetLowerPane(pane);
         QObject::connect(window.get(), &frmEquation::EquationRead, pane, [this] {
-            if (session.FichierAvancement)
-                pane->TakeEquation(run.Record(), session.SerieExercices);
+            if (state.FichierAvancement())
+                pane->TakeEquation(run.Record(), state.SerieExercices());
         });
         QObject::connect(window.get(), &frmEquation::EndOfFileReached, window.get(), [this] { ++ends; });
         QObject::connect(pane, &ProgressPane::TableChanged, window.get(), [this] { ++tableChanges; });

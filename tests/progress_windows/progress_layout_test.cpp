@@ -1,3 +1,4 @@
+#include "forms/species_label.h"
 #include "progress_windows/progress_bench.h"
 
 namespace stoikal {
@@ -64,16 +65,15 @@ TEST_F(ProgressLayout, FitsASmallScreenWithSixSpecies)
 
 TEST_F(ProgressLayout, StandsSpeciesCloserWhereTheScreenIsNarrow)
 {
-    session.LargeurUtile = 60000;
+    places.LargeurUtile = 60000;
     OpenSeries(kMany);
     const int wide = window->width();
-    session.LargeurUtile = FromPixels(wide - 1);
+    places.LargeurUtile = FromPixels(wide - 1);
     OpenSeries(kMany);
 
     EXPECT_LT(window->width(), wide);
     for (int slot = 0; slot < 6; ++slot) {
-        const int text = QFontMetrics(Species(slot).font()).horizontalAdvance(Species(slot).text());
-        EXPECT_GE(Species(slot).width(), text) << slot;
+        EXPECT_GE(Species(slot).width(), dynamic_cast<SpeciesLabel&>(Species(slot)).DrawnWidth()) << slot;
         EXPECT_GE(Cell("txtQmati", slot).width(), Species(slot).width()) << slot;
     }
 }

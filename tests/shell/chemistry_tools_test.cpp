@@ -62,8 +62,8 @@ protected:
 
     void StorePlace(const QString& section, const QString& left, const QString& top)
     {
-        EXPECT_TRUE(shell->State().settings.Write(section, u"Left"_s, left));
-        EXPECT_TRUE(shell->State().settings.Write(section, u"Top"_s, top));
+        EXPECT_TRUE(shell->UserSettings().Write(section, u"Left"_s, left));
+        EXPECT_TRUE(shell->UserSettings().Write(section, u"Top"_s, top));
     }
 
     /// The mouse moves over a window while the calculator is gone.

@@ -1,6 +1,6 @@
 #include "shell/data_folders.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 
 #include "support/failing_file.h"
 #include "support/fake_messages.h"
@@ -29,7 +29,7 @@ protected:
     QTemporaryDir folder;
     FakePlatform desktop;
     FakeMessages messages;
-    SessionState session;
+    Places session;
 };
 
 /// A new program folder with two shipped exercises and a tips file.

@@ -22,14 +22,14 @@ class ClosingAFile : public StartedShellTest
 protected:
     bool IsStopwatchAtRest()
     {
-        return !Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive()
-            && Control<QLabel>(shell->Desk().Chrono(), "lblTime").text() == u"00:00,0"_s;
+        return !Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive()
+            && Control<QLabel>(shell->Stopwatch().Window(), "lblTime").text() == u"00:00,0"_s;
     }
 
     bool StopwatchCanBePressed()
     {
-        return Control<QAbstractButton>(shell->Desk().Chrono(), "cmdRAZ").isEnabled()
-            && Control<QAbstractButton>(shell->Desk().Chrono(), "chkStart_Stop").isEnabled();
+        return Control<QAbstractButton>(shell->Stopwatch().Window(), "cmdRAZ").isEnabled()
+            && Control<QAbstractButton>(shell->Stopwatch().Window(), "chkStart_Stop").isEnabled();
     }
 };
 
@@ -127,11 +127,11 @@ TEST_F(ClosingAFile, LeavesAllAsItWasOnNo)
     EXPECT_TRUE(Entry("Mnu_Charge").isChecked());
     EXPECT_NE(FindWindow("frmReactif"), nullptr);
     EXPECT_TRUE(Entry("Mnu_Close").isEnabled());
-    EXPECT_EQ(State().NumEquation, 2);
-    EXPECT_EQ(State().TitreFichier, u"Serie1.Equ"_s);
+    EXPECT_EQ(State().run.NumEquation, 2);
+    EXPECT_EQ(State().run.TitreFichier, u"Serie1.Equ"_s);
     EXPECT_EQ(JournalText(), journal);
     ClockReaches(35);
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 3.5);
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 3.5);
 }
 
 TEST_F(ClosingAFile, LeavesClosedChargesClosedOnNo)
@@ -157,11 +157,11 @@ TEST_F(ClosingAFile, ClosesEverythingOnYes)
     Settle();
 
     ExpectFreeMode();
-    EXPECT_FALSE(shell->State().run.IsOpen());
-    EXPECT_EQ(shell->Desk().Exercise(), nullptr);
+    EXPECT_FALSE(shell->Run().IsOpen());
+    EXPECT_EQ(shell->RunWindows().Exercise(), nullptr);
     EXPECT_TRUE(IsStopwatchAtRest());
     EXPECT_TRUE(StopwatchCanBePressed());
-    EXPECT_EQ(State().ElapsedSeconds, 0);
+    EXPECT_EQ(State().stopwatch.ElapsedSeconds, 0);
 }
 
 TEST_F(ClosingAFile, GivesNoMark)
@@ -207,7 +207,7 @@ TEST_F(ClosingAFile, KeepsTheIdentityForTheNextOne)
               before
                   + AsFileText({Stars(), u"Nom du fichier : Serie2.Equ - 1 équations"_s,
                                 u"Jour et Heure :05/03/2016 14:07:12"_s, Hyphens()}));
-    EXPECT_EQ(State().NumEquation, 1);
+    EXPECT_EQ(State().run.NumEquation, 1);
 }
 
 TEST_F(EndOfARun, ShowsTheMark)
@@ -240,9 +240,9 @@ TEST_F(EndOfARun, HasClosedTheFileWhenTheMarkIsShown)
         EXPECT_FALSE(Entry("Mnu_Close").isEnabled());
         EXPECT_FALSE(Entry("Mnu_Charge").isEnabled());
         EXPECT_FALSE(Entry("Mnu_Charge").isChecked());
-        EXPECT_FALSE(shell->State().run.IsOpen());
-        EXPECT_EQ(State().NumEquation, 0);
-        EXPECT_FALSE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
+        EXPECT_FALSE(shell->Run().IsOpen());
+        EXPECT_EQ(State().run.NumEquation, 0);
+        EXPECT_FALSE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
         Click(Control<QPushButton>(note, "cmdStay"));
     });
 
@@ -284,7 +284,7 @@ TEST_F(EndOfARun, EndsTheProgramByQuitter)
     AnswerWater();
 
     EXPECT_EQ(ends, 1);
-    EXPECT_FALSE(shell->State().journal.IsOpen());
+    EXPECT_FALSE(shell->Journal().IsOpen());
     EXPECT_TRUE(JournalText().endsWith(u" -------> Note : 20,00/20 - Temps écoulé : 04,20 s\r\n"_s));
 }
 
@@ -351,7 +351,7 @@ TEST_F(EndOfARun, OpensNoWindowForAPressThatWasWaiting)
     OpenFreeSimulation(u"C<s>+O2<g>=CO2<g>/1,1,1#Q3,Q2,Q0"_s);
     CountTheMarks();
     QStringList shown;
-    QObject::connect(&shell->Desk(), &ExerciseDesk::MassMolShown,
+    QObject::connect(&shell->MolarMasses(), &MolarMassesController::Shown,
                      [&shown](bool isShown) { shown << (isShown ? u"+"_s : u"-"_s); });
 
     ClickWithoutLooking(Control<QWidget>(Exercise(), "cmdNext"));
@@ -419,10 +419,10 @@ TEST_F(EndOfARun, StartsAgainFromZero)
     AnswerDialog(EquationFolder() + u"/Serie1.Equ"_s);
     PressInNote("cmdAgain");
     AnswerWater();
-    ASSERT_NE(shell->Desk().Exercise(), nullptr);
-    EXPECT_EQ(State().NumEquation, 1);
+    ASSERT_NE(shell->RunWindows().Exercise(), nullptr);
+    EXPECT_EQ(State().run.NumEquation, 1);
     EXPECT_EQ(Control<QLabel>(Exercise(), "lblScore").text(), u"0"_s);
-    EXPECT_EQ(State().ElapsedSeconds, 0);
+    EXPECT_EQ(State().stopwatch.ElapsedSeconds, 0);
     for (const char* const window : {"frmEquation", "frmReactif", "frmProduit"})
         EXPECT_NE(FindWindow(window), nullptr) << window;
     PressInNote("cmdStay");

@@ -81,7 +81,7 @@ QJsonObject LookAround(const QMessageBox& box, Shell& shell)
             {u"icon"_s, static_cast<int>(box.icon())},
             {u"windows"_s, windows},
             {u"timers"_s, timers},
-            {u"journalIsOpen"_s, shell.State().journal.IsOpen()}};
+            {u"journalIsOpen"_s, shell.Journal().IsOpen()}};
 }
 
 /// The person before the screen: leaves the splash, keeps what is preset, reads
@@ -103,7 +103,7 @@ void ServeModalWindow(Shell& shell)
 
 void AnswerFirstEquation(Shell& shell, const QString& coefficients)
 {
-    frmEquation& exercise = *shell.Desk().Exercise();
+    frmEquation& exercise = *shell.RunWindows().Exercise();
     const QStringList texts = coefficients.split(u',');
     for (int slot = 0; slot < texts.size(); ++slot)
         exercise.findChild<QLineEdit*>(ArrayName("txtCoef", slot))->setText(texts.at(slot));
@@ -112,7 +112,7 @@ void AnswerFirstEquation(Shell& shell, const QString& coefficients)
 
 void Play(Shell& shell, const QString& name, const QString& coefficients)
 {
-    shell.State().state.NomEleve = u"DUPONT"_s;
+    shell.State().pupil.NomEleve = u"DUPONT"_s;
     if (name == u"nested"_s) {
         QDialog question;
         question.setObjectName(u"question"_s);
@@ -166,7 +166,7 @@ int Run(int argc, char** argv)
     QObject::connect(&person, &QTimer::timeout, [&shell] { ServeModalWindow(shell); });
     person.start();
     application.RunGuarded([&] {
-        application.SetFaultCleaner([&shell] { shell.State().journal.Close(); });
+        application.SetFaultCleaner([&shell] { shell.Journal().Close(); });
         application.SetFaultPlace([&shell](const FatalFault& fault) { return shell.WithPlace(fault); });
         shell.Start();
         QTimer::singleShot(0, [&] { Play(shell, name, arguments.value(3)); });

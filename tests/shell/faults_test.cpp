@@ -315,7 +315,7 @@ TEST_F(FullDisk, IsToldOnceAndTheRunGoesOn)
     EXPECT_EQ(messages.shown[0].title, u"Stoikal"_s);
     EXPECT_EQ(messages.shown[0].icon, QMessageBox::Critical);
     EXPECT_TRUE(messages.shown[0].text.contains(journal)) << messages.shown[0].text.toStdString();
-    EXPECT_EQ(State().NumEquation, 3);
+    EXPECT_EQ(State().run.NumEquation, 3);
     EXPECT_EQ(Control<QLabel>(Exercise(), "lblScore").text(), u"10"_s);
 }
 

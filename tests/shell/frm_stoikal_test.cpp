@@ -140,7 +140,7 @@ TEST_F(FrmStoikal, EndsTheProgramWhenItIsClosed)
     shell->MainWindow().close();
 
     EXPECT_EQ(ends, 1);
-    EXPECT_FALSE(shell->State().journal.IsOpen());
+    EXPECT_FALSE(shell->Journal().IsOpen());
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -151,8 +151,8 @@ TEST_F(FrmStoikal, EndsTheProgramByItsMenuWithoutAQuestion)
     Choose("Mnu_End");
 
     EXPECT_EQ(ends, 1);
-    EXPECT_FALSE(shell->State().journal.IsOpen());
-    EXPECT_FALSE(shell->State().run.IsOpen());
+    EXPECT_FALSE(shell->Journal().IsOpen());
+    EXPECT_FALSE(shell->Run().IsOpen());
     EXPECT_TRUE(messages.shown.empty());
 }
 

@@ -41,7 +41,7 @@ protected:
 
     QAbstractButton& ChronoButton(const char* name)
     {
-        return Control<QAbstractButton>(shell->Desk().Chrono(), name);
+        return Control<QAbstractButton>(shell->Stopwatch().Window(), name);
     }
 };
 
@@ -174,7 +174,7 @@ TEST_F(MenuCommands, NameTheSlotsOutsideARun)
         {"Mnu_Produit(3)", u"P1"_s}, {"Mnu_Produit(4)", u"P2"_s}, {"Mnu_Produit(5)", u"P3"_s}};
     for (const auto& [name, caption] : captions) {
         EXPECT_EQ(Entry(name).text(), caption);
-        EXPECT_TRUE(Menu().Get(name).visible) << name;
+        EXPECT_TRUE(Menu().IsVisible(name)) << name;
     }
 }
 
@@ -296,7 +296,7 @@ TEST_F(MenuCommands, ShowAndHideTheStopwatchThatRunsOn)
     ClockReaches(75);
 
     Choose("Mnu_Chrono");
-    EXPECT_EQ(Control<QLabel>(shell->Desk().Chrono(), "lblTime").text(), u"00:07,5"_s);
+    EXPECT_EQ(Control<QLabel>(shell->Stopwatch().Window(), "lblTime").text(), u"00:07,5"_s);
 }
 
 TEST_F(MenuCommands, UnloadAStopwatchThatTheUserCloses)
@@ -311,7 +311,7 @@ TEST_F(MenuCommands, UnloadAStopwatchThatTheUserCloses)
     EXPECT_EQ(FindWindow("frmChrono"), nullptr);
 
     Choose("Mnu_Chrono");
-    EXPECT_EQ(Control<QLabel>(shell->Desk().Chrono(), "lblTime").text(), u"00:00,0"_s);
+    EXPECT_EQ(Control<QLabel>(shell->Stopwatch().Window(), "lblTime").text(), u"00:00,0"_s);
     EXPECT_TRUE(ChronoButton("chkStart_Stop").isEnabled());
 }
 
@@ -328,12 +328,12 @@ TEST_F(MenuCommands, OnlyHideTheStopwatchOfAScoredRun)
     EXPECT_FALSE(Entry("Mnu_Chrono").isChecked());
     EXPECT_EQ(FindWindow("frmChrono"), nullptr);
     ClockReaches(75);
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 7.5);
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 7.5);
     Choose("Mnu_Chrono");
-    shell->Desk().Chrono().close();
+    shell->Stopwatch().Window().close();
     EXPECT_EQ(FindWindow("frmChrono"), nullptr);
     ClockReaches(80);
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 8.0);
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 8.0);
 }
 
 TEST_F(MenuCommands, TellABadSymbolBeforeTheComposition)

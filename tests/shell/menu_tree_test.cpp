@@ -1,6 +1,6 @@
 #include "shell/menu_tree.h"
 
-#include "forms/menu_state.h"
+#include "shell/program_state.h"
 #include "shell/windows/frm_stoikal.h"
 
 #include "support/window_driver.h"
@@ -120,26 +120,50 @@ QStringList Entries()
     return names;
 }
 
-/// The entries of a state that fulfil a condition, in the order of the tree.
+/// The names of the entries that fulfil a condition in a state, in the order of
+/// the tree.
 template <typename Condition>
-QStringList Where(const MenuState& state, Condition holds)
+void AppendWhere(QStringList& names, const std::vector<MenuNode>& nodes, const ProgramState& state,
+                 Condition holds)
+{
+    for (const MenuNode& node : nodes) {
+        if (node.command && holds(EntryFor(*node.command, state)))
+            names << node.name;
+        AppendWhere(names, node.children, state, holds);
+    }
+}
+
+template <typename Condition>
+QStringList Where(const ProgramState& state, Condition holds)
 {
     QStringList names;
-    for (const QString& name : Entries()) {
-        if (state.All().contains(name) && holds(state.All().value(name)))
-            names << name;
-    }
+    AppendWhere(names, MenuTree(), state, holds);
     return names;
 }
 
-bool IsDisabled(const MenuState::Entry& entry)
+QStringList DisabledIn(const ProgramState& state)
 {
-    return !entry.enabled;
+    return Where(state, [](const EntryState& entry) { return !entry.isEnabled; });
 }
 
-bool IsMarked(const MenuState::Entry& entry)
+QStringList MarkedIn(const ProgramState& state)
 {
-    return entry.checked;
+    return Where(state, [](const EntryState& entry) { return entry.isMarked; });
+}
+
+QStringList HiddenIn(const ProgramState& state)
+{
+    return Where(state, [](const EntryState& entry) { return !entry.isVisible; });
+}
+
+/// A run whose first equation is H2 + O2 = H2O.
+ProgramState InARun()
+{
+    ProgramState state;
+    state.hasRun = true;
+    state.hasEquation = true;
+    state.molecules = {u"H2"_s, u"O2"_s, {}, u"H2O"_s, {}, {}};
+    return state;
 }
 
 /// The entries of two lists, in the order of the tree.
@@ -160,11 +184,6 @@ void ExpectWholeTree(const QStringList& lines)
         EXPECT_EQ(lines.at(i), kWholeTree.at(i));
 }
 
-struct FilledState {
-    MenuState state;
-    FilledState() { FillMenuState(state); }
-};
-
 } // namespace
 
 TEST(MenuTree, HoldsEachEntryWithItsCaptionInItsPlace)
@@ -178,8 +197,7 @@ TEST(MenuTree, HoldsEachEntryWithItsCaptionInItsPlace)
 
 TEST(MenuTree, StandsOnTheScreenAsItIs)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
+    frmStoikal window;
     QStringList lines;
 
     AppendActions(lines, 0, window.menuBar()->actions());
@@ -189,8 +207,7 @@ TEST(MenuTree, StandsOnTheScreenAsItIs)
 
 TEST(MenuTree, HasNoShortcutKeys)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
+    frmStoikal window;
 
     const auto actions = window.findChildren<QAction*>();
 
@@ -199,26 +216,9 @@ TEST(MenuTree, HasNoShortcutKeys)
         EXPECT_TRUE(action->shortcuts().isEmpty()) << action->objectName().toStdString();
 }
 
-TEST(MenuTree, MarksAtomsAndTheirPlainSizeAtStart)
-{
-    FilledState filled;
-
-    EXPECT_EQ(Where(filled.state, IsMarked), QStringList({u"Mnu_Atome"_s, u"Mnu_Taille(1)"_s}));
-}
-
-TEST(MenuTree, DisablesTheEntriesOfARunAtStart)
-{
-    FilledState filled;
-
-    EXPECT_EQ(Where(filled.state, IsDisabled),
-              QStringList({u"Mnu_Close"_s, u"Mnu_Copy"_s, u"Mnu_Del"_s, u"Mnu_Atome"_s, u"Mnu_Grow"_s,
-                           u"Mnu_Compo"_s, u"Mnu_MassMol"_s, u"Mnu_Charge"_s, u"Mnu_Solution"_s}));
-}
-
 TEST(MenuTree, LetsOnlyTheTogglesCarryAMark)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
+    frmStoikal window;
     QStringList markable;
 
     for (const QString& name : Entries()) {
@@ -235,96 +235,139 @@ TEST(MenuTree, LetsOnlyTheTogglesCarryAMark)
                            u"Mnu_Tableau"_s, u"Mnu_CalMol"_s, u"Mnu_SimulAnim"_s}));
 }
 
-TEST(SetFileSessionMenus, ClosesTheTeachersEntriesWhileAFileIsOpen)
+TEST(EntryFor, MarksAtomsAndTheirPlainSizeAtStart)
 {
-    FilledState filled;
-
-    SetFileSessionMenus(filled.state, true);
-
-    QStringList disabled = kClosedWhileOpen;
-    // It stands outside the set: the reader of the equations enables it.
-    disabled << u"Mnu_Charge"_s;
-    EXPECT_EQ(Where(filled.state, IsDisabled), InTreeOrder(disabled));
-    EXPECT_EQ(Where(filled.state, IsMarked), QStringList({u"Mnu_Atome"_s, u"Mnu_Taille(1)"_s}));
+    EXPECT_EQ(MarkedIn({}), QStringList({u"Mnu_Atome"_s, u"Mnu_Taille(1)"_s}));
 }
 
-TEST(SetFileSessionMenus, ClosesTheEntriesOfARunWithoutAFile)
+TEST(EntryFor, DisablesTheEntriesOfARunAtStart)
 {
-    FilledState filled;
-    SetFileSessionMenus(filled.state, true);
+    EXPECT_EQ(DisabledIn({}),
+              QStringList({u"Mnu_Close"_s, u"Mnu_Copy"_s, u"Mnu_Del"_s, u"Mnu_Atome"_s, u"Mnu_Grow"_s,
+                           u"Mnu_Compo"_s, u"Mnu_MassMol"_s, u"Mnu_Charge"_s, u"Mnu_Solution"_s}));
+}
 
-    SetFileSessionMenus(filled.state, false);
+TEST(EntryFor, ClosesTheTeachersEntriesInARun)
+{
+    QStringList disabled = kClosedWhileOpen;
+    // No charged species.
+    disabled << u"Mnu_Charge"_s;
+    EXPECT_EQ(DisabledIn(InARun()), InTreeOrder(disabled));
+    EXPECT_EQ(MarkedIn(InARun()), QStringList({u"Mnu_Atome"_s, u"Mnu_Taille(1)"_s}));
+}
+
+TEST(EntryFor, ClosesTheEntriesOfARunAfterIt)
+{
+    ProgramState state;
+    state.showsAtoms = false; // as the end of a run leaves it
 
     QStringList disabled = kOpenWhileOpen;
     disabled << u"Mnu_Charge"_s;
-    EXPECT_EQ(Where(filled.state, IsDisabled), InTreeOrder(disabled));
-    EXPECT_EQ(Where(filled.state, IsMarked), QStringList{u"Mnu_Taille(1)"_s});
+    EXPECT_EQ(DisabledIn(state), InTreeOrder(disabled));
+    EXPECT_EQ(MarkedIn(state), QStringList{u"Mnu_Taille(1)"_s});
 }
 
-TEST(SetFileSessionMenus, LeavesTheChargesAlone)
+TEST(EntryFor, OffersTheChargesWithAChargedEquationOnly)
 {
-    FilledState filled;
-    filled.state.SetEnabled("Mnu_Charge", true);
-    filled.state.SetChecked("Mnu_Charge", true);
+    ProgramState state = InARun();
+    state.isCharged = true;
+    EXPECT_FALSE(DisabledIn(state).contains(u"Mnu_Charge"_s));
 
-    SetFileSessionMenus(filled.state, true);
-    SetFileSessionMenus(filled.state, false);
-
-    EXPECT_TRUE(filled.state.IsEnabled("Mnu_Charge"));
-    EXPECT_TRUE(filled.state.IsChecked("Mnu_Charge"));
+    // The file is open, its first line not yet read.
+    state.hasEquation = false;
+    EXPECT_TRUE(DisabledIn(state).contains(u"Mnu_Charge"_s));
 }
 
-TEST(FrmStoikalMenus, OfferEveryEntryThatTheStateEnables)
+TEST(EntryFor, ClosesTheSizesWhileNoAtomsAreShown)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
+    ProgramState state = InARun();
+    state.showsAtoms = false;
 
-    for (const QString& name : Entries()) {
-        if (filled.state.All().contains(name))
-            filled.state.SetEnabled(qPrintable(name), true);
-    }
+    EXPECT_TRUE(DisabledIn(state).contains(u"Mnu_Grow"_s));
+    EXPECT_FALSE(DisabledIn(state).contains(u"Mnu_Atome"_s));
+    EXPECT_EQ(MarkedIn(state), QStringList{u"Mnu_Taille(1)"_s});
+}
 
-    for (const QString& name : Entries()) {
-        const auto* const action = window.findChild<QAction*>(name);
-        ASSERT_NE(action, nullptr) << name.toStdString();
-        EXPECT_TRUE(action->isSeparator() || action->isEnabled()) << name.toStdString();
+TEST(EntryFor, MarksTheSizeThatWasChosen)
+{
+    ProgramState state = InARun();
+    for (int size = 0; size < 4; ++size) {
+        state.atomSize = size;
+        EXPECT_EQ(MarkedIn(state), QStringList({u"Mnu_Atome"_s, u"Mnu_Taille(%1)"_s.arg(size)}));
     }
+}
+
+TEST(EntryFor, MarksEachWindowThatIsThere)
+{
+    const std::pair<Command, QString> windows[]{
+        {Command::MassMol, u"Mnu_MassMol"_s}, {Command::Charge, u"Mnu_Charge"_s},
+        {Command::Calc, u"Mnu_Calc"_s},       {Command::Chrono, u"Mnu_Chrono"_s},
+        {Command::Pref, u"Mnu_Pref"_s},       {Command::Expert, u"Mnu_Balance"_s},
+        {Command::Search, u"Mnu_Search"_s},   {Command::PeriodicTable, u"Mnu_Tableau"_s},
+        {Command::CalMol, u"Mnu_CalMol"_s},   {Command::SimulAnim, u"Mnu_SimulAnim"_s}};
+    for (const auto& [command, name] : windows) {
+        ProgramState state;
+        state.showsAtoms = false;
+        state.open = {command};
+        EXPECT_EQ(MarkedIn(state), InTreeOrder({u"Mnu_Taille(1)"_s, name}));
+    }
+}
+
+TEST(EntryFor, NamesTheSpeciesOfTheEquationAndHidesEmptySlots)
+{
+    EXPECT_EQ(EntryFor(Command::CompositionR1, InARun()).caption, u"H2"_s);
+    EXPECT_EQ(EntryFor(Command::CompositionR2, InARun()).caption, u"O2"_s);
+    EXPECT_EQ(EntryFor(Command::CompositionP1, InARun()).caption, u"H2O"_s);
+    EXPECT_EQ(HiddenIn(InARun()),
+              QStringList({u"Mnu_Reactif(2)"_s, u"Mnu_Produit(4)"_s, u"Mnu_Produit(5)"_s}));
+}
+
+TEST(EntryFor, NamesTheSlotsByTheTreeWithoutAnEquation)
+{
+    ProgramState state = InARun();
+    state.hasEquation = false;
+
+    for (const Command command : kCompositions)
+        EXPECT_EQ(EntryFor(command, state).caption, QString());
+    EXPECT_EQ(HiddenIn(state), QStringList());
 }
 
 TEST(FrmStoikalMenus, FollowTheState)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
-    const QAction& formula = Control<QAction>(window, "Mnu_Reactif(0)");
+    frmStoikal window;
+    const QAction& reactant = Control<QAction>(window, "Mnu_Reactif(0)");
+    const QAction& emptySlot = Control<QAction>(window, "Mnu_Reactif(2)");
     const QAction& close = Control<QAction>(window, "Mnu_Close");
     const QAction& size = Control<QAction>(window, "Mnu_Taille(3)");
     ASSERT_FALSE(close.isEnabled());
+    ProgramState state = InARun();
+    state.atomSize = 3;
 
-    filled.state.SetCaption("Mnu_Reactif(0)", u"H2"_s);
-    filled.state.SetVisible("Mnu_Reactif(0)", false);
-    filled.state.SetEnabled("Mnu_Close", true);
-    filled.state.SetChecked("Mnu_Taille(3)", true);
-
-    EXPECT_EQ(formula.text(), u"H2"_s);
-    EXPECT_FALSE(formula.isVisible());
+    window.ShowMenu(state);
+    EXPECT_EQ(reactant.text(), u"H2"_s);
+    EXPECT_FALSE(emptySlot.isVisible());
     EXPECT_TRUE(close.isEnabled());
     EXPECT_TRUE(size.isChecked());
+
+    window.ShowMenu({});
+    EXPECT_EQ(reactant.text(), u"R1"_s);
+    EXPECT_TRUE(emptySlot.isVisible());
+    EXPECT_FALSE(close.isEnabled());
+    EXPECT_FALSE(size.isChecked());
 }
 
 TEST(FrmStoikalMenus, SayWhatWasChosenWithoutMovingTheMark)
 {
-    FilledState filled;
-    frmStoikal window(filled.state);
+    frmStoikal window;
     QSignalSpy chosen(&window, &frmStoikal::EntryChosen);
     QAction& chrono = Control<QAction>(window, "Mnu_Chrono");
 
     chrono.trigger();
 
     ASSERT_EQ(chosen.count(), 1);
-    EXPECT_EQ(chosen.at(0).at(0).toString(), u"Mnu_Chrono"_s);
+    EXPECT_EQ(chosen.at(0).at(0).value<Command>(), Command::Chrono);
     // Whether the stopwatch came is for its window to tell.
     EXPECT_FALSE(chrono.isChecked());
-    EXPECT_FALSE(filled.state.IsChecked("Mnu_Chrono"));
 }
 
 } // namespace stoikal

@@ -86,7 +86,7 @@ TEST_F(NetworkClass, TeacherPicksAFileOfTheDepositToRead)
     auto* const text = qobject_cast<TextWindow*>(FindWindow("frmTexte"));
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(Control<QPlainTextEdit>(*text, "txtTexte").toPlainText(), u"Nom élève :DURAND\n"_s);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_TRUE(shell->Journal().IsOpen());
 }
 
 TEST_F(NetworkClass, LostPasswordIsToldOnceToWhoOpensAProtectedEntry)
@@ -121,7 +121,7 @@ TEST_F(NetworkClass, LostPasswordIsToldOnceToWhoOpensAProtectedEntry)
 TEST_F(NetworkClass, LostPasswordIsToldToWhoSetsANewOne)
 {
     WriteTextFile(Deposit("MotDePasse.txt"), {});
-    QFile results(State().FichierResultat);
+    QFile results(State().places.FichierResultat);
     ASSERT_TRUE(results.open(QIODevice::ReadWrite));
     ASSERT_TRUE(
         results.setFileTime(QDateTime::currentDateTime().addSecs(-3600), QFileDevice::FileModificationTime));
@@ -149,7 +149,7 @@ TEST_F(NetworkClass, CancelledChoiceEndsQuietly)
 
     EXPECT_EQ(messages.shown.size(), 1U); // The question alone.
     EXPECT_EQ(FindWindow("frmTexte"), nullptr);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_TRUE(shell->Journal().IsOpen());
 }
 
 TEST_F(NetworkClass, FileThatWentMeanwhileIsTold)
@@ -160,7 +160,7 @@ TEST_F(NetworkClass, FileThatWentMeanwhileIsTold)
 
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].text, u"Erreur sur le nom du fichier."_s);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_TRUE(shell->Journal().IsOpen());
 }
 
 TEST_F(NetworkClass, TeacherEmptiesAFileOfTheDeposit)
@@ -175,17 +175,17 @@ TEST_F(NetworkClass, TeacherEmptiesAFileOfTheDeposit)
     EXPECT_FALSE(QFileInfo::exists(path));
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_EQ(messages.shown[1].text, u"Fichier EQU_durand_5_3_2016_9_0.txt vidé."_s);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_TRUE(shell->Journal().IsOpen());
 }
 
 TEST_F(NetworkClass, OwnJournalIsEmptiedAndGoesOn)
 {
-    EXPECT_TRUE(shell->State().journal.WriteLines({u"ancien"_s}));
-    AnswerDialog(State().FichierResultat);
+    EXPECT_TRUE(shell->Journal().WriteLines({u"ancien"_s}));
+    AnswerDialog(State().places.FichierResultat);
     messages.answers = {QMessageBox::Yes};
 
     ChooseAsTeacher("Mnu_Clean");
-    EXPECT_TRUE(shell->State().journal.WriteLines({u"nouveau"_s}));
+    EXPECT_TRUE(shell->Journal().WriteLines({u"nouveau"_s}));
 
     EXPECT_EQ(JournalText(), u"nouveau\r\n"_s);
 }
@@ -209,13 +209,13 @@ TEST_F(NetworkClass, PasswordsFileCanBeNeitherShownNorEmptied)
     }
 
     EXPECT_EQ(TextOfFile(Deposit("MotDePasse.txt")), u"Sesame\r\n"_s);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_TRUE(shell->Journal().IsOpen());
 }
 
 TEST_F(NetworkClass, PasswordsFileIsNoExercise)
 {
     // By its own name, in another spelling and folder, by a link, by a second name.
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     WriteTextFile(EquationFolder() + u"/MOTDEPASSE.txt"_s, {u"Sesame"_s});
     ASSERT_TRUE(QFile::link(Deposit("MotDePasse.txt"), EquationFolder() + u"/lien.Equ"_s));
     ASSERT_EQ(::link(qPrintable(Deposit("MotDePasse.txt")), qPrintable(EquationFolder() + u"/double.Equ"_s)),
@@ -239,13 +239,13 @@ TEST_F(NetworkClass, PasswordsFileIsNoExercise)
         ASSERT_EQ(desktop.dialogs.asked.size(), 2U);
         EXPECT_EQ(desktop.dialogs.asked[1].folder, QFileInfo(path).absolutePath());
         EXPECT_EQ(desktop.dialogs.asked[1].filter, 1);
-        EXPECT_FALSE(shell->State().run.IsOpen());
+        EXPECT_FALSE(shell->Run().IsOpen());
     }
 }
 
 TEST_F(NetworkClass, PasswordsFileIsNotOpenedByAnyOtherWay)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     EnterThePassword();
     Choose("Mnu_Search");
     Settle();
@@ -257,13 +257,13 @@ TEST_F(NetworkClass, PasswordsFileIsNotOpenedByAnyOtherWay)
 
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_FALSE(messages.shown[1].text.contains(u"Sesame"_s));
-    EXPECT_FALSE(shell->State().run.IsOpen());
-    EXPECT_EQ(State().CheminFichier, QString());
+    EXPECT_FALSE(shell->Run().IsOpen());
+    EXPECT_EQ(State().run.CheminFichier, QString());
 }
 
 TEST_F(NetworkClass, PasswordIsThatOfTheDepositAndNotOfTheUser)
 {
-    EXPECT_TRUE(shell->State().settings.Write(u"Options"_s, u"PassWord"_s, u"mien"_s));
+    EXPECT_TRUE(shell->UserSettings().Write(u"Options"_s, u"PassWord"_s, u"mien"_s));
     EnterThePassword(u"mien"_s);
     script.On("frmMotPasse", [](QWidget& window) { Click(Control<QPushButton>(window, "cmdCancel")); });
 
@@ -350,7 +350,7 @@ TEST_F(NetworkClass, JournalTakenAwayWithItsFolderIsToldOnceAndWrittenWhenTheFol
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(
         messages.shown[0].text.startsWith(u"Le fichier des résultats ne peut pas être complété :\n"_s));
-    EXPECT_EQ(State().NumEquation, 4); // The run goes on.
+    EXPECT_EQ(State().run.NumEquation, 4); // The run goes on.
 
     MadeFolder("share/Classe3");
     script.On("frmNote", [](QWidget& note) { Click(Control<QPushButton>(note, "cmdStay")); });
@@ -391,7 +391,7 @@ TEST_F(NetworkClass, LosingTheNetworkDoesNotTurnToThePasswordOfTheUser)
     BringTheShareBack();
 
     EXPECT_EQ(FindWindow("frmSearch"), nullptr);
-    EXPECT_TRUE(State().ModeReseau);
+    EXPECT_TRUE(State().places.ModeReseau);
 }
 
 } // namespace stoikal

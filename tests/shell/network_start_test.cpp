@@ -78,13 +78,13 @@ TEST_F(NetworkStart, AsksForTheDepositFolderOnce)
         Click(Control<QPushButton>(window, "cmdOK"));
     });
     Start();
-    EXPECT_EQ(State().DossierDepot, u"Classe3"_s);
+    EXPECT_EQ(State().places.DossierDepot, u"Classe3"_s);
     EXPECT_EQ(Setting("Réseau", "Dossier Dépôt"), u"Classe3"_s);
 
     // No step for the window: a second question would keep the start waiting.
     Start();
 
-    EXPECT_EQ(State().DossierDepot, u"Classe3"_s);
+    EXPECT_EQ(State().places.DossierDepot, u"Classe3"_s);
 }
 
 TEST_F(NetworkStart, AsksAgainWhileTheNameIsEmpty)
@@ -109,9 +109,9 @@ TEST_F(NetworkStart, MakesAJournalOfItsOwn)
 
     Start();
 
-    EXPECT_TRUE(State().ModeReseau);
-    EXPECT_EQ(State().FichierResultat, Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
-    EXPECT_TRUE(QFileInfo::exists(State().FichierResultat));
+    EXPECT_TRUE(State().places.ModeReseau);
+    EXPECT_EQ(State().places.FichierResultat, Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
+    EXPECT_TRUE(QFileInfo::exists(State().places.FichierResultat));
 }
 
 TEST_F(NetworkStart, CallsAnUnknownUserInconnuInTheJournalsName)
@@ -123,7 +123,7 @@ TEST_F(NetworkStart, CallsAnUnknownUserInconnuInTheJournalsName)
 
     Start();
 
-    EXPECT_EQ(State().FichierResultat, Share("Classe3/EQU_Inconnu_5_3_2016_14_7.txt"));
+    EXPECT_EQ(State().places.FichierResultat, Share("Classe3/EQU_Inconnu_5_3_2016_14_7.txt"));
 }
 
 TEST_F(NetworkStart, AppendsToTheJournalOfTheSameMinute)
@@ -173,12 +173,12 @@ TEST_F(NetworkStart, LeavesTheDocumentsAlone)
 {
     NameTheDeposit();
     Start();
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     desktop.dialogs.answers = {std::nullopt};
 
     Choose("Mnu_Open(0)");
 
-    EXPECT_EQ(State().DossierDocuments, QString());
+    EXPECT_EQ(State().places.DossierDocuments, QString());
     EXPECT_FALSE(QFileInfo::exists(EquationFolder()));
     // The equation files are taken from the current folder then.
     ASSERT_EQ(desktop.dialogs.asked.size(), 1U);
@@ -193,7 +193,7 @@ TEST_F(NetworkStart, NamesFileAndSettingOfAMissingDepositFolder)
 
     EXPECT_EQ(fault.File(), Share("Classe4/MotDePasse.txt"));
     EXPECT_TRUE(fault.Cause().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s)) << fault.Cause().toStdString();
-    EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
+    EXPECT_TRUE(fault.Cause().contains(State().places.IniUtilisateur));
     EXPECT_FALSE(QFileInfo::exists(Share("Classe4")));
 }
 
@@ -206,7 +206,7 @@ TEST_F(NetworkStart, NamesFileAndSettingOfAJournalThatCannotBeOpened)
 
     EXPECT_EQ(fault.File(), Share("Classe3/EQU_dupont_5_3_2016_14_7.txt"));
     EXPECT_TRUE(fault.Cause().contains(u"«\u00A0Dossier Dépôt\u00A0»"_s)) << fault.Cause().toStdString();
-    EXPECT_TRUE(fault.Cause().contains(State().IniUtilisateur));
+    EXPECT_TRUE(fault.Cause().contains(State().places.IniUtilisateur));
 }
 
 TEST_F(NetworkStart, ShowsOneSeparatorBehindADepositFolderNamedWithOne)

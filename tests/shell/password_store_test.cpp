@@ -1,6 +1,6 @@
 #include "shell/password_store.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "support/file_bytes.h"
 #include "support/file_size_limit.h"
@@ -59,7 +59,7 @@ protected:
     }
 
     ReachableFolder folder;
-    SessionState state;
+    Places state;
     SettingsStore store;
     Settings settings{store, state.IniUtilisateur};
     PasswordStore passwords{state, settings};
@@ -145,7 +145,7 @@ TEST_F(PasswordStoreTest, ChangeOnAShareIsTheOnlyLineOfTheFile)
 TEST_F(PasswordStoreTest, ChangeOnAShareIsSeenByAnotherUserAtOnce)
 {
     OnAShare();
-    SessionState other = state;
+    Places other = state;
     other.IniUtilisateur = folder.filePath(u"ConfEQU_durand.ini"_s);
     Settings otherSettings(store, other.IniUtilisateur);
     const PasswordStore others(other, otherSettings);

@@ -2,7 +2,7 @@
 #include "shell/windows/frm_mot_passe.h"
 #include "shell/windows/frm_pass_word.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "shell/password_store.h"
 #include "support/fake_messages.h"
@@ -51,7 +51,7 @@ protected:
     }
 
     QTemporaryDir folder;
-    SessionState state;
+    Places state;
     SettingsStore store;
     Settings settings{store, state.IniUtilisateur};
     PasswordStore passwords{state, settings};

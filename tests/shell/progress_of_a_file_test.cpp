@@ -1,7 +1,7 @@
 #include "shell_fixture.h"
 
-#include "shell/exercise_desk.h"
 #include "shell/help_topics.h"
+#include "shell/run_controller.h"
 
 #include <QCheckBox>
 #include <QFileInfo>
@@ -26,7 +26,7 @@ protected:
     void OpenProgressFile(const QStringList& lines, const char* option)
     {
         AnswerDialog(WriteEquations(lines, u"Avancement.Avt"_s), 1);
-        if (State().NomEleve.isEmpty())
+        if (State().pupil.NomEleve.isEmpty())
             IdentifyWhenAsked();
         script.On("frmChoixSimul", [option](QWidget& window) {
             Click(Control<QAbstractButton>(window, option));
@@ -139,14 +139,14 @@ TEST_F(ProgressOfAFile, CountsNoTimeBetweenTwoEquations)
     AnswerMasses({u"12"_s, u"32"_s, {}, u"44"_s});
     ClockReaches(200);
     AnswerCarbonTable();
-    EXPECT_FALSE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
-    EXPECT_DOUBLE_EQ(State().BankedSeconds, 20);
+    EXPECT_FALSE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
+    EXPECT_DOUBLE_EQ(State().stopwatch.BankedSeconds, 20);
     ClockReaches(500);
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 20);
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 20);
 
     Click(Button("cmdNext"));
     ClockReaches(550);
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 25);
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 25);
     SolveCarbon();
     ClockReaches(900);
     PressInNote("cmdStay");
@@ -160,7 +160,7 @@ TEST_F(ProgressOfAFile, StopsTheClockWhenTheSolutionIsGivenToo)
 {
     OpenSeries({kCarbon});
     AnswerMasses({u"1"_s, u"1"_s, {}, u"1"_s});
-    EXPECT_TRUE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
+    EXPECT_TRUE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
     ClockReaches(70);
     FillRow("txtMasse", {u"1"_s, u"1"_s, {}, u"1"_s});
     FillRow("txtVolGaz", {{}, u"1"_s, {}, u"1"_s});
@@ -168,8 +168,8 @@ TEST_F(ProgressOfAFile, StopsTheClockWhenTheSolutionIsGivenToo)
     Click(Button("cmdValidMVQ"));
 
     EXPECT_EQ(Shown("txtMasse", 0), u"36,0"_s);
-    EXPECT_FALSE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
-    EXPECT_DOUBLE_EQ(State().BankedSeconds, 7);
+    EXPECT_FALSE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
+    EXPECT_DOUBLE_EQ(State().stopwatch.BankedSeconds, 7);
     EXPECT_EQ(Control<QLabel>(Exercise(), "lblScore").text(), u"0"_s);
 }
 
@@ -211,7 +211,7 @@ TEST_F(ProgressOfAFile, StartsAgainFromZero)
     Settle();
 
     EXPECT_EQ(Control<QLabel>(Exercise(), "lblScore").text(), u"0"_s);
-    EXPECT_EQ(State().BankedSeconds, 0);
+    EXPECT_EQ(State().stopwatch.BankedSeconds, 0);
     EXPECT_EQ(Shown("txtMasMol", 0), QString());
     EXPECT_TRUE(Cell("txtMasMol", 0).isEnabled());
 }
@@ -346,10 +346,9 @@ TEST_F(ProgressOfAFile, TellsAMolarVolumeThatNothingCanBeComputedWith)
     OpenSeries({u"C<s>+O2<g>=CO2<g>/1,1,1#Q0,V44.8"_s});
     AnswerMasses({u"12"_s, u"32"_s, {}, u"44"_s});
     // 44.8 L of a gas of 10^100 L/mol are as good as nothing.
-    EXPECT_TRUE(
-        shell->State().settings.Write(u"Données"_s, u"Volume molaire"_s, u"1"_s + QString(100, u'0')));
+    EXPECT_TRUE(shell->UserSettings().Write(u"Données"_s, u"Volume molaire"_s, u"1"_s + QString(100, u'0')));
 
-    Q_EMIT shell->Desk().GasDataChanged();
+    Q_EMIT shell->MolarMasses().GasDataChanged();
 
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(messages.shown[0].text.contains(u"l'avancement maximal est nul ou trop petit."_s));

@@ -47,7 +47,7 @@ protected:
         EXPECT_TRUE(desktop.trash.moved.isEmpty());
         EXPECT_EQ(JournalText(), m_journal);
         EXPECT_EQ(FilesOfFolder(), m_files);
-        EXPECT_TRUE(shell->State().journal.IsOpen());
+        EXPECT_TRUE(shell->Journal().IsOpen());
         if (GetParam().isForARun) {
             EXPECT_EQ(Coefficients(), QString());
         }
@@ -255,7 +255,7 @@ TEST_P(EachProtectedEntry, IsTakenAwayUnderAnOpenMenu)
     ASSERT_NE(menu, nullptr);
     menu->popup(QPoint(10, 10));
     Settle();
-    Menu().SetEnabled(GetParam().entry, false);
+    action.setEnabled(false);
 
     QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(&action).center());
     Settle();
@@ -267,8 +267,8 @@ TEST_P(EachProtectedEntry, IsTakenAwayUnderAnOpenMenu)
 
 TEST_P(EachProtectedEntry, NeverOpensWhenTheCommonPasswordIsOutOfReach)
 {
-    State().ModeReseau = true;
-    State().DossierDepot = u"absent"_s;
+    State().places.ModeReseau = true;
+    State().places.DossierDepot = u"absent"_s;
     WhenAsked([](QWidget& window) { Click(Control<QPushButton>(window, "cmdOK")); });
     CancelThePassword();
 

@@ -38,8 +38,8 @@ protected:
     void SetUp() override
     {
         Start();
-        QFile::remove(State().IniUtilisateur);
-        ASSERT_TRUE(QDir().mkpath(State().IniUtilisateur));
+        QFile::remove(State().places.IniUtilisateur);
+        ASSERT_TRUE(QDir().mkpath(State().places.IniUtilisateur));
     }
 };
 
@@ -64,9 +64,9 @@ TEST_F(OpeningAFile, AsksWhoThePupilIs)
 
     Choose("Mnu_Open(0)");
 
-    EXPECT_EQ(State().NomEleve, u"DUPONT"_s);
-    EXPECT_EQ(State().PrenomEleve, u"Paul"_s);
-    EXPECT_EQ(State().ClasseEleve, u"3B"_s);
+    EXPECT_EQ(State().pupil.NomEleve, u"DUPONT"_s);
+    EXPECT_EQ(State().pupil.PrenomEleve, u"Paul"_s);
+    EXPECT_EQ(State().pupil.ClasseEleve, u"3B"_s);
     EXPECT_EQ(
         JournalText(),
         AsFileText({{}, Stars(), u"Nom élève :DUPONT"_s, u"Prénom élève :Paul"_s, u"Classe élève :3B"_s}));
@@ -81,7 +81,7 @@ TEST_F(OpeningAFile, ShowsTheNameInTheCaptionLetterForLetter)
 
 TEST_F(OpeningAFile, GoesStraightToTheDialogWithANameKnown)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     desktop.dialogs.answers = {std::nullopt};
 
     // No step for the identification: its window would keep the test waiting.
@@ -103,7 +103,7 @@ TEST_F(OpeningAFile, StopsWhenThePupilDoesNotIdentify)
     Choose("Mnu_Open(0)");
 
     EXPECT_TRUE(desktop.dialogs.asked.empty());
-    EXPECT_EQ(State().NomEleve, QString());
+    EXPECT_EQ(State().pupil.NomEleve, QString());
     EXPECT_EQ(JournalText(), QString());
     EXPECT_EQ(Setting("Options", "Files by default"), QString());
     ExpectFreeMode();
@@ -117,13 +117,13 @@ TEST_F(OpeningAFile, MayEndTheProgramInstead)
     Choose("Mnu_Open(0)");
 
     EXPECT_EQ(ends, 1);
-    EXPECT_FALSE(shell->State().journal.IsOpen());
+    EXPECT_FALSE(shell->Journal().IsOpen());
     EXPECT_TRUE(desktop.dialogs.asked.empty());
 }
 
 TEST_F(OpeningAFile, ShowsTheFolderAndTheFiltersOfEquationFiles)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     desktop.dialogs.answers = {std::nullopt};
 
     Choose("Mnu_Open(0)");
@@ -141,7 +141,7 @@ TEST_F(OpeningAFile, ShowsTheFolderAndTheFiltersOfEquationFiles)
 
 TEST_F(OpeningAFile, ShowsTheFilterOfProgressFilesToTheSecondEntry)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     desktop.dialogs.answers = {std::nullopt};
 
     shell->Files().Mnu_Open_Click(1);
@@ -153,7 +153,7 @@ TEST_F(OpeningAFile, ShowsTheFilterOfProgressFilesToTheSecondEntry)
 
 TEST_F(OpeningAFile, RemembersTheFilterLeftActive)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     AnswerDialog(WriteEquations(kThreeEquations), 1);
 
     Choose("Mnu_Open(0)");
@@ -163,7 +163,7 @@ TEST_F(OpeningAFile, RemembersTheFilterLeftActive)
 
 TEST_F(OpeningAFile, AsksForTheKindOfFileWhenTheSettingTellsNeither)
 {
-    EXPECT_TRUE(shell->State().settings.Write(u"Options"_s, u"Files by default"_s, u"XYZ"_s));
+    EXPECT_TRUE(shell->UserSettings().Write(u"Options"_s, u"Files by default"_s, u"XYZ"_s));
     desktop.dialogs.answers = {std::nullopt};
     script.On("frmEtude", [this](QWidget& window) {
         EXPECT_EQ(Setting("Options", "Files by default"), u"EQU"_s);
@@ -180,7 +180,7 @@ TEST_F(OpeningAFile, AsksForTheKindOfFileWhenTheSettingTellsNeither)
 
 TEST_F(OpeningWithoutSettings, AsksForTheKindOfFileOnceAndTakesTheFirstFilter)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     desktop.dialogs.answers = {std::nullopt};
     script.On("frmEtude", [](QWidget& window) {
         Click(Control<QRadioButton>(window, "optEtude(1)"));
@@ -199,16 +199,16 @@ TEST_F(OpeningWithoutSettings, AsksForTheKindOfFileOnceAndTakesTheFirstFilter)
 
 TEST_F(OpeningAFile, CancelledLeavesTheStopwatchAtRest)
 {
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     Choose("Mnu_Chrono");
-    Click(Control<QAbstractButton>(shell->Desk().Chrono(), "chkStart_Stop"));
+    Click(Control<QAbstractButton>(shell->Stopwatch().Window(), "chkStart_Stop"));
     ClockReaches(50);
     desktop.dialogs.answers = {std::nullopt};
 
     Choose("Mnu_Open(0)");
 
-    EXPECT_FALSE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
-    EXPECT_EQ(Control<QLabel>(shell->Desk().Chrono(), "lblTime").text(), u"00:00,0"_s);
+    EXPECT_FALSE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
+    EXPECT_EQ(Control<QLabel>(shell->Stopwatch().Window(), "lblTime").text(), u"00:00,0"_s);
     ExpectFreeMode();
 }
 
@@ -223,7 +223,7 @@ TEST_F(OpeningAFile, RefusesAFileWithoutEquations)
               u"Le fichier sélectionné ne contient aucune équation.\n"
               "Dans le menu Fichier, cliquez sur Modifier un fichier d'équations existant ...\n"
               "Sélectionnez le fichier Vide.Equ et rajoutez une série d'équations."_s);
-    EXPECT_FALSE(shell->State().run.IsOpen());
+    EXPECT_FALSE(shell->Run().IsOpen());
     EXPECT_FALSE(JournalText().contains(u"Nom du fichier"_s));
     ExpectFreeMode();
 }
@@ -238,8 +238,8 @@ TEST_F(OpeningAFile, RefusesAFileAboveTheLimitAndGoesOn)
         messages.shown[0].text,
         u"Le fichier d'équations « %1 » ne peut pas être lu\u00A0: la ligne 2 est trop longue\u00A0: "
         "8\u00A0Ko au plus.\n\nChoisissez un autre fichier."_s.arg(EquationFolder() + u"/Longue.Equ"_s));
-    EXPECT_FALSE(shell->State().run.IsOpen());
-    EXPECT_EQ(State().CheminFichier, QString());
+    EXPECT_FALSE(shell->Run().IsOpen());
+    EXPECT_EQ(State().run.CheminFichier, QString());
     ExpectFreeMode();
 }
 
@@ -263,18 +263,18 @@ TEST_F(OpeningAFile, AsksForSeriesOrSimulationWhenAFileHasData)
     OpenFile({u"H2+O2=H2O/2,1,2#Q1,Q1,Q0"_s}, u"Avancement.Avt"_s,
              [](QWidget& window) { Click(Control<QPushButton>(window, "cmdChoix")); });
 
-    EXPECT_TRUE(State().FichierAvancement);
-    EXPECT_TRUE(State().SerieExercices);
-    EXPECT_TRUE(State().IsScored());
+    EXPECT_TRUE(State().run.FichierAvancement());
+    EXPECT_TRUE(State().run.SerieExercices());
+    EXPECT_TRUE(State().run.IsScored());
 }
 
 TEST_F(OpeningAFile, TakesTheHashOfACommentForData)
 {
     OpenFreeSimulation(u"H2+O2=H2O/2,1,2"_s);
 
-    EXPECT_TRUE(State().FichierAvancement);
-    EXPECT_FALSE(State().SerieExercices);
-    EXPECT_FALSE(State().IsScored());
+    EXPECT_TRUE(State().run.FichierAvancement());
+    EXPECT_FALSE(State().run.SerieExercices());
+    EXPECT_FALSE(State().run.IsScored());
 }
 
 TEST_F(OpeningAFile, AsksNothingForAFileWithoutData)
@@ -282,8 +282,8 @@ TEST_F(OpeningAFile, AsksNothingForAFileWithoutData)
     // Nothing behind the "#", so no data; no step for the choice's window.
     OpenFile({u"'Voir #"_s, u"H2+O2=H2O/2,1,2"_s});
 
-    EXPECT_FALSE(State().FichierAvancement);
-    EXPECT_TRUE(State().IsScored());
+    EXPECT_FALSE(State().run.FichierAvancement());
+    EXPECT_TRUE(State().run.IsScored());
 }
 
 TEST_F(RunOfAFile, BeginsWithTheHeadInTheJournal)
@@ -299,8 +299,8 @@ TEST_F(RunOfAFile, TellsFileAndCountInTheCaption)
     OpenFile({u"H2+O2=H2O/2,1,2"_s, u"'mot"_s, QString(), u" "_s});
 
     EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0 - Serie1.Equ - 2 équations"_s);
-    EXPECT_EQ(State().TitreFichier, u"Serie1.Equ"_s);
-    EXPECT_EQ(State().CheminFichier, EquationFolder() + u"/Serie1.Equ"_s);
+    EXPECT_EQ(State().run.TitreFichier, u"Serie1.Equ"_s);
+    EXPECT_EQ(State().run.CheminFichier, EquationFolder() + u"/Serie1.Equ"_s);
 }
 
 TEST_F(RunOfAFile, OpensItsWindowsAndMenus)
@@ -326,17 +326,17 @@ TEST_F(RunOfAFile, StartsAndLocksTheStopwatch)
     ClockReaches(1025);
 
     // 25 counts of a tenth of a second since the start.
-    EXPECT_DOUBLE_EQ(State().ElapsedSeconds, 2.5);
-    EXPECT_FALSE(Control<QAbstractButton>(shell->Desk().Chrono(), "cmdRAZ").isEnabled());
-    EXPECT_FALSE(Control<QAbstractButton>(shell->Desk().Chrono(), "chkStart_Stop").isEnabled());
+    EXPECT_DOUBLE_EQ(State().stopwatch.ElapsedSeconds, 2.5);
+    EXPECT_FALSE(Control<QAbstractButton>(shell->Stopwatch().Window(), "cmdRAZ").isEnabled());
+    EXPECT_FALSE(Control<QAbstractButton>(shell->Stopwatch().Window(), "chkStart_Stop").isEnabled());
 }
 
 TEST_F(RunOfAFile, LeavesTheStopwatchToTheUserInFreeSimulation)
 {
     OpenFreeSimulation(u"H2+O2=H2O/2,1,2"_s);
 
-    EXPECT_TRUE(Control<QAbstractButton>(shell->Desk().Chrono(), "chkStart_Stop").isEnabled());
-    EXPECT_FALSE(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono").isActive());
+    EXPECT_TRUE(Control<QAbstractButton>(shell->Stopwatch().Window(), "chkStart_Stop").isEnabled());
+    EXPECT_FALSE(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono").isActive());
 }
 
 TEST_F(RunOfAFile, WritesEachAnswerAtOnce)

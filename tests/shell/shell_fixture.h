@@ -52,6 +52,25 @@ inline QString Hyphens()
     return QStringLiteral("--------------------------------------");
 }
 
+/// What the entries of a menu bar show, by their names.
+class ShownMenu
+{
+public:
+    explicit ShownMenu(QWidget& window)
+        : m_window(window)
+    {
+    }
+
+    bool IsEnabled(const char* name) const { return Entry(name).isEnabled(); }
+    bool IsChecked(const char* name) const { return Entry(name).isChecked(); }
+    bool IsVisible(const char* name) const { return Entry(name).isVisible(); }
+
+private:
+    QAction& Entry(const char* name) const { return Control<QAction>(m_window, name); }
+
+    QWidget& m_window;
+};
+
 /// A shell on a desktop of fakes whose folders are real and empty. Every step
 /// written into the script must have been taken by the test's end.
 class ShellTest : public testing::Test
@@ -118,12 +137,13 @@ protected:
         MakeShell().Start();
     }
 
-    SessionState& State() { return shell->State().state; }
-    MenuState& Menu() { return shell->State().menu; }
+    SessionState& State() { return shell->State(); }
+    /// The menu bar as it stands on the screen.
+    ShownMenu Menu() { return ShownMenu(shell->MainWindow()); }
 
     QString Setting(const char* section, const char* key)
     {
-        return shell->State().settings.Read(QString::fromUtf8(section), QString::fromUtf8(key));
+        return shell->UserSettings().Read(QString::fromUtf8(section), QString::fromUtf8(key));
     }
 
     QString EquationFolder() const
@@ -131,7 +151,7 @@ protected:
         return desktop.folders.documents + QStringLiteral("/Tovik_MARLEN/Stoikal");
     }
 
-    QString JournalText() { return TextOfFile(State().FichierResultat); }
+    QString JournalText() { return TextOfFile(State().places.FichierResultat); }
 
     QAction& Entry(const char* name) { return Control<QAction>(shell->MainWindow(), name); }
 
@@ -183,7 +203,7 @@ protected:
                   const ModalScript::Step& choose = {})
     {
         AnswerDialog(WriteEquations(lines, name));
-        if (State().NomEleve.isEmpty())
+        if (State().pupil.NomEleve.isEmpty())
             IdentifyWhenAsked();
         if (choose)
             script.On("frmChoixSimul", choose);
@@ -202,7 +222,7 @@ protected:
 
     frmEquation& Exercise()
     {
-        frmEquation* const window = shell->Desk().Exercise();
+        frmEquation* const window = shell->RunWindows().Exercise();
         if (window == nullptr)
             throw std::runtime_error("no exercise is open");
         return *window;
@@ -229,7 +249,7 @@ protected:
     void ClockReaches(std::int64_t counter)
     {
         desktop.clock.counter = counter;
-        Tick(Control<QTimer>(shell->Desk().Chrono(), "tmrChrono"));
+        Tick(Control<QTimer>(shell->Stopwatch().Window(), "tmrChrono"));
     }
 
     /// In the window of the mark a button is pressed.
@@ -246,9 +266,9 @@ protected:
         EXPECT_FALSE(Menu().IsEnabled("Mnu_Charge"));
         EXPECT_FALSE(Menu().IsChecked("Mnu_Charge"));
         EXPECT_EQ(shell->MainWindow().windowTitle(), QStringLiteral("Stoikal v.4.0"));
-        EXPECT_EQ(State().CheminFichier, QString());
-        EXPECT_EQ(State().TitreFichier, QString());
-        EXPECT_EQ(State().NumEquation, 0);
+        EXPECT_EQ(State().run.CheminFichier, QString());
+        EXPECT_EQ(State().run.TitreFichier, QString());
+        EXPECT_EQ(State().run.NumEquation, 0);
         for (const char* const window : {"frmEquation", "frmReactif", "frmProduit", "frmCharge", "frmNote"})
             EXPECT_EQ(FindWindow(window), nullptr) << window;
     }

@@ -137,14 +137,14 @@ TEST_F(StartOfTheProgram, HasDoneEachStepBeforeTheNext)
         // The first box asks for the settings, the second for the documents.
         const bool isFirst = messages.shown.size() == 1;
         EXPECT_EQ(desktop.web.asked.size(), 1);
-        EXPECT_EQ(State().HauteurUtile, 10770);
+        EXPECT_EQ(State().places.HauteurUtile, 10770);
         EXPECT_EQ(shell->MainWindow().windowTitle(), u"Stoikal v.4.0"_s);
-        EXPECT_EQ(State().IniUtilisateur.isEmpty(), isFirst);
-        EXPECT_FALSE(shell->State().journal.IsOpen());
+        EXPECT_EQ(State().places.IniUtilisateur.isEmpty(), isFirst);
+        EXPECT_FALSE(shell->Journal().IsOpen());
         EXPECT_FALSE(shell->MainWindow().isVisible());
     };
     script.On("frmSplash", [this](QWidget& splash) {
-        EXPECT_TRUE(shell->State().journal.IsOpen());
+        EXPECT_TRUE(shell->Journal().IsOpen());
         EXPECT_TRUE(shell->MainWindow().isVisible());
         EXPECT_EQ(Setting("Options", "Show Tips at Startup"), QString());
         Tick(Control<QTimer>(splash, "tmrSplash"));
@@ -163,8 +163,8 @@ TEST_F(StartOfTheProgram, SizesTheWindowByTheWorkArea)
 
     Start();
 
-    EXPECT_EQ(State().HauteurUtile, 10410);
-    EXPECT_EQ(State().LargeurUtile, 20440);
+    EXPECT_EQ(State().places.HauteurUtile, 10410);
+    EXPECT_EQ(State().places.LargeurUtile, 20440);
     EXPECT_EQ(shell->MainWindow().size(), QSize(1363, 694));
     EXPECT_EQ(shell->MainWindow().pos(), QPoint(0, 24));
 }
@@ -176,8 +176,8 @@ TEST_F(StartOfTheProgram, CountsTheTwipsOfALargeScreen)
 
     Start();
 
-    EXPECT_EQ(State().LargeurUtile, 57550);
-    EXPECT_EQ(State().HauteurUtile, 31650);
+    EXPECT_EQ(State().places.LargeurUtile, 57550);
+    EXPECT_EQ(State().places.HauteurUtile, 31650);
 }
 
 TEST_F(StartOfTheProgram, WritesTitleAndVersionIntoTheCaption)
@@ -246,7 +246,7 @@ TEST_F(StartOfTheProgram, NamesTheSettingsOfAnUnknownUserInconnu)
     Start();
 
     const QString ini = desktop.folders.appData + u"/Tovik_MARLEN/Stoikal/ConfEQU_Inconnu.ini"_s;
-    EXPECT_EQ(State().IniUtilisateur, ini);
+    EXPECT_EQ(State().places.IniUtilisateur, ini);
     EXPECT_TRUE(QFileInfo::exists(ini));
 }
 
@@ -269,8 +269,8 @@ TEST_F(StartOfTheProgram, OpensTheJournalForAppending)
 
     Start();
 
-    EXPECT_EQ(State().FichierResultat, EquationFolder() + u"/Resultat.txt"_s);
-    EXPECT_TRUE(shell->State().journal.IsOpen());
+    EXPECT_EQ(State().places.FichierResultat, EquationFolder() + u"/Resultat.txt"_s);
+    EXPECT_TRUE(shell->Journal().IsOpen());
     EXPECT_EQ(JournalText(), u"hier\r\n"_s);
 }
 

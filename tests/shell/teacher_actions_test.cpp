@@ -17,7 +17,7 @@ class Results : public TeacherTest
 {
 protected:
     QString Journal() const { return EquationFolder() + u"/Resultat.txt"_s; }
-    void WriteLine(const QString& line) { EXPECT_TRUE(shell->State().journal.WriteLines({line})); }
+    void WriteLine(const QString& line) { EXPECT_TRUE(shell->Journal().WriteLines({line})); }
 };
 
 class Tips : public TeacherTest
@@ -82,8 +82,8 @@ TEST_F(Results, AreShownWithTheJournalOpenAgain)
 
 TEST_F(Results, ShowWhatStillWaitedInMemory)
 {
-    ASSERT_TRUE(shell->State().journal.Close());
-    EXPECT_FALSE(shell->State().journal.WriteLines({u"en attente"_s}));
+    ASSERT_TRUE(shell->Journal().Close());
+    EXPECT_FALSE(shell->Journal().WriteLines({u"en attente"_s}));
 
     ChooseAsTeacher("Mnu_Answer");
 
@@ -137,7 +137,7 @@ TEST_F(Results, AreNotShownInARun)
 TEST_F(Results, AreEmptiedAfterAQuestion)
 {
     WriteLine(u"ancien"_s);
-    State().NomEleve = u"DUPONT"_s;
+    State().pupil.NomEleve = u"DUPONT"_s;
     messages.answers = {QMessageBox::Yes};
     QString whileTold; // The message comes first, then the deletion.
     messages.whileOpen = [&](const Message&) { whileTold = TextOfFile(Journal()); };
@@ -154,7 +154,7 @@ TEST_F(Results, AreEmptiedAfterAQuestion)
     // The journal goes on in the new file, and the pupil stays who he is.
     WriteLine(u"nouveau"_s);
     EXPECT_EQ(TextOfFile(Journal()), u"nouveau\r\n"_s);
-    EXPECT_EQ(State().NomEleve, u"DUPONT"_s);
+    EXPECT_EQ(State().pupil.NomEleve, u"DUPONT"_s);
 }
 
 TEST_F(Results, StayOnNo)
@@ -186,7 +186,7 @@ TEST_F(Results, ThatMayNotBeTakenAwayAreCutToNothing)
     ASSERT_EQ(::chmod(qPrintable(folder.path()), 0755), 0);
     ASSERT_EQ(::chmod(place.constData(), 0555), 0);
     ASSERT_EQ(::chmod(QFile::encodeName(Journal()).constData(), 0666), 0);
-    ASSERT_EQ(::chmod(QFile::encodeName(State().IniUtilisateur).constData(), 0644), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(State().places.IniUtilisateur).constData(), 0644), 0);
     {
         const AsOrdinaryUser teacher;
         ASSERT_TRUE(teacher.IsOrdinary());
@@ -210,7 +210,7 @@ TEST_F(Results, WhoseJournalCannotBeReopenedLoseNoLine)
     ChooseAsTeacher("Mnu_Clean");
 
     EXPECT_EQ(messages.shown.size(), 2U); // The question and the message.
-    EXPECT_FALSE(shell->State().journal.WriteLines({u"en attente"_s}));
+    EXPECT_FALSE(shell->Journal().WriteLines({u"en attente"_s}));
     ASSERT_TRUE(QDir(Journal()).removeRecursively());
     WriteLine(u"suite"_s);
     EXPECT_EQ(TextOfFile(Journal()), u"en attente\r\nsuite\r\n"_s);
@@ -363,14 +363,14 @@ TEST_F(Solution, ChangesNothingOfTheRunAndEarnsThePoints)
 {
     OpenFile({u"N2+H2=NH3/1,3,2"_s, kWater});
     ChooseAsTeacher("Mnu_Solution");
-    EXPECT_EQ(State().NumEquation, 1);
-    EXPECT_EQ(shell->State().run.State().Score, 0);
-    EXPECT_TRUE(shell->State().run.State().AnswerOpen);
+    EXPECT_EQ(State().run.NumEquation, 1);
+    EXPECT_EQ(shell->State().run.Score, 0);
+    EXPECT_TRUE(shell->State().run.AnswerOpen);
 
     ShellTest::Answer({});
 
-    EXPECT_EQ(shell->State().run.State().Score, 5);
-    EXPECT_EQ(State().NumEquation, 2);
+    EXPECT_EQ(shell->State().run.Score, 5);
+    EXPECT_EQ(State().run.NumEquation, 2);
 }
 
 TEST_F(Solution, GivesTheKeyboardBackToTheExercise)

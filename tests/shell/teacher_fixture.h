@@ -27,7 +27,7 @@ protected:
     void SetPassword(const QString& password)
     {
         EXPECT_TRUE(
-            shell->State().settings.Write(QStringLiteral("Options"), QStringLiteral("PassWord"), password));
+            shell->UserSettings().Write(QStringLiteral("Options"), QStringLiteral("PassWord"), password));
     }
 
     /// What is done when the password is asked for.

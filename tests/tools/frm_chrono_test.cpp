@@ -1,7 +1,6 @@
 #include "forms/window_events.h"
 #include "tools/windows/frm_chrono.h"
 
-#include "base/session_state.h"
 #include "forms/colours.h"
 #include "support/fake_platform.h"
 #include "support/window_driver.h"
@@ -57,10 +56,10 @@ protected:
         EXPECT_FALSE(Timer().isActive());
     }
 
-    SessionState session;
+    StopwatchSeconds seconds;
     FakeClock clock;
     FakeSound sound;
-    frmChrono window{session, clock, sound, u',', nullptr};
+    frmChrono window{seconds, clock, sound, u',', nullptr};
 };
 
 } // namespace
@@ -115,7 +114,7 @@ TEST_F(FrmChrono, RunsAtAPressOfTheStartButton)
     EXPECT_TRUE(StartStop().isChecked());
     TickAt(1015); // (1015 - 1000) / 10
     EXPECT_EQ(Label("lblTime").text(), u"00:01,5"_s);
-    EXPECT_DOUBLE_EQ(session.ElapsedSeconds, 1.5);
+    EXPECT_DOUBLE_EQ(seconds.ElapsedSeconds, 1.5);
 }
 
 TEST_F(FrmChrono, StopsTheDisplayWhileSuspended)
@@ -132,7 +131,7 @@ TEST_F(FrmChrono, StopsTheDisplayWhileSuspended)
     EXPECT_FALSE(StartStop().isChecked());
     TickAt(90);
     EXPECT_EQ(Label("lblTime").text(), u"00:05,0"_s);
-    EXPECT_DOUBLE_EQ(session.ElapsedSeconds, 5.0);
+    EXPECT_DOUBLE_EQ(seconds.ElapsedSeconds, 5.0);
 }
 
 TEST_F(FrmChrono, CountsTheTimeSpentSuspendedOnceItGoesOn)
@@ -153,7 +152,7 @@ TEST_F(FrmChrono, CountsTheTimeSpentSuspendedOnceItGoesOn)
 
 TEST_F(FrmChrono, RoundsTheSecondsWithoutCarryingTheMinute)
 {
-    session.BankedSeconds = 0.06;
+    seconds.BankedSeconds = 0.06;
     Click(StartStop());
     TickAt(599); // 59.9 + 0.06 = 59.96
 
@@ -169,14 +168,14 @@ TEST_F(FrmChrono, GoesBackToZeroAtRest)
 
 TEST_F(FrmChrono, GoesBackToZeroWhileItRuns)
 {
-    session.BankedSeconds = 20;
+    seconds.BankedSeconds = 20;
     Click(StartStop());
     TickAt(50);
     Click(Raz());
 
     ExpectAtRest();
-    EXPECT_EQ(session.ElapsedSeconds, 0.0);
-    EXPECT_EQ(session.BankedSeconds, 0.0);
+    EXPECT_EQ(seconds.ElapsedSeconds, 0.0);
+    EXPECT_EQ(seconds.BankedSeconds, 0.0);
 }
 
 TEST_F(FrmChrono, GoesBackToZeroWhileItIsSuspended)
@@ -187,7 +186,7 @@ TEST_F(FrmChrono, GoesBackToZeroWhileItIsSuspended)
     Click(Raz());
 
     ExpectAtRest();
-    EXPECT_EQ(session.ElapsedSeconds, 0.0);
+    EXPECT_EQ(seconds.ElapsedSeconds, 0.0);
 }
 
 TEST_F(FrmChrono, StartsFromZeroBehindAReset)
@@ -203,13 +202,13 @@ TEST_F(FrmChrono, StartsFromZeroBehindAReset)
 
 TEST_F(FrmChrono, AddsTheSecondsBankedBeforeARestart)
 {
-    session.BankedSeconds = 75;
+    seconds.BankedSeconds = 75;
     clock.counter = 100;
     window.StartRun();
     TickAt(105);
 
     EXPECT_EQ(Label("lblTime").text(), u"01:15,5"_s); // 75 + 0.5
-    EXPECT_DOUBLE_EQ(session.ElapsedSeconds, 75.5);
+    EXPECT_DOUBLE_EQ(seconds.ElapsedSeconds, 75.5);
 }
 
 TEST_F(FrmChrono, IsRestartedByTheExerciseWhileItRuns)
@@ -420,7 +419,7 @@ TEST_F(FrmChrono, KeepsTheTimeOfARunWhileItIsHidden)
     window.hide();
 
     TickAt(120);
-    EXPECT_DOUBLE_EQ(session.ElapsedSeconds, 12.0);
+    EXPECT_DOUBLE_EQ(seconds.ElapsedSeconds, 12.0);
 }
 
 TEST_F(FrmChrono, AsksForHelpAtF1)
@@ -435,10 +434,10 @@ TEST_F(FrmChrono, AsksForHelpAtF1)
 
 TEST(FrmChronoSeparator, IsThatOfTheSystem)
 {
-    SessionState session;
+    StopwatchSeconds seconds;
     FakeClock clock;
     FakeSound sound;
-    const frmChrono window(session, clock, sound, u'.', nullptr);
+    const frmChrono window(seconds, clock, sound, u'.', nullptr);
 
     EXPECT_EQ(window.findChild<QLabel*>(u"lblTime"_s)->text(), u"00:00.0"_s);
 }

@@ -37,20 +37,20 @@ void SearchingForm::BeginSearch()
 bool SearchingForm::EndSearch()
 {
     m_isSearching = false;
-    if (!m_closesBehind)
+    if (!m_isToClose)
         return true;
-    Q_EMIT Unloaded();
+    Q_EMIT Released();
     return false;
 }
 
-void SearchingForm::Close()
+void SearchingForm::Release()
 {
     if (!m_isSearching) {
-        Q_EMIT Unloaded();
+        Q_EMIT Released();
         return;
     }
     m_isStopped = true;
-    m_closesBehind = true;
+    m_isToClose = true;
 }
 
 } // namespace stoikal

@@ -12,7 +12,7 @@ class Messages;
 class Settings;
 
 /// A window of the main area that searches for a while and shows in a list what
-/// it finds. The search can be given up; the window ends behind it.
+/// it finds. The search can be given up; the window ends after it.
 class SearchingForm : public Form
 {
     Q_OBJECT
@@ -30,12 +30,8 @@ public:
     /// Gives up a search that is going on.
     void StopSearch() { m_isStopped = true; }
 
-    /// Asks for the window's end; a search is given up first.
-    void Close();
-
-Q_SIGNALS:
-    /// The window can be freed: nothing of it is running.
-    void Unloaded();
+    /// A search is given up first.
+    void Release() override;
 
 protected:
     SearchingForm(const QString& name, const QString& caption, const Doors& doors, QWidget* parent);
@@ -57,7 +53,7 @@ private:
     Doors m_doors;
     bool m_isSearching = false;
     bool m_isStopped = false;
-    bool m_closesBehind = false;
+    bool m_isToClose = false;
 };
 
 } // namespace stoikal

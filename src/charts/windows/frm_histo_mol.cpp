@@ -179,7 +179,6 @@ void frmHistoMol::Connect()
     for (int i = 0; i < 2; ++i)
         connect(cmdCopy.at(static_cast<std::size_t>(i)), &QToolButton::clicked, this,
                 [this, i] { cmdCopy_Click(i); });
-    connect(this, &Form::CloseAsked, this, &frmHistoMol::Unload);
 }
 
 void frmHistoMol::SetSliderLimits()
@@ -234,7 +233,7 @@ void frmHistoMol::DrawProgressCurves(double progress)
 void frmHistoMol::DrawBoth()
 {
     // The table may be gone before the window is freed.
-    if (m_isUnloaded)
+    if (m_isReleased)
         return;
     DrawHistogram(Progress());
     DrawProgressCurves(Progress());
@@ -275,14 +274,14 @@ void frmHistoMol::ClearMask()
     chkMask->setChecked(false);
 }
 
-void frmHistoMol::Unload()
+void frmHistoMol::Release()
 {
-    if (m_isUnloaded)
+    if (m_isReleased)
         return;
-    m_isUnloaded = true;
+    m_isReleased = true;
     tmrAnim->stop();
     chkMask->setChecked(false);
-    Q_EMIT Unloaded();
+    Q_EMIT Released();
 }
 
 void frmHistoMol::resizeEvent(QResizeEvent* event)

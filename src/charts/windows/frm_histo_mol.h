@@ -46,15 +46,12 @@ public:
     /// The exercise shows again, whoever brought it back: the mask's box is cleared.
     void ClearMask();
 
-    /// Ends the window: stops the animation, brings a hidden equation back and
-    /// says `Unloaded`, once.
-    void Unload();
+    /// Stops the animation and brings a hidden equation back; says `Released` once.
+    void Release() override;
 
 Q_SIGNALS:
     /// The exercise is to be hidden, or shown again.
     void HideEquationAsked(bool hidden);
-    /// The window can be freed; its check box in the exercise is to be cleared.
-    void Unloaded();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -78,7 +75,7 @@ private:
 
     const ProgressTable& m_table;
     Doors m_doors;
-    bool m_isUnloaded = false;
+    bool m_isReleased = false;
 
     QWidget* m_head; ///< the row of frames above the pictures
     QGroupBox* fraOption;

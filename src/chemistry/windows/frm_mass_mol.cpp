@@ -239,11 +239,12 @@ QList<SettingValue> frmMassMol::GasSettings() const
     return values;
 }
 
-void frmMassMol::KeepData()
+void frmMassMol::Release()
 {
     if (m_inForce)
         m_doors.settings.Remember(GasSettings());
     KeepPlace(*this, m_doors.screen, m_doors.settings, PlaceSection());
+    Form::Release();
 }
 
 } // namespace stoikal

@@ -47,8 +47,8 @@ public:
     /// they need and stays within the screen and the main window.
     void ListAtomMasses(const QStringList& symbols);
 
-    /// Keeps the values in force and the place, at the window's end.
-    void KeepData();
+    /// Keeps the values in force and the place.
+    void Release() override;
 
 Q_SIGNALS:
     /// The molar volume of the settings was computed again.

@@ -1,9 +1,10 @@
 #include "exercise/windows/frm_charge.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "base/settings_store.h"
 #include "exercise/charge_place.h"
 #include "exercise/charge_totals.h"
+#include "exercise/run_state.h"
 #include "exercise/side_colours.h"
 #include "forms/colours.h"
 #include "forms/place.h"
@@ -43,9 +44,11 @@ void Fill(QFrame* shape, const QColor& colour)
 
 } // namespace
 
-frmCharge::frmCharge(const SessionState& session, Settings& settings, const Screen& screen, QWidget* parent)
+frmCharge::frmCharge(const RunState& run, const Places& places, Settings& settings, const Screen& screen,
+                     QWidget* parent)
     : Form(QStringLiteral("frmCharge"), QStringLiteral("Total des charges"), Kind::Tool, parent)
-    , m_session(session)
+    , m_run(run)
+    , m_places(places)
     , m_settings(settings)
     , m_screen(screen)
     , tmrPlace(Named(new QTimer(this), QStringLiteral("tmrPlace")))
@@ -86,8 +89,8 @@ void frmCharge::RefreshColours()
 
 void frmCharge::ShowTotals()
 {
-    lblChargeReac->setText(ChargeLabel(m_session.ChargeTotalReactants));
-    lblChargeProd->setText(ChargeLabel(m_session.ChargeTotalProducts));
+    lblChargeReac->setText(ChargeLabel(m_run.ChargeTotalReactants));
+    lblChargeProd->setText(ChargeLabel(m_run.ChargeTotalProducts));
     lblChargeReac->setAccessibleName(
         QStringLiteral("Charge totale des réactifs : %1").arg(lblChargeReac->text()));
     lblChargeProd->setAccessibleName(
@@ -107,8 +110,8 @@ void frmCharge::OpenBeside(const QWidget& exercise)
         QSize(FromPixels(size.width()), FromPixels(size.height())),
         QRect(FromPixels(corner.x()), FromPixels(corner.y()), FromPixels(frame.width()),
               FromPixels(frame.height())),
-        m_session.LargeurUtile,
-        m_session.HauteurUtile,
+        m_places.LargeurUtile,
+        m_places.HauteurUtile,
     };
     const QPoint place = ChargePlace(input);
     // Placed before it is shown: a place given later would be taken for that of

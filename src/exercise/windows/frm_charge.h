@@ -10,7 +10,8 @@ namespace stoikal {
 
 class Screen;
 class Settings;
-struct SessionState;
+struct Places;
+struct RunState;
 
 /// The sum of the charges of each side, on the colours of the sides.
 class frmCharge final : public Form
@@ -18,7 +19,8 @@ class frmCharge final : public Form
     Q_OBJECT
 
 public:
-    frmCharge(const SessionState& session, Settings& settings, const Screen& screen, QWidget* parent);
+    frmCharge(const RunState& run, const Places& places, Settings& settings, const Screen& screen,
+              QWidget* parent);
 
     /// Opens at its remembered place, never over the exercise.
     void OpenBeside(const QWidget& exercise);
@@ -31,7 +33,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    const SessionState& m_session;
+    const RunState& m_run;
+    const Places& m_places;
     Settings& m_settings;
     const Screen& m_screen;
     bool m_placed = false;

@@ -1,6 +1,7 @@
 #include "exercise/windows/frm_equation.h"
 
 #include "base/number_text.h"
+#include "base/places.h"
 #include "exercise/equation_text.h"
 #include "exercise/species_text.h"
 #include "exercise/windows/journal_messages.h"
@@ -8,7 +9,6 @@
 #include "forms/colours.h"
 #include "forms/filter_edit.h"
 #include "forms/lower_pane.h"
-#include "forms/menu_state.h"
 #include "forms/messages.h"
 #include "forms/place.h"
 #include "forms/species_label.h"
@@ -92,8 +92,8 @@ ExerciseRun::Texts frmEquation::Coefficients() const
 
 void frmEquation::Open()
 {
-    lblNomScore->setVisible(m_doors.session.IsScored());
-    lblScore->setVisible(m_doors.session.IsScored());
+    lblNomScore->setVisible(m_run.State().IsScored());
+    lblScore->setVisible(m_run.State().IsScored());
     ShowScore();
     show();
     PlaceInWorkArea();
@@ -116,24 +116,24 @@ void frmEquation::ReadNextEquation()
     case ExerciseRun::Step::Equation:
         break;
     }
-    setWindowTitle(QStringLiteral("Equation n°%1").arg(m_doors.session.NumEquation));
+    setWindowTitle(QStringLiteral("Equation n°%1").arg(m_run.State().NumEquation));
     setAccessibleName(windowTitle());
     Q_EMIT EquationRead();
     ShowRecord();
     Recompose();
     PlaceInWorkArea();
     // A series begins its next equation without the button that led on to it.
-    if (isVisible() && m_doors.session.FichierAvancement && m_doors.session.SerieExercices)
+    if (isVisible() && m_run.State().SerieExercices())
         FocusFirstBox();
     Q_EMIT EquationShown();
 }
 
 void frmEquation::ShowRecord()
 {
-    const bool showsCharges = m_doors.menu.IsEnabled("Mnu_Charge");
+    const bool showsCharges = m_run.State().ChargesPresentes;
     for (size_t slot = 0; slot < 6; ++slot) {
         const SpeciesText species
-            = FormatSpecies(m_run.Record().Slots.at(slot), showsCharges, m_doors.session.FichierAvancement);
+            = FormatSpecies(m_run.Record().Slots.at(slot), showsCharges, m_run.State().FichierAvancement());
         m_band.rtbCorp.at(slot)->SetSpecies(species.text, species.heights);
         m_band.rtbCorp.at(slot)->setAccessibleName(species.text);
     }
@@ -143,7 +143,7 @@ void frmEquation::ShowRecord()
 
 void frmEquation::FillBoxes()
 {
-    const bool isGiven = m_doors.session.FichierAvancement;
+    const bool isGiven = m_run.State().FichierAvancement();
     for (size_t slot = 0; slot < 6; ++slot) {
         const SpeciesSlot& species = m_run.Record().Slots.at(slot);
         // The boxes are emptied one after the other: the atoms are counted once, at the end.
@@ -156,7 +156,7 @@ void frmEquation::FillBoxes()
         }
     }
     if (isGiven) {
-        lblInstruction->setText(m_doors.session.SerieExercices
+        lblInstruction->setText(m_run.State().SerieExercices()
                                     ? QStringLiteral("Calculez les masses molaires moléculaires")
                                     : QStringLiteral("Faites varier les quantités de matière"));
     }
@@ -164,7 +164,7 @@ void frmEquation::FillBoxes()
 
 void frmEquation::PlaceControls()
 {
-    const bool isProgress = m_doors.session.FichierAvancement;
+    const bool isProgress = m_run.State().FichierAvancement();
     const LowerPane::Needs needs = isProgress && m_lowerPane != nullptr
         ? m_lowerPane->FitTo(ToPixels(kProgressBandLeft), *cmdNext)
         : LowerPane::Needs{};
@@ -179,7 +179,7 @@ void frmEquation::PlaceControls()
                                FromPixels(needs.width));
     for (size_t slot = 0; slot < 6; ++slot)
         widths.present.at(slot) = !m_run.Record().Slots.at(slot).Molecule.isEmpty();
-    const EquationLayout layout = FitBand(m_band, widths, m_doors.session.LargeurUtile);
+    const EquationLayout layout = FitBand(m_band, widths, m_doors.places.LargeurUtile);
 
     const int top = ToPixels(kBandTop);
     const int height = m_band.txtCoef[0]->sizeHint().height();
@@ -197,8 +197,8 @@ void frmEquation::PlaceLowerPane(const EquationLayout& layout, int top, int leas
 {
     if (m_lowerPane == nullptr)
         return;
-    m_lowerPane->setVisible(m_doors.session.FichierAvancement);
-    if (!m_doors.session.FichierAvancement)
+    m_lowerPane->setVisible(m_run.State().FichierAvancement());
+    if (!m_run.State().FichierAvancement())
         return;
     LowerPane::Columns columns;
     for (size_t slot = 0; slot < 6; ++slot) {
@@ -234,7 +234,7 @@ int frmEquation::VerdictHeight() const
 
 void frmEquation::PlaceScoreRow(int bandBottom)
 {
-    const bool isProgress = m_doors.session.FichierAvancement;
+    const bool isProgress = m_run.State().FichierAvancement();
     const int rowTop = RowTop(bandBottom);
     const int rowHeight = cmdOther->sizeHint().height();
     const int margin = ToPixels(kBandMargin);
@@ -251,7 +251,7 @@ void frmEquation::PlaceScoreRow(int bandBottom)
     lblInstruction->setGeometry(free, rowTop, width() - free, rowHeight);
     // In free simulation the button leads on, in a series once the equation is
     // done; a balancing file goes on by its answers.
-    cmdNext->setVisible(isProgress && !m_doors.session.SerieExercices);
+    cmdNext->setVisible(isProgress && !m_run.State().SerieExercices());
     cmdNext->setGeometry((width() - cmdNext->sizeHint().width()) / 2, ToPixels(kTableButtonsTop),
                          cmdNext->sizeHint().width(), rowHeight);
     const int verdictTop = rowTop + rowHeight + kVerdictGap;
@@ -260,8 +260,8 @@ void frmEquation::PlaceScoreRow(int bandBottom)
 
 void frmEquation::PlaceInWorkArea()
 {
-    const Twips left = (m_doors.session.LargeurUtile - FromPixels(width())) / 2;
-    const Twips top = m_doors.session.HauteurUtile - FromPixels(height()) + 300;
+    const Twips left = (m_doors.places.LargeurUtile - FromPixels(width())) / 2;
+    const Twips top = m_doors.places.HauteurUtile - FromPixels(height()) + 300;
     PlaceWindow(*this, m_doors.screen, left, top);
 }
 
@@ -283,10 +283,10 @@ void frmEquation::txtCoef_KeyPress(int index, QChar key)
         m_doors.sound.Beep();
         return;
     }
-    m_run.State().BadKey = false;
+    m_run.NoteKey(false);
     if (key >= QLatin1Char('0') && key <= QLatin1Char('9'))
         return;
-    m_run.State().BadKey = true;
+    m_run.NoteKey(true);
     if (box->RefusalIsTold())
         return;
     box->NoteRefusal();
@@ -307,7 +307,7 @@ void frmEquation::txtCoef_Change(int index)
     const FilterEdit* const box = m_band.txtCoef.at(static_cast<size_t>(index));
     const QString text = box->text();
     if (m_run.State().BadKey && !text.isEmpty()) {
-        m_run.State().BadKey = false;
+        m_run.NoteKey(false);
         RemoveLastCharacter(index);
         return;
     }
@@ -327,7 +327,7 @@ void frmEquation::Recompose()
     const QStringList unknown = m_run.Compose(Coefficients());
     Q_EMIT Recomposed();
     for (const QString& symbol : unknown) {
-        const QString& file = m_doors.session.TitreFichier;
+        const QString& file = m_run.State().TitreFichier;
         m_doors.messages.Critical(this, UnknownSymbolTitle(file), UnknownSymbolText(file, symbol));
     }
 }
@@ -489,7 +489,7 @@ QString frmEquation::EquationText() const
 void frmEquation::WriteResultLine()
 {
     WriteToJournal(m_doors.journal, m_doors.messages, this,
-                   AnswerLines(m_doors.session.NumEquation, Terms(), m_run.State().Score));
+                   AnswerLines(m_run.State().NumEquation, Terms(), m_run.State().Score));
 }
 
 } // namespace stoikal

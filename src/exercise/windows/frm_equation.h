@@ -12,11 +12,11 @@ namespace stoikal {
 
 struct JournalTerm;
 class LowerPane;
-class MenuState;
 class Messages;
 class ResultsJournal;
 class Screen;
 class Sound;
+struct Places;
 
 /// The window in which the pupil works: the band of the current equation, the
 /// score, the button that validates. It shows the run and hands each answer to
@@ -28,8 +28,7 @@ class frmEquation final : public Form
 
 public:
     struct Doors {
-        SessionState& session;
-        const MenuState& menu;
+        const Places& places;
         ResultsJournal& journal;
         Messages& messages;
         const Screen& screen;

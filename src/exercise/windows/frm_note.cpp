@@ -1,6 +1,6 @@
 #include "exercise/windows/frm_note.h"
 
-#include "base/session_state.h"
+#include "base/places.h"
 #include "exercise/mark.h"
 #include "forms/colours.h"
 #include "forms/picture_surface.h"
@@ -28,10 +28,10 @@ constexpr QPointF kScaleEnd(100, 13); ///< a row of the table is one unit high
 
 } // namespace
 
-frmNote::frmNote(const SessionState& session, QChar separator, const QString& fileTitle,
+frmNote::frmNote(const Places& places, QChar separator, const QString& fileTitle,
                  std::optional<Earned> earned, QWidget* parent)
     : ModalForm(QStringLiteral("frmNote"), QStringLiteral("Stoikal"), parent)
-    , m_session(session)
+    , m_places(places)
     , m_separator(separator)
     , m_upper(new QWidget(this))
     , lblInfo(Named(new QLabel(this), QStringLiteral("lblInfo")))
@@ -145,8 +145,8 @@ void frmNote::BuildChoices()
 void frmNote::Place(const Screen& screen)
 {
     m_screen = &screen;
-    PlaceWindow(*this, screen, (m_session.LargeurUtile - FromPixels(width())) / 2,
-                (m_session.HauteurUtile - FromPixels(height())) / 2);
+    PlaceWindow(*this, screen, (m_places.LargeurUtile - FromPixels(width())) / 2,
+                (m_places.HauteurUtile - FromPixels(height())) / 2);
 }
 
 bool frmNote::event(QEvent* event)

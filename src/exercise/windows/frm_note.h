@@ -15,7 +15,7 @@ namespace stoikal {
 class Messages;
 class PictureSurface;
 class Screen;
-struct SessionState;
+struct Places;
 
 /// The end of a run: the mark, the time, and the ten best of the file. What the
 /// pupil wants next is told by the way the window ends.
@@ -32,8 +32,8 @@ public:
         double seconds = 0;
     };
 
-    frmNote(const SessionState& session, QChar separator, const QString& fileTitle,
-            std::optional<Earned> earned, QWidget* parent);
+    frmNote(const Places& places, QChar separator, const QString& fileTitle, std::optional<Earned> earned,
+            QWidget* parent);
 
     /// Draws the table of the ten best; the pupil's own result stands in red.
     void ShowHighScores(const std::vector<HighScore>& section, const NewResult& own);
@@ -50,7 +50,7 @@ private:
     void BuildChoices();
     void chkHighScore_Click();
 
-    const SessionState& m_session;
+    const Places& m_places;
     QChar m_separator;
     const Screen* m_screen = nullptr;
     int m_width = 0; ///< pixels, as the heights

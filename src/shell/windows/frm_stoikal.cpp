@@ -85,9 +85,8 @@ protected:
 
 } // namespace
 
-frmStoikal::frmStoikal(MenuState& state)
-    : m_state(state)
-    , m_area(new MainArea(this))
+frmStoikal::frmStoikal()
+    : m_area(new MainArea(this))
 {
     setObjectName(QStringLiteral("frmStoikal"));
     SetCaption(product::Caption());
@@ -103,14 +102,12 @@ frmStoikal::frmStoikal(MenuState& state)
         QMenu* const menu = menuBar()->addMenu(node.caption);
         menu->setObjectName(node.name);
         menu->menuAction()->setObjectName(node.name);
-        if (node.name == QLatin1String("Mnu_View"))
+        if (node.command == Command::ViewMenu)
             m_viewMenu = menu;
         AddNodes(*menu, node.children);
     }
     connect(m_viewMenu, &QMenu::aboutToShow, this, &frmStoikal::ListChildren);
-    connect(&m_state, &MenuState::Changed, this, &frmStoikal::ShowEntry);
-    for (auto place = m_actions.constBegin(); place != m_actions.constEnd(); ++place)
-        ShowEntry(place.key());
+    ShowMenu({});
     setMouseTracking(true);
     m_area->viewport()->setMouseTracking(true);
     menuBar()->setMouseTracking(true);
@@ -127,7 +124,7 @@ void frmStoikal::AddNodes(QMenu& menu, const std::vector<MenuNode>& nodes)
             QMenu* const sub = menu.addMenu(node.caption);
             sub->setObjectName(node.name);
             sub->menuAction()->setObjectName(node.name);
-            m_actions.insert(node.name, sub->menuAction());
+            Keep(node, *sub->menuAction());
             AddNodes(*sub, node.children);
         }
     }
@@ -139,26 +136,36 @@ void frmStoikal::AddEntry(QMenu& menu, const MenuNode& node)
     action->setObjectName(node.name);
     action->setMenuRole(QAction::NoRole);
     action->setCheckable(node.canBeMarked);
-    m_actions.insert(node.name, action);
-    const QString name = node.name;
-    connect(action, &QAction::triggered, this, [this, name] {
-        // The mark follows the model alone: a click does not set it by itself.
-        ShowEntry(name);
-        Q_EMIT EntryChosen(name);
+    Keep(node, *action);
+    connect(action, &QAction::triggered, this, [this, command = *node.command] {
+        // The mark follows the state alone: a click does not set it by itself.
+        ShowEntry(command);
+        Q_EMIT EntryChosen(command);
     });
 }
 
-void frmStoikal::ShowEntry(const QString& name)
+void frmStoikal::Keep(const MenuNode& node, QAction& action)
 {
-    QAction* const action = m_actions.value(name);
-    if (action == nullptr)
-        return;
-    const MenuState::Entry entry = m_state.All().value(name);
-    action->setEnabled(entry.enabled);
-    action->setVisible(entry.visible);
-    action->setText(entry.caption);
-    if (action->isCheckable())
-        action->setChecked(entry.checked);
+    m_actions.insert(*node.command, &action);
+    m_captions.insert(*node.command, node.caption);
+}
+
+void frmStoikal::ShowMenu(const ProgramState& state)
+{
+    m_state = state;
+    for (auto entry = m_actions.constBegin(); entry != m_actions.constEnd(); ++entry)
+        ShowEntry(entry.key());
+}
+
+void frmStoikal::ShowEntry(Command command)
+{
+    QAction& action = *m_actions.value(command);
+    const EntryState entry = EntryFor(command, m_state);
+    action.setEnabled(entry.isEnabled);
+    action.setVisible(entry.isVisible);
+    action.setText(entry.caption.isEmpty() ? m_captions.value(command) : entry.caption);
+    if (action.isCheckable())
+        action.setChecked(entry.isMarked);
 }
 
 void frmStoikal::ListChildren()
@@ -186,7 +193,7 @@ void frmStoikal::ChooseChild(QMdiSubWindow& child)
     // A child of the run has nothing to type in: the keyboard goes on as after
     // any other entry.
     if (dynamic_cast<ChildFrame*>(&child) == nullptr)
-        Q_EMIT EntryChosen(QString());
+        Q_EMIT ChildChosen();
 }
 
 void frmStoikal::SetBackground(const QPixmap& picture)

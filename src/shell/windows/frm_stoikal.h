@@ -1,7 +1,8 @@
 #pragma once
 
-#include "forms/menu_state.h"
+#include "shell/program_state.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QPixmap>
 
@@ -15,14 +16,17 @@ class Form;
 struct MenuNode;
 
 /// The main window: the menu bar and the area of the child windows. The menus
-/// only show the menu state and say which entry was chosen; what it means is
-/// the shell's matter.
+/// only show the state of the program and report which entry was chosen; what
+/// it means is the shell's matter.
 class frmStoikal final : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    explicit frmStoikal(MenuState& state);
+    frmStoikal();
+
+    /// Lets every entry of the menu bar say what is the case.
+    void ShowMenu(const ProgramState& state);
 
     /// The caption while no maximised child adds its own to it.
     void SetCaption(const QString& caption);
@@ -41,8 +45,9 @@ public:
     void AddTool(Form* form);
 
 Q_SIGNALS:
-    /// An entry was chosen; without a name one that the window itself carried out.
-    void EntryChosen(const QString& name);
+    void EntryChosen(Command command);
+    /// A child window was chosen, which the window itself carried out.
+    void ChildChosen();
     void CloseAsked();
 
 protected:
@@ -52,16 +57,18 @@ protected:
 private:
     void AddNodes(QMenu& menu, const std::vector<MenuNode>& nodes);
     void AddEntry(QMenu& menu, const MenuNode& node);
-    void ShowEntry(const QString& name);
+    void Keep(const MenuNode& node, QAction& action);
+    void ShowEntry(Command command);
     void ListChildren();
     void ChooseChild(QMdiSubWindow& child);
     /// Takes what hidden tools left in the menu bar and in the caption.
     void TidyBehindHiddenTools();
 
-    MenuState& m_state;
+    ProgramState m_state; ///< as it was last shown
     QMdiArea* m_area;
     QString m_caption;
-    QHash<QString, QAction*> m_actions;
+    QHash<Command, QAction*> m_actions;
+    QHash<Command, QString> m_captions; ///< of the menu tree
     QMenu* m_viewMenu = nullptr;
     QList<QAction*> m_childActions;
 };

@@ -1,6 +1,5 @@
 #include "tools/windows/frm_chrono.h"
 
-#include "base/session_state.h"
 #include "forms/colours.h"
 #include "forms/style.h"
 #include "platform/doors.h"
@@ -29,9 +28,9 @@ constexpr int kDarkGround = 110; ///< grey below which white is the better ink
 
 } // namespace
 
-frmChrono::frmChrono(SessionState& session, Clock& clock, Sound& sound, QChar separator, QWidget* parent)
+frmChrono::frmChrono(StopwatchSeconds& seconds, Clock& clock, Sound& sound, QChar separator, QWidget* parent)
     : Form(QStringLiteral("frmChrono"), QStringLiteral("Chronomètre"), Kind::Tool, parent)
-    , m_session(session)
+    , m_seconds(seconds)
     , m_clock(clock)
     , m_sound(sound)
     , m_separator(separator)
@@ -188,8 +187,8 @@ void frmChrono::chkAlarme_Click()
 void frmChrono::cmdRAZ_Click()
 {
     m_stopwatch.Reset();
-    m_session.BankedSeconds = 0;
-    m_session.ElapsedSeconds = 0;
+    m_seconds.BankedSeconds = 0;
+    m_seconds.ElapsedSeconds = 0;
     lblTime->setText(StopwatchReading(0, m_separator));
     SetBackColour(kCase);
     ShowState();
@@ -211,11 +210,11 @@ void frmChrono::StopRun()
 
 void frmChrono::tmrChrono_Timer()
 {
-    m_session.ElapsedSeconds = m_stopwatch.SecondsAt(m_clock.Counter(), m_session.BankedSeconds);
-    lblTime->setText(StopwatchReading(m_session.ElapsedSeconds, m_separator));
+    m_seconds.ElapsedSeconds = m_stopwatch.SecondsAt(m_clock.Counter(), m_seconds.BankedSeconds);
+    lblTime->setText(StopwatchReading(m_seconds.ElapsedSeconds, m_separator));
     if (!chkAlarme->isChecked())
         return;
-    if (AlarmSounds(m_session.ElapsedSeconds, sldAlarme->value())) {
+    if (AlarmSounds(m_seconds.ElapsedSeconds, sldAlarme->value())) {
         m_sound.Beep();
         SetBackColour(kAlarm);
     } else {

@@ -14,7 +14,6 @@ namespace stoikal {
 
 class Clock;
 class Sound;
-struct SessionState;
 
 /// A small elliptic stopwatch that also keeps the time of an exercise. During a
 /// scored run the pupil can hide it but not touch the clock.
@@ -23,7 +22,7 @@ class frmChrono final : public Form
     Q_OBJECT
 
 public:
-    frmChrono(SessionState& session, Clock& clock, Sound& sound, QChar separator, QWidget* parent);
+    frmChrono(StopwatchSeconds& seconds, Clock& clock, Sound& sound, QChar separator, QWidget* parent);
 
     /// The reset button and the start button can be used, or not.
     void SetButtonsEnabled(bool enabled);
@@ -52,7 +51,7 @@ private:
     void ShowState();
     void SetBackColour(const QColor& colour);
 
-    SessionState& m_session;
+    StopwatchSeconds& m_seconds;
     Clock& m_clock;
     Sound& m_sound;
     QChar m_separator;
